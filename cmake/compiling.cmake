@@ -1,0 +1,109 @@
+# How our own code is compiled: language, warnings, sanitizers, precompiled headers, and the two
+# functions by which CMakeLists.txt declares a library or a program.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+# Debug builds run the whole suite many times a day: a little optimisation pays for itself.
+set(CMAKE_CXX_FLAGS_DEBUG "-Og -g")
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+
+option(QUILLMARK_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
+option(QUILLMARK_PRECOMPILE "Precompile the headers that most files include" ON)
+
+if(QUILLMARK_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+find_program(ccacheProgram ccache)
+if(ccacheProgram)
+  # With precompiled headers ccache can only help when it may trust their time stamps.
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+      "${ccacheProgram}")
+  add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+endif()
+
+set(standardHeaders <algorithm> <array> <chrono> <cstdint> <filesystem> <functional> <map>
+                    <memory> <optional> <string> <string_view> <utility> <vector>)
+set(qtHeaders <QApplication> <QDialog> <QLayout> <QMainWindow> <QObject> <QString> <QTimer>
+              <QVariant> <QWidget>)
+
+set(ourWarnings
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Werror
+    # g++ 12 sees an overlap in every `"text" + std::string` once it has inlined it.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # Its flow analysis is led astray by the sanitizers' own branches.
+    $<$<AND:$<BOOL:${QUILLMARK_SANITIZE}>,$<CXX_COMPILER_ID:GNU>>:-Wno-maybe-uninitialized>
+    # INSTANTIATE_TEST_SUITE_P and MATCHER leave the variable part of their macros empty.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>)
+
+# What every library and program of ours has in common. Libraries named in LINK that have no
+# sources, and so are no targets, are left out.
+function(quillmark_compile target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK;PRECOMPILE")
+  target_compile_options(${target} PRIVATE ${ourWarnings})
+  target_include_directories(${target} PRIVATE "${CMAKE_SOURCE_DIR}/src")
+  foreach(library IN LISTS arg_LINK)
+    if(TARGET ${library})
+      target_link_libraries(${target} PUBLIC ${library})
+    endif()
+  endforeach()
+  if(QUILLMARK_PRECOMPILE AND arg_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE ${arg_PRECOMPILE})
+  endif()
+endfunction()
+
+# quillmark_library(name SOURCES ... [LINK ...] [PRECOMPILE ...]): a static library.
+function(quillmark_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;PRECOMPILE")
+  if(NOT arg_SOURCES)
+    message(STATUS "${name}: no sources, skipped")
+    return()
+  endif()
+  add_library(${name} STATIC ${arg_SOURCES})
+  quillmark_compile(${name} LINK ${arg_LINK} PRECOMPILE ${arg_PRECOMPILE})
+endfunction()
+
+# quillmark_program(name SOURCES ... [LINK ...] [PRECOMPILE ...]): a program in the build folder.
+function(quillmark_program name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;PRECOMPILE")
+  if(NOT arg_SOURCES)
+    message(STATUS "${name}: no sources, skipped")
+    return()
+  endif()
+  add_executable(${name} ${arg_SOURCES})
+  quillmark_compile(${name} LINK ${arg_LINK} PRECOMPILE ${arg_PRECOMPILE})
+endfunction()
+
+# quillmark_uses_qt(target [RESOURCES]): moc, uic and rcc for a target, if there is such a target.
+# The resources belong to programs: the linker would drop them from a static library.
+function(quillmark_uses_qt target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "RESOURCES" "" "")
+  if(NOT TARGET ${target})
+    return()
+  endif()
+  set_target_properties(${target} PROPERTIES
+    AUTOMOC ON AUTOUIC ON AUTORCC ON
+    AUTOGEN_ORIGIN_DEPENDS OFF  # no generator reads what a library of ours has built
+    AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/src/qt/forms")
+  target_compile_definitions(${target} PRIVATE QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+
+  # Generated code is not ours to mend.
+  set(generated "${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen")
+  target_include_directories(${target} SYSTEM PRIVATE "${generated}/include")
+  set_source_files_properties("${generated}/mocs_compilation.cpp" PROPERTIES COMPILE_OPTIONS -w)
+
+  file(GLOB resources CONFIGURE_DEPENDS src/qt/resources.qrc)
+  if(arg_RESOURCES AND resources)
+    target_sources(${target} PRIVATE ${resources})
+  endif()
+endfunction()

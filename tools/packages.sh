@@ -1,0 +1,49 @@
+# shellcheck shell=bash
+# Debian packages by what they are needed for, and their installation. Sourced by ./dev.
+
+buildPackages=(build-essential cmake ninja-build
+               qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-svg-dev
+               libgtest-dev libgmock-dev libcli11-dev
+               fontconfig fonts-dejavu-core)
+checkPackages=(clang-format clang-tidy)
+
+# Messages go to stderr: what a program prints stays alone on stdout.
+say() {
+  printf '== %s\n' "$1" >&2
+}
+
+# missing_packages NAME...: prints those that are not installed, one a line.
+missing_packages() {
+  local installed
+  installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null |
+              sed -n 's/ installed$//p' || true)
+  local package
+  for package in "$@"; do
+    grep -qxF -- "$package" <<<"$installed" || printf '%s\n' "$package"
+  done
+}
+
+# ensure_packages NAME...: installs what is missing. Elsewhere than on Debian it leaves that to the
+# person, and the build says what it does not find.
+ensure_packages() {
+  if ! command -v dpkg-query >/dev/null; then
+    say "This is no Debian system; the packages needed are: $*"
+    return 0
+  fi
+  local missing=()
+  mapfile -t missing < <(missing_packages "$@")
+  [ ${#missing[@]} -gt 0 ] || return 0
+
+  local asRoot=()
+  if [ "$(id -u)" != 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      say "Please install as root: ${missing[*]}"
+      return 1
+    fi
+    asRoot=(sudo)
+  fi
+  say "Installing ${missing[*]}"
+  local apt=(${asRoot[@]+"${asRoot[@]}"} env DEBIAN_FRONTEND=noninteractive apt-get -q)
+  "${apt[@]}" update >&2 </dev/null || say "The package lists could not be renewed; going on"
+  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2 </dev/null
+}
