@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "controls/control.h"
+
+namespace quillmark {
+
+enum class Pointer { Default = 0, Arrow = 1, NoDrop = 12 };
+
+// A control with a text that a user can click on: its caption or its value. Kinds that need no more
+// than that are told apart by their type alone, so that a view can insist on the right widget.
+class Clickable : public Control {
+ public:
+  Clickable(Form& form, Control* container, std::string name, std::string text = {})
+      : Control(form, container, std::move(name)), Text(*this, std::move(text)) {}
+
+  Property<std::string> Text;  // in captions of buttons and menus "&" marks the mnemonic
+  Property<Pointer> MousePointer{*this, Pointer::Default};
+  Property<double> FontSize{*this, 0};          // points; 0 is the window's own
+  Property<std::uint32_t> ForeColor{*this, 0};  // &HBBGGRR; 0 is the window's own
+
+  std::function<void()> OnClick;
+
+  // The user's click; does nothing and tells false when the control can't be reached.
+  bool Click();
+
+ protected:
+  // What the control itself does at a click, before its handler.
+  virtual void Clicked() {}
+};
+
+class Label : public Clickable {
+ public:
+  using Clickable::Clickable;
+};
+
+class Button : public Clickable {
+ public:
+  using Clickable::Clickable;
+};
+
+class Lamp : public Clickable {
+ public:
+  using Clickable::Clickable;
+};
+
+class ToolButton : public Clickable {
+ public:
+  using Clickable::Clickable;
+};
+
+// A read-only text that shows a value of the radio.
+class ValueField : public Clickable {
+ public:
+  using Clickable::Clickable;
+};
+
+class Frame : public Clickable {
+ public:
+  using Clickable::Clickable;
+};
+
+class StatusPanel : public Clickable {
+ public:
+  using Clickable::Clickable;
+};
+
+class MenuItem : public Clickable {
+ public:
+  using Clickable::Clickable;
+
+  Property<bool> Checked{*this, false};
+};
+
+// A menu that holds items.
+class Menu : public Clickable {
+ public:
+  using Clickable::Clickable;
+};
+
+// Toggles itself at a click, before its handler runs.
+class CheckBox : public Clickable {
+ public:
+  using Clickable::Clickable;
+
+  Property<bool> Checked{*this, false};
+
+ protected:
+  void Clicked() override { Checked = !Checked(); }
+};
+
+}  // namespace quillmark

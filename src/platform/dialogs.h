@@ -1,0 +1,53 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace quillmark {
+
+// The boxes and dialogs that a handler asks the user with. Each call returns when the user has
+// answered; timers and the serial port go on meanwhile. Texts are single-byte (Latin-1) and plain.
+
+enum class Icon { None, Information, Question, Exclamation, Critical };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore };
+enum class Answer { Ok, Cancel, Yes, No, Abort, Retry, Ignore };
+
+// A message box. An empty title means the application's title.
+struct MessageBox {
+  std::string Text;
+  std::string Title;
+  Icon Symbol = Icon::None;
+  Buttons Choice = Buttons::Ok;
+  std::string Details{};  // more on the cause and the cure, on demand
+};
+
+struct InputBox {
+  std::string Prompt;
+  std::string Title;
+  std::string Default;
+};
+
+// `Filter` is pairs of name and pattern joined by "|": "Log Files (*.LOG)|*.log|All Files
+// (*.*)|*.*".
+struct FileDialog {
+  std::string Title;
+  std::string Filter;
+};
+
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+
+  // Closing a box by its close box or Escape answers Cancel where there is such a button, else No,
+  // Abort or Ok, whichever the box has.
+  virtual Answer Message(const MessageBox& box) = 0;
+  // One line without control characters; empty on Cancel.
+  virtual std::string Input(const InputBox& box) = 0;
+  // Nothing on Cancel. They ask nothing about files that exist; a name typed without an ending gets
+  // the filter's.
+  virtual std::optional<std::filesystem::path> OpenFile(const FileDialog& dialog) = 0;
+  virtual std::optional<std::filesystem::path> SaveFile(const FileDialog& dialog) = 0;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quillmark {
+
+// What stands behind a port's number, for the list in the set-up window.
+struct PortDescription {
+  std::string Device;   // "/dev/ttyUSB0"; empty when the number is free
+  std::string Adapter;  // the adapter's name, where the system knows one
+  bool Present = false;
+};
+
+// The machine's ports by their sticky numbers.
+class PortList {
+ public:
+  virtual ~PortList() = default;
+
+  // The ports 1 to 16, in this order; looks at the machine anew.
+  virtual std::vector<PortDescription> Ports() = 0;
+};
+
+}  // namespace quillmark
