@@ -1,0 +1,175 @@
+#include "app/console.h"
+
+#include <cstdint>
+#include <string>
+
+#include "app/frmSplash.h"
+#include "config/temp_folder.h"
+#include "link/frmProperties.h"
+#include "link/new_address.h"
+#include "link/serial_failure.h"
+#include "prefs/stored_preferences.h"
+#include "text/text.h"
+
+namespace quillmark {
+
+Console::Console(Platform& machine)
+    : platform(machine),
+      main(std::make_shared<frmOrvalent>(machine.Events)),
+      log(*main, machine.Dialogs),
+      connection(machine, session, *main),
+      receiver(machine, session, *main, connection, log),
+      readCycle(machine, session, *main, connection),
+      mainTimer(machine, session, *main, connection, readCycle) {
+  WireLink();
+  WireShell();
+}
+
+Console::~Console() {
+  platform.MSComm1.OnComm = nullptr;
+  main->Unload();
+}
+
+void Console::WireLink() {
+  platform.MSComm1.OnComm = [this] { receiver.MSComm1_OnComm(); };
+  main->txtTerm.OnKeyPress = [this](char key) { return receiver.txtTerm_KeyPress(key); };
+  main->txtNewADDR.OnLostFocus = [this] {
+    ValidateNewAddr(platform.Dialogs, main->txtNewADDR.Text());
+  };
+  main->imgConnected.OnClick = [this] { connection.DisconnectRadio(); };
+  main->imgNotConnected.OnClick = [this] { connection.ConnectRadio(); };
+  main->mnuOpen.OnClick = [this] { connection.mnuOpen_Click(); };
+  main->mnuProperties.OnClick = [this] { mnuProperties_Click(); };
+  main->mnuOpenLog.OnClick = [this] { log.mnuOpenLog_Click(); };
+  main->mnuCloseLog.OnClick = [this] { log.mnuCloseLog_Click(); };
+  main->ButtonRefresh.OnClick = [this] { connection.ButtonRefresh_Click(); };
+  main->cmdReadRadio.OnClick = [this] { connection.ButtonRefresh_Click(); };
+  main->Timer1.OnTick = [this] { mainTimer.Timer1_Timer(); };
+  main->Timer2.OnTick = [this] { connection.Timer2_Timer(); };
+  main->tmrPortTO.OnTick = [this] { connection.tmrPortTO_Timer(); };
+  mainTimer.OnReadCycleDone = [this] {
+    if (OnReadCycleDone) OnReadCycleDone();
+  };
+}
+
+void Console::WireShell() {
+  main->ButtonAdv.OnClick = [this] { main->ButtonAdv_Click(); };
+  main->SettingsTab.OnClick = [this] { main->SettingsTab_Click(); };
+  main->mnuAbout.OnClick = [this] { mnuAbout_Click(); };
+  main->mnuFileExit.OnClick = [this] { Form_Unload(); };
+  main->OnClose = [this] { Form_Unload(); };
+  for (ToolButton* button :
+       {&main->tbr_OpenLogFile, &main->tbr_CloseLogFile, &main->tbr_Connect, &main->tbr_Disconnect,
+        &main->tbr_Properties, &main->tbr_Logout, &main->tbr_Terminal}) {
+    button->OnClick = [this, button] {
+      tbrToolBar_ButtonClick(std::string_view(button->Name()).substr(4));
+    };
+  }
+}
+
+void Console::tbrToolBar_ButtonClick(std::string_view key) {
+  struct Row {
+    const char* Key;
+    std::function<void()> Run;
+  };
+  const Row rows[] = {
+      {"OpenLogFile", [this] { log.mnuOpenLog_Click(); }},
+      {"CloseLogFile", [this] { log.mnuCloseLog_Click(); }},
+      {"Connect", [this] { connection.ConnectRadio(); }},
+      {"Disconnect", [this] { connection.DisconnectRadio(); }},
+      {"Properties", [this] { mnuProperties_Click(); }},
+      {"Logout", [this] { connection.LogoutRadio(); }},
+      {"Terminal", [this] { main->ToggleTerminal(); }},
+  };
+  for (const Row& row : rows) {
+    if (EqualAnyCase(row.Key, key)) row.Run();
+  }
+}
+
+void Console::Start() {
+  platform.Windows.Show(std::make_shared<frmSplash>(platform.Events, platform.Desktop, session,
+                                                    [this] { ShowMain(); }));
+}
+
+void Console::mnuAbout_Click() {
+  session.SplashAboutMode = true;
+  Start();
+  main->Enabled = false;
+}
+
+void Console::ShowMain() {
+  if (!mainLoaded) {
+    mainLoaded = true;
+    Form_Load();
+    platform.Windows.Show(main);
+  }
+  main->Enabled = true;
+  session.SplashAboutMode = false;
+}
+
+void Console::Form_Load() {
+  ClearTempDirectory(platform.Files);
+  platform.Random.Seed(static_cast<std::uint32_t>(platform.Events.LocalSeconds()));
+  main->Timer1.Enabled = true;
+  main->Caption = frmOrvalent::Title;
+  platform.MSComm1.SetSettings("19200,N,8,1");
+  platform.MSComm1.SetHandshaking(0);
+  main->txtTerm.Text = "";
+  const int port = LoadStoredPreferences(platform.Preferences, session, main->txtTerm);
+  platform.MSComm1.SetCommPort(port);
+  main->LayOut(platform.Desktop.ScreenWidth(), platform.Desktop.ScreenHeight());
+  main->ConnectOnLaunchPending = session.ConnectOnLaunch;
+  for (Frame& frame : main->NetSet) frame.Enabled = false;
+}
+
+void Console::mnuProperties_Click() {
+  platform.Windows.ShowModal(
+      std::make_shared<frmProperties>(platform, session, *main,
+                                      [this] { connection.DisconnectRadio(); }),
+      *main);
+  if (!session.PortChanged) return;
+  connection.ButtonRefresh_Click();
+  session.PortChanged = false;
+}
+
+void Console::Form_Unload() {
+  if (ending) return;
+  ending = true;
+  ++mainTimer.LineHolders;
+  SendLogout();
+  const bool drained = DrainOutput();
+  --mainTimer.LineHolders;
+  if (!drained) {
+    ending = false;
+    return;
+  }
+  platform.MSComm1.SetPortOpen(false);
+  if (log.Open()) log.mnuCloseLog_Click();
+  main->Unload();
+  platform.Events.Quit();
+}
+
+void Console::SendLogout() {
+  if (!session.LogoutOnQuit) return;
+  try {
+    if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);
+    platform.MSComm1.Output("PASS NONE\r");
+  } catch (const SerialError&) {
+    return;  // nobody is there to be logged out
+  }
+}
+
+bool Console::DrainOutput() {
+  const auto sent = [this] {
+    return !platform.MSComm1.PortOpen() || platform.MSComm1.OutBufferCount() == 0;
+  };
+  while (!WaitUntil(platform.Events, Seconds(10), sent)) {
+    const Answer answer = platform.Dialogs.Message(
+        {"Data cannot be sent", "", Icon::Question, Buttons::AbortRetryIgnore});
+    if (answer == Answer::Abort) return false;
+    if (answer == Answer::Ignore) return true;
+  }
+  return true;
+}
+
+}  // namespace quillmark

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+
+#include "app/main_menus.h"
+#include "app/quick_task_controls.h"
+#include "controls/choices.h"
+#include "controls/clickable.h"
+#include "controls/form.h"
+#include "controls/text_box.h"
+#include "controls/timer.h"
+#include "link/session.h"
+#include "radio/settings_rows.h"
+
+namespace quillmark {
+
+// The main window: its controls, its two views, its layout rules. What is done at the radio with
+// them has classes of its own (link/, radio/, ...), which the application wires to the controls
+// here. Lives for the whole run. Positions are twips.
+class frmOrvalent : public Form,
+                    public LinkState,
+                    public MainMenus,
+                    public SettingsRows,
+                    public QuickTaskControls {
+ public:
+  static constexpr const char* Title = "KELVOR Quillmark SS Configuration";
+
+  explicit frmOrvalent(EventLoop& events);
+
+  TextBox txtTerm;
+  Button ButtonAdv, ButtonZoneData, ButtonRSSI, ButtonRefresh;
+  Frame Frame1;
+  Lamp imgConnected, imgNotConnected;
+  Timer Timer1, Timer2, tmrPortTO;
+
+  bool ResizeEnabled = true;
+  bool TerminalShown = true;
+  bool AdvancedShown = false;
+
+  // Takes the places that ToggleTerminal goes back to, and lays the frames over each other.
+  void LayOut(double screenWidth, double screenHeight);
+  void ToggleTerminal();
+  void ButtonAdv_Click();
+  void SettingsTab_Click();
+
+  // What the close box does.
+  std::function<void()> OnClose;
+
+ protected:
+  void Form_Close() override;
+  void Form_Resize() override;
+
+ private:
+  void StackSettingFrames();
+
+  double SavedInfoTop = 0;
+  double SavedNetSetOffset = 0;
+  double SavedFormHeight = 0;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "controls/clickable.h"
+#include "controls/form.h"
+
+namespace quillmark {
+
+// The menus, toolbar and status bar of the main window. Part of the main window, and as long-lived.
+class MainMenus {
+ public:
+  explicit MainMenus(Form& form);
+
+  Menu mnuFile, mnuPort, mnuSpecial, mnuRadioPassSub, mnuPreset;
+  MenuItem mnuOpenLog, mnuCloseLog, mnuSendText, mnuFileExit;
+  MenuItem mnuOpen, mnuProperties;
+  MenuItem mnuPreferences, mnuSetPass, mnuAccessCode, mnuEncryptCode, mnuSetupMode,
+      mnuConfigRestore;
+  MenuItem mnuAbout;
+  MenuItem mnuPresetView, mnuPresetDelete, mnuPresetRename, mnuPresetEditDesc;
+
+  Frame tbrToolBar;
+  ToolButton tbr_OpenLogFile, tbr_CloseLogFile, tbr_Connect, tbr_Disconnect, tbr_Properties,
+      tbr_TransmitTextFile, tbr_Login, tbr_Logout, tbr_Terminal;
+
+  Frame sbrStatus;
+  StatusPanel pnl_Status, pnl_Settings, pnl_ConnectTime;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,48 @@
+#include "link/comm_events.h"
+
+#include <array>
+
+#include "platform/serial_port.h"
+
+namespace quillmark {
+
+namespace {
+
+using Kind = CommNotice::Kind;
+
+struct Row {
+  int Code;
+  Kind What;
+  const char* Wording;
+};
+
+constexpr std::array rows{
+    Row{comm::Send, Kind::Nothing, ""},
+    Row{comm::Receive, Kind::Received, ""},
+    Row{3, Kind::Event, "Change in CTS Detected"},
+    Row{4, Kind::Event, "Change in DSR Detected"},
+    Row{5, Kind::Event, "Change in CD Detected"},
+    Row{6, Kind::Event, "Connecting"},
+    Row{7, Kind::Event, "End of File Detected"},
+    Row{1001, Kind::Error, "Break Received"},
+    Row{1002, Kind::Error, "CTS Timeout"},
+    Row{1003, Kind::Error, "DSR Timeout"},
+    Row{1004, Kind::Error, "Framing Error"},
+    Row{1006, Kind::Error, "Overrun Error"},
+    Row{1007, Kind::Error, "Carrier Detect Timeout"},
+    Row{comm::ReceiveBufferOverflow, Kind::Error, "Receive Buffer Overflow"},
+    Row{1009, Kind::Error, "Parity Error"},
+    Row{1010, Kind::Error, "Transmit Buffer Full"},
+    Row{1011, Kind::Error, "Error retrieving DCB"},
+};
+
+}  // namespace
+
+CommNotice NoticeOf(int code) {
+  for (const Row& row : rows) {
+    if (row.Code == code) return {row.What, row.Wording};
+  }
+  return {Kind::Error, "Unknown error or event"};
+}
+
+}  // namespace quillmark

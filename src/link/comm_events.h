@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace quillmark {
+
+// What a code of the serial control means to the user.
+struct CommNotice {
+  enum class Kind { Nothing, Received, Event, Error };
+  Kind What;
+  std::string Wording;
+};
+
+// A code that the table does not know is an error of its own wording.
+CommNotice NoticeOf(int code);
+
+}  // namespace quillmark

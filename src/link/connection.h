@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+
+#include "app/frmOrvalent.h"
+#include "link/session.h"
+#include "platform/platform.h"
+
+namespace quillmark {
+
+// Opens and closes the link to the radio: the port, the burst of characters that wakes the radio,
+// the reset of its command session, and what the main window shows of it. Everything given to it
+// outlives it. Serial failures are shown here; none gets out, but for WakeLink's, which its callers
+// meet.
+class Connection {
+ public:
+  Connection(Platform& platform, Session& session, frmOrvalent& main);
+
+  void ConnectRadio();
+  void DisconnectRadio();
+  void LogoutRadio();
+  // Opens the port and wakes the radio; on an open port it does so anew.
+  void mnuOpen_Click();
+  // Connects on a closed port, else asks for a read of the radio.
+  void ButtonRefresh_Click();
+  // Sends bursts until the radio shows a prompt, for 45 s at most. Throws SerialError.
+  void WakeLink();
+
+  void EnableRadioActions();
+  void DisableRadioActions();
+
+  void StartConnectTimer();
+  void StopConnectTimer();
+  void StartPortTimeout() { main.tmrPortTO.Enabled = true; }
+  void StopPortTimeout() { main.tmrPortTO.Enabled = false; }
+  void Timer2_Timer();
+  void tmrPortTO_Timer();
+
+  // A connect is under way: no read of the radio may start in the middle of it.
+  bool Connecting() const { return connecting; }
+
+ private:
+  void OpenAndWake();
+  void ShowPortClosed();
+  void ResetPort();
+  void AwaitPrompt();
+  void SendClos();
+  bool WakeRound(int tries);
+  void ShowConnected();
+  void EnableRadioMenus(bool enabled);
+  void EnableQuickTasks(bool enabled);
+  void ShowLamp(bool connected);
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  bool connecting = false;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,125 @@
+#include "link/receiver.h"
+
+#include <string_view>
+
+#include "link/comm_events.h"
+#include "link/connection.h"
+#include "link/serial_failure.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr std::size_t terminalLimit = 16000;  // characters, before the last arrival
+constexpr std::size_t terminalCut = 4096;
+constexpr char backspace = 8;
+
+// Each backspace takes the character in front of it away; one that has none there is told by
+// `reachesBack`.
+std::string WithoutBackspaces(std::string_view data, bool& reachesBack) {
+  std::string kept;
+  for (const char c : data) {
+    if (c != backspace) {
+      kept += c;
+    } else if (kept.empty()) {
+      reachesBack = true;
+    } else {
+      kept.pop_back();
+    }
+  }
+  return kept;
+}
+
+std::string WithTerminalLineEnds(std::string_view data) {
+  std::string lines;
+  for (const char c : data) {
+    if (c == '\n') continue;
+    lines += c;
+    if (c == '\r') lines += '\n';
+  }
+  return lines;
+}
+
+}  // namespace
+
+Receiver::Receiver(Platform& machine, Session& shared, frmOrvalent& window, Connection& link,
+                   TerminalLog& terminalLog)
+    : platform(machine), session(shared), main(window), connection(link), log(terminalLog) {}
+
+void Receiver::MSComm1_OnComm() {
+  if (main.DirectPortMode) return;
+  CommEventText.clear();
+  CommErrorText.clear();
+  WithLinkErrors(platform.Dialogs, [this] {
+    const CommNotice notice = NoticeOf(platform.MSComm1.CommEvent());
+    switch (notice.What) {
+      case CommNotice::Kind::Nothing:
+        break;
+      case CommNotice::Kind::Received:
+        ReceiveChunk = platform.MSComm1.Input();
+        ReceiveText(main.txtTerm, ReceiveChunk);
+        break;
+      case CommNotice::Kind::Event:
+        CommEventText = notice.Wording;
+        ShowCommStatusText(CommEventText);
+        break;
+      case CommNotice::Kind::Error:
+        if (!errorBoxUp) ReportError(notice.Wording);
+        break;
+    }
+  });
+}
+
+void Receiver::ShowCommStatusText(const std::string& wording) {
+  if (main.ShowCommStatus) main.pnl_Status.Text = "Status: " + wording;
+  main.Timer2.Enabled = true;
+}
+
+void Receiver::ReportError(const std::string& wording) {
+  CommErrorText = wording;
+  if (main.ShowCommStatus) main.pnl_Status.Text = "Status: " + wording;
+  platform.Desktop.Beep();
+  errorBoxUp = true;
+  const Answer answer = platform.Dialogs.Message(
+      {wording, "Click Cancel to quit, OK to ignore.", Icon::None, Buttons::OkCancel});
+  errorBoxUp = false;
+  // A port that closed itself is gone, whatever the answer.
+  if (answer == Answer::Cancel || !platform.MSComm1.PortOpen()) {
+    connection.DisconnectRadio();
+    main.NotConnected = true;
+    platform.MSComm1.SetPortOpen(false);
+  }
+  main.Timer2.Enabled = true;
+}
+
+void Receiver::ReceiveText(TextBox& term, std::string& data) {
+  if (main.DiscardReceived) {
+    session.RxBuffer = " ";
+    data = " ";
+  }
+  if (term.Text().size() > terminalLimit) term.Text = term.Text().substr(terminalCut);
+  const std::size_t termLength = term.Text().size();
+  session.RxBuffer.Append(data);
+  if (session.RxBuffer.HoldsClosed()) connection.DisableRadioActions();
+  term.SetSelStart(termLength);
+  bool reachesBack = false;
+  data = WithoutBackspaces(data, reachesBack);
+  if (reachesBack && termLength > 0) {
+    term.SetSelStart(termLength - 1);
+    term.SetSelLength(1);
+  }
+  data = WithTerminalLineEnds(data);
+  if (main.TerminalEcho) term.SetSelText(data);
+  log.Write(data);
+  term.SetSelStart(term.Text().size());
+}
+
+char Receiver::txtTerm_KeyPress(char key) {
+  if (!platform.MSComm1.PortOpen()) return key;
+  WithLinkErrors(platform.Dialogs, [&] { platform.MSComm1.Output(std::string(1, key)); });
+  if (session.LocalEcho) return key;
+  main.txtTerm.SetSelStart(main.txtTerm.Text().size());
+  return 0;
+}
+
+}  // namespace quillmark

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+
+#include "app/frmOrvalent.h"
+#include "link/session.h"
+#include "link/terminal_log.h"
+#include "platform/platform.h"
+
+namespace quillmark {
+
+class Connection;
+
+// What becomes of each piece of text that the radio sends, and of the events of the serial control:
+// RxBuffer, the terminal, the log, the status panel. Everything given to it outlives it.
+class Receiver {
+ public:
+  Receiver(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
+           TerminalLog& log);
+
+  void MSComm1_OnComm();
+  // Appends what came to RxBuffer as it is, and filtered to the text box and the log; `data` is
+  // changed by the filters.
+  void ReceiveText(TextBox& term, std::string& data);
+  // A key typed into the terminal goes to the radio while the port is open, else into the box.
+  char txtTerm_KeyPress(char key);
+
+ private:
+  void ShowCommStatusText(const std::string& wording);
+  void ReportError(const std::string& wording);
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  Connection& connection;
+  TerminalLog& log;
+  std::string CommEventText;
+  std::string CommErrorText;
+  std::string ReceiveChunk;
+  bool errorBoxUp = false;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,126 @@
+#include "link/terminal_log.h"
+
+#include <cerrno>
+
+#include "prefs/utilities.h"
+#include "text/path_text.h"
+
+namespace quillmark {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// What may arrive while the user is asked about a failed write.
+constexpr std::size_t heldBackLimit = 1024 * 1024;
+
+std::error_code LastError() { return {errno, std::generic_category()}; }
+
+}  // namespace
+
+TerminalLog::TerminalLog(frmOrvalent& window, Dialogs& boxes) : main(window), dialogs(boxes) {}
+
+void TerminalLog::mnuOpenLog_Click() {
+  const FileDialog dialog{"Open a Communications Log File",
+                          "Log Files (*.LOG)|*.log|Text Files (*.TXT)|*.txt|All Files (*.*)|*.*"};
+  for (;;) {
+    const auto path = dialogs.SaveFile(dialog);
+    if (!path || path->empty()) return;
+    Answer replace = Answer::No;
+    if (FileExists(*path)) {
+      replace = dialogs.Message(
+          {"Replace existing file - " + PathText(*path) + "?\r\rClick 'NO' to append to the file.",
+           "", Icon::Question, Buttons::YesNoCancel});
+      if (replace == Answer::Cancel) continue;
+    }
+    if (Prepare(*path, replace)) OpenFile(*path);
+    return;
+  }
+}
+
+bool TerminalLog::Prepare(const fs::path& path, Answer replace) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  // Opening one of these would wait for a reader that may never come.
+  if (fs::is_fifo(status) || fs::is_socket(status)) {
+    ShowError(PathText(path) + " is not a plain file.");
+    return false;
+  }
+  if (replace != Answer::Yes) return true;
+  if (!fs::is_regular_file(status)) {
+    ShowError(PathText(path) + " is not a plain file and can't be replaced.");
+    return false;
+  }
+  if (!fs::remove(path, error) || error) {
+    ShowError(error.message());
+    return false;
+  }
+  return true;
+}
+
+void TerminalLog::OpenFile(const fs::path& path) {
+  mnuCloseLog_Click();
+  file.reset(std::fopen(path.c_str(), FileExists(path) ? "r+b" : "w+b"));
+  if (!file) {
+    ShowError(LastError().message());
+    return;
+  }
+  // Unbuffered, so that a full disk shows at the write that meets it.
+  std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  std::fseek(file.get(), 0, SEEK_END);
+  main.Caption = "Radio Terminal - " + PathText(path.filename());
+  ShowOpen(true);
+}
+
+void TerminalLog::mnuCloseLog_Click() {
+  file.reset();
+  heldBack.clear();
+  ShowOpen(false);
+}
+
+void TerminalLog::ShowOpen(bool open) {
+  main.mnuOpenLog.Enabled = !open;
+  main.tbr_OpenLogFile.Enabled = !open;
+  main.mnuCloseLog.Enabled = open;
+  main.tbr_CloseLogFile.Enabled = open;
+}
+
+void TerminalLog::Write(std::string_view text) {
+  if (!file) return;
+  if (asking) {
+    if (heldBack.size() + text.size() <= heldBackLimit) heldBack.append(text);
+    return;
+  }
+  heldBack = text;
+  while (file && !heldBack.empty()) {
+    const std::string next = std::move(heldBack);
+    heldBack.clear();
+    if (WriteAll(next)) continue;
+    asking = true;
+    const Answer answer =
+        dialogs.Message({writeError.message(), "", Icon::Critical, Buttons::RetryCancel});
+    asking = false;
+    if (answer == Answer::Retry) {
+      heldBack.insert(0, next);
+    } else {
+      mnuCloseLog_Click();
+    }
+  }
+}
+
+bool TerminalLog::WriteAll(std::string_view text) {
+  const long end = std::ftell(file.get());
+  errno = 0;
+  if (std::fwrite(text.data(), 1, text.size(), file.get()) == text.size()) return true;
+  writeError = LastError();
+  std::clearerr(file.get());
+  // What got through goes out again with the rest; it must not stand twice.
+  std::fseek(file.get(), end, SEEK_SET);
+  return false;
+}
+
+void TerminalLog::ShowError(std::string_view text) {
+  dialogs.Message({std::string(text), "", Icon::Exclamation});
+}
+
+}  // namespace quillmark

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "app/frmOrvalent.h"
+#include "platform/dialogs.h"
+
+namespace quillmark {
+
+// The copy of the terminal's text in a file. One for the main window, which it belongs to and
+// which, like the dialogs, outlives it.
+class TerminalLog {
+ public:
+  TerminalLog(frmOrvalent& main, Dialogs& dialogs);
+
+  void mnuOpenLog_Click();
+  void mnuCloseLog_Click();
+
+  bool Open() const { return file != nullptr; }
+  // Writes the text when a log is open. When that fails, the user may try again as often as he
+  // likes, or give the log up; text that arrives while he is asked is written behind it.
+  void Write(std::string_view text);
+
+ private:
+  struct Closer {
+    void operator()(std::FILE* stream) const { std::fclose(stream); }
+  };
+
+  // Makes room for a new file or keeps the old one to append to; false when it can't be done.
+  bool Prepare(const std::filesystem::path& path, Answer replace);
+  void OpenFile(const std::filesystem::path& path);
+  // False when the system failed to write all of it; the file then stands as it was before.
+  bool WriteAll(std::string_view text);
+  void ShowError(std::string_view text);
+  void ShowOpen(bool open);
+
+  frmOrvalent& main;
+  Dialogs& dialogs;
+  std::unique_ptr<std::FILE, Closer> file;
+  std::error_code writeError;
+  bool asking = false;
+  std::string heldBack;
+};
+
+}  // namespace quillmark

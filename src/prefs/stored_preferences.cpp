@@ -1,0 +1,49 @@
+#include "prefs/stored_preferences.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "text/numbers.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr std::uint32_t defaultTextColor = 0x990000;
+constexpr std::uint32_t defaultBackColor = 0xFFFFFF;
+
+int PortNumber(const PreferenceStore& store) {
+  const auto number = NumericValue(store.Read("Properties", "CommPort", "1"));
+  if (!number || *number < 1 || *number > 16) return 1;
+  return static_cast<int>(RoundHalfEven(*number));
+}
+
+}  // namespace
+
+int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBox& terminal) {
+  const auto read = [&store](const char* key, const char* fallback) {
+    return store.Read("Preferences", key, fallback);
+  };
+  const int port = PortNumber(store);
+  const auto passEnabled = BooleanValue(read("PassEnabled", "false"));
+  const auto bold = BooleanValue(read("BoldText", "True"));
+  const auto textColor = ColourValue(read("TextColor", "&H990000"));
+  const auto backColor = ColourValue(read("BackColor", "&HFFFFFF"));
+  const auto connectOnLaunch = BooleanValue(read("ConnectOnLaunch", "False"));
+  const auto keepAlive = BooleanValue(read("KeepAlive", "True"));
+  const auto logoutOnQuit = BooleanValue(read("LogoutOnQuit", "True"));
+
+  const bool sound =
+      passEnabled && bold && textColor && backColor && connectOnLaunch && keepAlive && logoutOnQuit;
+  session.PassEnabled = passEnabled.value_or(false);
+  terminal.Bold = sound ? *bold : true;
+  terminal.ForeColor = sound ? *textColor : defaultTextColor;
+  terminal.BackColor = sound ? *backColor : defaultBackColor;
+  session.ConnectOnLaunch = sound && *connectOnLaunch;
+  session.KeepAlive = sound ? *keepAlive : true;
+  session.LogoutOnQuit = sound ? *logoutOnQuit : true;
+  return port;
+}
+
+}  // namespace quillmark

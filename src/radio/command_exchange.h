@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "link/session.h"
+#include "platform/event_loop.h"
+#include "platform/serial_port.h"
+
+namespace quillmark {
+
+// One command and its reply: primes RxBuffer with a single blank, sends `text` and a carriage
+// return, and waits until RxBuffer holds both `awaited` and `prompt`, in whatever case, or `limit`
+// has passed. The caller looks at RxBuffer to see which; the blank keeps every position in it one
+// higher than in the reply. Only one exchange may run at a time. Throws SerialError on a closed
+// port.
+void CommandExchange(Session& session, SerialPort& port, EventLoop& events, const std::string& text,
+                     std::string_view awaited, Duration limit, std::string_view prompt = ">");
+
+}  // namespace quillmark

@@ -1,0 +1,72 @@
+#include "radio/main_timer.h"
+
+#include <cstdio>
+#include <string>
+
+#include "link/serial_failure.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr Duration keepAliveInterval = Seconds(240);
+constexpr int keepAliveLimit = 8;  // carriage returns before the first whole read
+
+// "hh:nn:ss" of a time of day, or of a stretch of time less whole days.
+std::string ClockText(std::int64_t seconds) {
+  constexpr std::int64_t day = 86400;
+  const auto inDay = static_cast<int>((seconds % day + day) % day);
+  char text[16];
+  std::snprintf(text, sizeof text, "%02d:%02d:%02d", inDay / 3600, inDay / 60 % 60, inDay % 60);
+  return text;
+}
+
+}  // namespace
+
+MainTimer::MainTimer(Platform& machine, Session& shared, frmOrvalent& window, Connection& link,
+                     ReadCycle& cycle)
+    : platform(machine), session(shared), main(window), connection(link), readCycle(cycle) {}
+
+bool MainTimer::LineHeld() const {
+  return main.DirectPortMode || LineHolders > 0 || connection.Connecting();
+}
+
+void MainTimer::Timer1_Timer() {
+  WithLinkErrors(platform.Dialogs, [this] { Tick(); });
+}
+
+void MainTimer::Tick() {
+  main.pnl_ConnectTime.Text = ClockText(platform.Events.LocalSeconds() - main.ConnectStart) + " ";
+  if (session.RestoreLinkFailed) {
+    session.RestoreLinkFailed = false;
+    if (CloseRestoreWindow) CloseRestoreWindow();
+    connection.mnuOpen_Click();
+    return;
+  }
+  if (main.ConnectOnLaunchPending) {
+    main.ConnectOnLaunchPending = false;
+    connection.ConnectRadio();
+  }
+  if (LineHeld()) return;
+  KeepAlive();
+  if (platform.MSComm1.PortOpen() && session.RefreshRequested) {
+    readCycle.Run();
+    if (OnReadCycleDone) OnReadCycleDone();
+  }
+}
+
+void MainTimer::KeepAlive() {
+  if (!session.KeepAlive || !platform.MSComm1.PortOpen() ||
+      platform.Events.Now() < main.NextKeepAlive) {
+    return;
+  }
+  main.NextKeepAlive = platform.Events.Now() + keepAliveInterval;
+  if (main.KeepAliveCount == keepAliveLimit) {
+    session.RefreshRequested = true;
+  } else {
+    platform.MSComm1.Output("\r");
+    ++main.KeepAliveCount;
+  }
+}
+
+}  // namespace quillmark

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+
+#include "app/frmOrvalent.h"
+#include "link/connection.h"
+#include "link/session.h"
+#include "platform/platform.h"
+#include "radio/read_cycle.h"
+
+namespace quillmark {
+
+// What happens once a second: the connect time, the connect at launch, the keep-alive, and, when it
+// was asked for, a read of the radio. Everything given to it outlives it.
+class MainTimer {
+ public:
+  MainTimer(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
+            ReadCycle& readCycle);
+
+  void Timer1_Timer();
+
+  // True while something else has the line to itself, so that no keep-alive and no read may start.
+  // Windows that need that count themselves in and out of LineHolders.
+  bool LineHeld() const;
+  int LineHolders = 0;
+
+  // Closes the store and restore window when it has lost the radio.
+  std::function<void()> CloseRestoreWindow;
+  // Told after each read cycle that ran to its end.
+  std::function<void()> OnReadCycleDone;
+
+ private:
+  void Tick();
+  void KeepAlive();
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  Connection& connection;
+  ReadCycle& readCycle;
+};
+
+}  // namespace quillmark
