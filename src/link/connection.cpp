@@ -65,9 +65,12 @@ void Connection::mnuOpen_Click() {
           {"The selected COM port is not available. Please select another port.", "Error",
            Icon::Exclamation, Buttons::Ok, error.Details});
       DisconnectRadio();
-    } else if (!main.NotConnected) {
-      ShowLinkError(platform.Dialogs, error);
+      return;
     }
+    // A port that vanished has its own notice on the way; once that has come there is no more to
+    // say.
+    platform.Events.Pump();
+    if (!main.NotConnected) ShowLinkError(platform.Dialogs, error);
   }
 }
 

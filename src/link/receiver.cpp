@@ -97,7 +97,8 @@ void Receiver::ReceiveText(TextBox& term, std::string& data) {
     session.RxBuffer = " ";
     data = " ";
   }
-  if (term.Text().size() > terminalLimit) term.Text = term.Text().substr(terminalCut);
+  // More than once only behind an arrival larger than the cut.
+  while (term.Text().size() > terminalLimit) term.Text = term.Text().substr(terminalCut);
   const std::size_t termLength = term.Text().size();
   session.RxBuffer.Append(data);
   if (session.RxBuffer.HoldsClosed()) connection.DisableRadioActions();

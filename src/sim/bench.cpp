@@ -1,0 +1,270 @@
+#include "sim/bench.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace quillmark::sim {
+
+Bench::Bench()
+    : user(loop, [](const std::string& what) { ADD_FAILURE() << what; }),
+      platform{loop, user, user, port, secondPort, sockets, store, files, desktop, random} {
+  loop.OnDefect = [](const std::string& what) { ADD_FAILURE() << "A handler threw: " << what; };
+  loop.AddSource(commandWatch);
+  UseRadio({});
+  MakeConsole();
+}
+
+Bench::~Bench() { loop.RemoveSource(commandWatch); }
+
+void Bench::MakeConsole() {
+  console = std::make_unique<Console>(platform);
+  console->OnReadCycleDone = [this] { ++readCycles; };
+}
+
+void Bench::UseRadio(SimRadioOptions options) {
+  if (port.PortOpen()) throw std::logic_error("UseRadio wants the port closed");
+  line.reset();
+  radio = std::make_unique<SimRadio>(std::move(options));
+  line = std::make_unique<SimLine>(*radio);
+  line->Advance(loop.Now());
+  linesSeen = 0;
+  sockets.Plug(1, *line);
+}
+
+void Bench::Start() {
+  loop.Deliver([this] { console->Start(); });
+  if (!RunUntil([this] { return WindowOpen("frmOrvalent"); }, Seconds(5))) {
+    ADD_FAILURE() << "The main window did not come up";
+  }
+}
+
+void Bench::Restart() {
+  console.reset();
+  loop.Reopen();
+  readCycles = 0;
+  MakeConsole();
+  Start();
+}
+
+bool Bench::Connect(Duration limit) {
+  const int before = readCycles;
+  if (!Click("tbr_Connect")) return false;
+  return RunUntil([&] { return readCycles > before; }, limit);
+}
+
+bool Bench::Refresh(Duration limit) {
+  const int before = readCycles;
+  if (!Click("ButtonRefresh")) return false;
+  return RunUntil([&] { return readCycles > before; }, limit);
+}
+
+void Bench::Run(Duration time) {
+  const Duration end = loop.Now() + time;
+  RunUntil([&] { return loop.Now() >= end; }, time);
+}
+
+bool Bench::RunUntil(const std::function<bool()>& condition, Duration limit) {
+  const Duration end = loop.Now() + limit;
+  while (!condition()) {
+    if (loop.Now() >= end || loop.Quitting()) return condition();
+    loop.Deliver([&] { loop.Wait(end - loop.Now()); });
+  }
+  return true;
+}
+
+bool Bench::Quit() {
+  CloseWindow("frmOrvalent");
+  return Ended();
+}
+
+bool Bench::Act(Form& window, const std::function<bool()>& act) {
+  if (!user.CanActOn(window)) return false;
+  bool done = false;
+  loop.Deliver([&] { done = act(); });
+  return done || loop.Quitting();
+}
+
+bool Bench::Click(Clickable& control) {
+  return Act(control.Owner(), [&] { return control.Click(); });
+}
+
+bool Bench::Click(const std::string& name) { return Click(As<Clickable>(name)); }
+
+bool Bench::Edit(const std::string& name, const std::string& text) {
+  Control& control = Find(name);
+  return Act(control.Owner(), [&] {
+    if (auto* box = dynamic_cast<TextBox*>(&control)) return box->UserEdit(text);
+    auto& list = As<ListBox>(name);
+    const auto& items = list.Items();
+    const auto at = std::find(items.begin(), items.end(), text);
+    return at == items.end() ? list.UserEdit(text)
+                             : list.UserSelect(static_cast<int>(at - items.begin()));
+  });
+}
+
+bool Bench::Type(const std::string& name, const std::string& characters) {
+  auto& box = As<TextBox>(name);
+  return Act(box.Owner(), [&] { return box.UserType(characters); });
+}
+
+bool Bench::Leave(const std::string& name) {
+  auto& box = As<TextBox>(name);
+  return Act(box.Owner(), [&] { return box.UserLeave(); });
+}
+
+bool Bench::Select(const std::string& name, int index) {
+  Control& control = Find(name);
+  return Act(control.Owner(), [&] {
+    if (auto* tabs = dynamic_cast<TabStrip*>(&control)) return tabs->UserSelect(index);
+    return As<ListBox>(name).UserSelect(index);
+  });
+}
+
+bool Bench::Slide(const std::string& name, int value) {
+  auto& slider = As<Slider>(name);
+  return Act(slider.Owner(), [&] { return slider.UserSlide(value); });
+}
+
+bool Bench::PressKey(const std::string& window) {
+  Form* form = user.Window(window);
+  return form != nullptr && Act(*form, [&] {
+           form->UserKey();
+           return true;
+         });
+}
+
+bool Bench::CloseWindow(const std::string& window) {
+  Form* form = user.Window(window);
+  return form != nullptr && Act(*form, [&] {
+           form->UserClose();
+           return true;
+         });
+}
+
+bool Bench::Resize(double width, double height) {
+  return Act(Main(), [&] {
+    Main().UserResize(width, height);
+    return true;
+  });
+}
+
+void Bench::After(Duration delay, std::function<void()> act) {
+  loop.At(loop.Now() + delay, std::move(act));
+}
+
+void Bench::OnCommand(const std::string& command, std::function<void()> act) {
+  awaited.push_back({command, std::move(act)});
+}
+
+void Bench::LookForCommands() {
+  const auto& lines = radio->Lines();
+  for (; linesSeen < lines.size(); ++linesSeen) {
+    const auto at = std::find_if(awaited.begin(), awaited.end(), [&](const Awaited& each) {
+      return each.Command == lines[linesSeen].text;
+    });
+    if (at == awaited.end()) continue;
+    loop.Post(std::move(at->Act));
+    awaited.erase(at);
+  }
+}
+
+Expectation& Bench::ExpectBox(const std::string& title) {
+  return user.Expect({Expectation::Kind::Box, title});
+}
+Expectation& Bench::ExpectInput(const std::string& title) {
+  return user.Expect({Expectation::Kind::Input, title});
+}
+Expectation& Bench::ExpectOpenFile(const std::string& title) {
+  return user.Expect({Expectation::Kind::OpenFile, title});
+}
+Expectation& Bench::ExpectSaveFile(const std::string& title) {
+  return user.Expect({Expectation::Kind::SaveFile, title});
+}
+Expectation& Bench::ExpectWindow(const std::string& name) {
+  return user.Expect({Expectation::Kind::Window, name});
+}
+
+void Bench::CheckExpectations() {
+  for (const std::string& unmet : user.Unmet()) ADD_FAILURE() << "There never came the " << unmet;
+  user.Forget();
+  for (const Awaited& each : awaited) {
+    ADD_FAILURE() << "The radio never received \"" << each.Command << '"';
+  }
+  awaited.clear();
+}
+
+Control& Bench::Find(const std::string& name) {
+  const std::size_t point = name.find('.');
+  const std::string window = point == std::string::npos ? "" : name.substr(0, point);
+  const std::string control = point == std::string::npos ? name : name.substr(point + 1);
+  const auto& open = user.OpenWindows();
+  for (auto form = open.rbegin(); form != open.rend(); ++form) {
+    if (!window.empty() && (*form)->Name() != window) continue;
+    if ((*form)->Name() == control) return **form;
+    if (Control* found = (*form)->Find(control)) return *found;
+  }
+  // The main window's controls can be read before its start and after its end.
+  if (window.empty() || window == Main().Name()) {
+    if (Main().Name() == control) return Main();
+    if (Control* found = Main().Find(control)) return *found;
+  }
+  throw std::invalid_argument("No window has a control named " + name);
+}
+
+std::string Bench::Text(const std::string& name) {
+  Control& control = Find(name);
+  if (auto* form = dynamic_cast<Form*>(&control)) return form->Caption();
+  if (auto* box = dynamic_cast<TextBox*>(&control)) return box->Text();
+  if (auto* list = dynamic_cast<ListBox*>(&control)) return list->Text();
+  return As<Clickable>(name).Text();
+}
+
+bool Bench::Checked(const std::string& name) {
+  Control& control = Find(name);
+  if (auto* item = dynamic_cast<MenuItem*>(&control)) return item->Checked();
+  return As<CheckBox>(name).Checked();
+}
+
+std::string Bench::FrontFrame() {
+  const Frame* front = Main().frQuick.Visible() ? &Main().frQuick : nullptr;
+  for (const Frame& frame : Main().NetSet) {
+    if (front == nullptr || frame.Depth() > front->Depth()) front = &frame;
+  }
+  return front->Name();
+}
+
+std::vector<std::string> Bench::SentLines() {
+  std::vector<std::string> lines;
+  std::string text;
+  for (const char c : Sent()) {
+    if (c == '\r') {
+      lines.push_back(std::exchange(text, {}));
+    } else {
+      text += c;
+    }
+  }
+  if (!text.empty()) lines.push_back(text);
+  return lines;
+}
+
+std::vector<std::string> Bench::SentCommands() {
+  std::vector<std::string> commands;
+  for (std::string& text : SentLines()) {
+    text.erase(0, text.find_first_not_of('\n'));
+    if (!text.empty() && text.front() != '\x1B') commands.push_back(std::move(text));
+  }
+  return commands;
+}
+
+void Bench::Unplug() {
+  sockets.Unplug(1);
+  loop.Post([] {});
+}
+
+void Bench::Plug() {
+  line->Restore();
+  sockets.Plug(1, *line);
+}
+
+}  // namespace quillmark::sim

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/desktop.h"
+#include "platform/preference_store.h"
+#include "platform/program_files.h"
+#include "platform/random_source.h"
+
+namespace quillmark::sim {
+
+// The rest of the virtual machine: a store in memory, folders of its own, a desktop that remembers
+// what it was asked for, and a random source that gives the same numbers in every run.
+
+class MemoryStore : public PreferenceStore {
+ public:
+  std::string Read(const std::string& section, const std::string& key,
+                   const std::string& fallback) const override {
+    const auto at = values.find({section, key});
+    return at == values.end() ? fallback : at->second;
+  }
+  void Write(const std::string& section, const std::string& key,
+             const std::string& value) override {
+    values[{section, key}] = value;
+  }
+
+ private:
+  std::map<std::pair<std::string, std::string>, std::string> values;
+};
+
+// Folders under the system's folder for temporary files, removed with the object.
+class ScratchFiles : public ProgramFiles {
+ public:
+  ScratchFiles();
+  ~ScratchFiles() override;
+  ScratchFiles(const ScratchFiles&) = delete;
+  ScratchFiles& operator=(const ScratchFiles&) = delete;
+
+  std::filesystem::path Root() const { return root; }
+  std::filesystem::path Shipped() const override { return root / "shipped"; }
+  std::filesystem::path Data() const override { return root / "data"; }
+
+ private:
+  std::filesystem::path root;
+};
+
+class RecordingDesktop : public Desktop {
+ public:
+  void OpenAddress(const std::string& address) override { Addresses.push_back(address); }
+  void Beep() override { ++Beeps; }
+  double ScreenWidth() const override { return 28800; }
+  double ScreenHeight() const override { return 16200; }
+
+  std::vector<std::string> Addresses;
+  int Beeps = 0;
+};
+
+class RepeatableRandom : public RandomSource {
+ public:
+  // The seed from the clock is remembered, not used.
+  void Seed(std::uint32_t seed) override { Seeds.push_back(seed); }
+  double Next() override { return Fixed >= 0 ? Fixed : spread(engine); }
+
+  double Fixed = -1;  // from 0: every number is this one
+  std::vector<std::uint32_t> Seeds;
+
+ private:
+  std::mt19937 engine{1};
+  std::uniform_real_distribution<double> spread{0, 1};
+};
+
+}  // namespace quillmark::sim

@@ -1,0 +1,342 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "sim/bench.h"
+
+namespace quillmark {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::IsEmpty;
+
+class ShellTest : public sim::Bench {};
+
+TEST_F(ShellTest, TheSplashStaysForFortyTicksThenTheMainWindowComes) {
+  Events().Deliver([&] { Application().Start(); });
+  EXPECT_TRUE(WindowOpen("frmSplash"));
+  EXPECT_EQ(Text("lblPlatform"), "Version 1.0.0");
+  EXPECT_EQ(As<Label>("lblURL").ForeColor(), 0xFF0000U);
+  EXPECT_TRUE(Visible("pBar1"));
+  Run(Milliseconds(15 * 10));
+  EXPECT_EQ(As<ProgressBar>("pBar1").Value(), 11);
+  EXPECT_TRUE(Click("lblURL"));
+  EXPECT_THAT(DesktopSeen().Addresses, ElementsAre(Text("lblURL")));
+  Run(Milliseconds(15 * 30));
+  EXPECT_TRUE(WindowOpen("frmSplash"));
+  EXPECT_EQ(As<ProgressBar>("pBar1").Value(), 40);
+  EXPECT_FALSE(WindowOpen("frmOrvalent"));
+  Run(Milliseconds(15));
+  EXPECT_FALSE(WindowOpen("frmSplash"));
+  EXPECT_TRUE(WindowOpen("frmOrvalent"));
+  EXPECT_EQ(Text("frmOrvalent"), "KELVOR Quillmark SS Configuration");
+  EXPECT_EQ(Sent(), "");
+}
+
+TEST_F(ShellTest, AKeyOrAClickClosesTheSplash) {
+  for (const char* way : {"", "form", "lblCompany", "lblCompanyProduct", "lblCorporation",
+                          "lblPlatform", "lblProductName", "lblKelvor", "Date"}) {
+    Events().Deliver([&] { Application().Start(); });
+    if (*way == '\0') {
+      EXPECT_TRUE(PressKey("frmSplash"));
+    } else if (way == std::string("form")) {
+      dynamic_cast<Form&>(Find("frmSplash")).UserClick();
+    } else {
+      EXPECT_TRUE(Click(way)) << way;
+    }
+    EXPECT_FALSE(WindowOpen("frmSplash")) << way;
+    EXPECT_TRUE(WindowOpen("frmOrvalent")) << way;
+    Run(Seconds(1));  // and no second main window when the time is up
+  }
+}
+
+TEST_F(ShellTest, AboutHoldsTheMainWindow) {
+  Start();
+  ASSERT_TRUE(Click("mnuAbout"));
+  EXPECT_FALSE(Visible("frmSplash.pBar1"));
+  EXPECT_FALSE(Click("tbr_Terminal"));
+  EXPECT_FALSE(CloseWindow("frmOrvalent") && Ended());
+  Run(Milliseconds(160 * 15));
+  EXPECT_TRUE(WindowOpen("frmSplash"));
+  Run(Milliseconds(15));
+  EXPECT_FALSE(WindowOpen("frmSplash"));
+  EXPECT_TRUE(Enabled("frmOrvalent"));
+  EXPECT_FALSE(Shared().SplashAboutMode);
+}
+
+TEST_F(ShellTest, ThePreferencesThatAreStored) {
+  struct Read {
+    int Port = 1;
+    bool Bold = true;
+    std::uint32_t Text = 0x990000, Back = 0xFFFFFF;
+    bool Launch = false, Alive = true, Logout = true, Pass = false;
+    bool operator==(const Read&) const = default;
+  };
+  const auto read = [&] {
+    return Read{Port().CommPort(),          Main().txtTerm.Bold(),    Main().txtTerm.ForeColor(),
+                Main().txtTerm.BackColor(), Shared().ConnectOnLaunch, Shared().KeepAlive,
+                Shared().LogoutOnQuit,      Shared().PassEnabled};
+  };
+  Start();
+  EXPECT_EQ(read(), Read{});
+  Store("Properties", "CommPort", "7");
+  Store("Preferences", "BoldText", "FALSE");
+  Store("Preferences", "TextColor", "10027008");
+  Store("Preferences", "BackColor", "&hd2fafa");
+  Store("Preferences", "KeepAlive", "false");
+  Store("Preferences", "LogoutOnQuit", "False");
+  Store("Preferences", "PassEnabled", "true");
+  Restart();
+  EXPECT_EQ(read(), (Read{7, false, 0x990000, 0xD2FAFA, false, false, false, true}));
+  // One damaged value: none of the styles and flags counts; the store is left as it is.
+  for (const char* key : {"BoldText", "TextColor", "BackColor", "ConnectOnLaunch", "KeepAlive"}) {
+    const std::string good = Stored("Preferences", key);
+    Store("Preferences", key, "&Hcolour");
+    Restart();
+    EXPECT_EQ(read(), (Read{.Port = 7, .Pass = true})) << key;
+    EXPECT_EQ(Stored("Preferences", key), "&Hcolour");
+    Store("Preferences", key, good.empty() ? "False" : good);
+  }
+  for (const char* port : {"", "0", "17", "three", "-1", "99999999999"}) {
+    Store("Properties", "CommPort", port);
+    Restart();
+    EXPECT_EQ(read(), (Read{1, false, 0x990000, 0xD2FAFA, false, false, false, true})) << port;
+  }
+}
+
+TEST_F(ShellTest, ConnectOnLaunchWaitsForTheFirstTick) {
+  Store("Preferences", "ConnectOnLaunch", "True");
+  Start();
+  EXPECT_TRUE(Main().ConnectOnLaunchPending);
+  Run(Milliseconds(900));
+  EXPECT_EQ(Sent(), "");
+  EXPECT_TRUE(RunUntil([&] { return ReadCycles() == 1; }));
+  EXPECT_FALSE(Main().ConnectOnLaunchPending);
+  EXPECT_EQ(Text("Mode"), "MODE R");
+}
+
+TEST_F(ShellTest, TheTempFolderIsEmptiedOfPlainFiles) {
+  namespace fs = std::filesystem;
+  const fs::path temp = DataFolder() / "Temp";
+  const fs::path outside = ScratchFolder() / "outside.txt";
+  fs::create_directories(temp / "folder");
+  std::ofstream(outside) << "kept";
+  std::ofstream(temp / "old.txt") << "old";
+  std::ofstream(temp / "folder" / "kept.txt") << "kept";
+  fs::create_symlink(outside, temp / "link.txt");
+  fs::create_directory_symlink(ScratchFolder(), temp / "linked");
+  Start();
+  EXPECT_FALSE(fs::exists(temp / "old.txt"));
+  EXPECT_FALSE(fs::is_symlink(temp / "link.txt"));
+  EXPECT_FALSE(fs::is_symlink(temp / "linked"));
+  EXPECT_TRUE(fs::exists(temp / "folder" / "kept.txt"));
+  EXPECT_TRUE(fs::exists(outside));
+  fs::remove_all(temp);
+  Restart();
+  EXPECT_TRUE(fs::is_directory(temp));
+}
+
+TEST_F(ShellTest, TheTwoViewsOfTheLowerHalf) {
+  Start();
+  EXPECT_EQ(FrontFrame(), "frQuick");
+  EXPECT_FALSE(Visible("SettingsTab"));
+  EXPECT_FALSE(Select("SettingsTab", 3));
+  ASSERT_TRUE(Click("ButtonAdv"));
+  EXPECT_EQ(Text("ButtonAdv"), "Tasks");
+  EXPECT_EQ(FrontFrame(), "NetSet_0");
+  EXPECT_TRUE(Enabled("NetSet_5"));
+  ASSERT_TRUE(Select("SettingsTab", 5));
+  EXPECT_EQ(FrontFrame(), "NetSet_4");
+  ASSERT_TRUE(Click("ButtonAdv"));
+  EXPECT_EQ(Text("ButtonAdv"), "Advanced");
+  EXPECT_EQ(FrontFrame(), "frQuick");
+  EXPECT_FALSE(Enabled("NetSet_4"));
+  ASSERT_TRUE(Click("ButtonAdv"));
+  EXPECT_EQ(FrontFrame(), "NetSet_4");
+}
+
+TEST_F(ShellTest, TheLayoutRules) {
+  Start();
+  const auto& main = Main();
+  ASSERT_TRUE(Resize(20000, 12000));
+  EXPECT_EQ(main.txtTerm.Left(), 60);
+  EXPECT_EQ(main.txtTerm.Top(), main.tbrToolBar.Height() + 60);
+  EXPECT_EQ(main.txtTerm.Width(), 19880);
+  EXPECT_EQ(main.txtTerm.Height(), main.SettingsTab.Top() - main.tbrToolBar.Height() - 120);
+  EXPECT_EQ(main.Frame1.Left(), 20000 - 1.5 * main.Frame1.Width());
+  EXPECT_EQ(main.ButtonRefresh.Left(), main.Frame1.Left() - 2 * main.ButtonRefresh.Width());
+  EXPECT_EQ(main.ButtonAdv.Left(), main.ButtonZoneData.Left() - main.ButtonZoneData.Width() - 80);
+
+  const double terminal = main.txtTerm.Height();
+  const double info = main.InfoFrame.Top();
+  const double offset = main.NetSet[0].Top() - info;
+  const double atLoad = 10200;
+  ASSERT_TRUE(Click("tbr_Terminal"));
+  EXPECT_FALSE(Visible("txtTerm"));
+  EXPECT_EQ(main.Height(), atLoad - terminal - 120);
+  EXPECT_EQ(main.InfoFrame.Top(), main.tbrToolBar.Height() + 60);
+  EXPECT_EQ(main.SettingsTab.Top(), main.InfoFrame.Top());
+  EXPECT_EQ(main.NetSet[5].Top(), main.InfoFrame.Top() + offset);
+  EXPECT_EQ(main.txtTerm.Height(), terminal);
+  ASSERT_TRUE(Click("tbr_Terminal"));
+  EXPECT_TRUE(Visible("txtTerm"));
+  EXPECT_EQ(main.Height(), atLoad);  // as at load, not as before hiding
+  EXPECT_EQ(main.NetSet[0].Top(), info + offset);
+}
+
+TEST_F(ShellTest, QuittingLogsOutDrainsAndCloses) {
+  Start();
+  ASSERT_TRUE(Connect());
+  ExpectSaveFile("Open a Communications Log File").Choose(ScratchFolder() / "x.log");
+  ASSERT_TRUE(Click("mnuOpenLog"));
+  ClearLog();
+  EXPECT_TRUE(Quit());
+  EXPECT_EQ(Sent(), "PASS NONE\r");
+  EXPECT_EQ(Radio().Commands().back(), "PASS NONE");  // it has wholly left
+  EXPECT_FALSE(Port().PortOpen());
+  EXPECT_TRUE(Enabled("mnuOpenLog"));
+  // From a closed port: opened only for that.
+  Restart();
+  ClearLog();
+  const int openings = Port().Openings();
+  ASSERT_TRUE(Click("mnuFileExit"));
+  EXPECT_TRUE(Ended());
+  EXPECT_EQ(Sent(), "PASS NONE\r");
+  EXPECT_EQ(Port().Openings(), openings + 1);
+  // The preference off: nothing is opened. A port that is not there: no box.
+  Store("Preferences", "LogoutOnQuit", "False");
+  Restart();
+  ClearLog();
+  EXPECT_TRUE(Quit());
+  EXPECT_EQ(Sent(), "");
+  Store("Preferences", "LogoutOnQuit", "True");
+  Unplug();
+  Restart();
+  EXPECT_TRUE(Quit());
+}
+
+TEST_F(ShellTest, DataThatCannotBeSentIsAskedAbout) {
+  Start();
+  ASSERT_TRUE(Connect());
+  const auto question = [&]() -> sim::Expectation& {
+    return ExpectBox("")
+        .Saying("Data cannot be sent")
+        .With(Icon::Question)
+        .With(Buttons::AbortRetryIgnore);
+  };
+  Port().HoldOutput(true);
+  question().Reply(Answer::Retry);
+  question().Reply(Answer::Abort);
+  const Duration began = Now();
+  EXPECT_FALSE(Quit());
+  EXPECT_EQ(Now() - began, Seconds(20));
+  EXPECT_TRUE(WindowOpen("frmOrvalent"));
+  EXPECT_TRUE(Port().PortOpen());
+  question().Reply(Answer::Ignore);
+  EXPECT_TRUE(Quit());
+  EXPECT_FALSE(Port().PortOpen());
+}
+
+TEST_F(ShellTest, QuittingInTheMiddleOfAnythingUnwindsIt) {
+  Start();
+  ASSERT_TRUE(Connect());
+  OnCommand("amask", [&] { EXPECT_TRUE(Quit()); });
+  EXPECT_TRUE(Click("ButtonRefresh"));
+  Run(Seconds(10));
+  EXPECT_TRUE(Ended());
+  EXPECT_EQ(SentCommands().back(), "PASS NONE");
+  EXPECT_FALSE(Port().PortOpen());
+  Restart();  // in a wake attempt
+  Faults().SilentFrom = 1;
+  After(Seconds(5), [&] { EXPECT_TRUE(Click("mnuFileExit")); });
+  EXPECT_TRUE(Click("tbr_Connect"));
+  EXPECT_TRUE(Ended());
+  EXPECT_THAT(Boxes(), IsEmpty());
+}
+
+class PropertiesTest : public sim::Bench {
+ public:
+  void OpenSetup(std::function<void(Form&)> acts) {
+    ExpectWindow("frmProperties").Do(std::move(acts));
+    ASSERT_TRUE(Click("mnuProperties"));
+  }
+};
+
+TEST_F(PropertiesTest, AnotherPortIsStoredAndConnected) {
+  Sockets().At(3).Is = sim::VirtualSockets::State::Forbidden;
+  Start();
+  OpenSetup([&](Form&) {
+    EXPECT_EQ(Text("frmProperties"), "Setup");
+    EXPECT_EQ(Text("SelectPort"),
+              "Please select the Com Port you would like to use for diagnostic communication with "
+              "the Quillmark radio:");
+    std::vector<std::string> names;
+    for (int i = 1; i <= 16; ++i) names.push_back("Com" + std::to_string(i));
+    EXPECT_EQ(As<ListBox>("cboPort").Items(), names);
+    EXPECT_EQ(Text("cboPort"), "Com1");
+    EXPECT_EQ(Text("lblDevice"), "/dev/ttyV1 (virtual line)");
+    EXPECT_FALSE(Click("frmOrvalent.tbr_Connect"));  // the owner is blocked
+    EXPECT_TRUE(Edit("cboPort", "Com3"));
+    EXPECT_TRUE(Edit("cboPort", "Com5"));
+    EXPECT_EQ(Text("lblDevice"), "No serial port has this number.");
+    EXPECT_TRUE(Click("cmdCancel"));
+  });
+  EXPECT_EQ(Port().CommPort(), 1);
+  EXPECT_EQ(Stored("Properties", "CommPort"), "");
+  EXPECT_FALSE(Port().PortOpen());
+
+  // The same port and OK: stored, and connected.
+  OpenSetup([&](Form&) { EXPECT_TRUE(Click("cmdOK")); });
+  EXPECT_EQ(Stored("Properties", "CommPort"), "1");
+  EXPECT_FALSE(Shared().PortChanged);
+  ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 1; }));
+  // While connected: read again.
+  OpenSetup([&](Form&) { EXPECT_TRUE(Click("cmdOK")); });
+  EXPECT_TRUE(Shared().RefreshRequested);
+  ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
+}
+
+TEST_F(PropertiesTest, ChangingTheOpenPortAsksFirst) {
+  const std::string warning =
+      "Warning: The COM port is already open. Changing the COM port will close the current "
+      "session,\rpossibly interupting a connection with a radio.\r\rDo you wish to continue and "
+      "switch COM ports?";
+  sim::SimRadio other({.Mode = 'M'});
+  sim::SimLine otherLine(other);
+  Sockets().Plug(2, otherLine);
+  Start();
+  ASSERT_TRUE(Connect());
+  const auto change = [&](const char* port, Answer answer) {
+    ExpectBox("Warning").Saying(warning).With(Icon::Exclamation).With(Buttons::YesNo).Reply(answer);
+    OpenSetup([&](Form& form) {
+      EXPECT_TRUE(Edit("cboPort", port));
+      EXPECT_TRUE(Click("cmdOK"));
+      if (!form.Loaded()) return;
+      EXPECT_TRUE(CloseWindow("frmProperties"));
+    });
+  };
+  change("Com2", Answer::No);
+  EXPECT_EQ(Port().CommPort(), 1);
+  EXPECT_TRUE(Port().PortOpen());
+  EXPECT_FALSE(Shared().RefreshRequested);
+
+  change("Com2", Answer::Yes);
+  EXPECT_EQ(Stored("Properties", "CommPort"), "2");
+  ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
+  EXPECT_EQ(Text("Mode"), "MODE M");
+
+  // One that does not open: the error, the old number, the window still up, nothing stored.
+  ExpectBox("").Saying("No such file or directory").With(Icon::Exclamation);
+  change("Com9", Answer::Yes);
+  EXPECT_EQ(Port().CommPort(), 2);
+  EXPECT_EQ(Stored("Properties", "CommPort"), "2");
+  EXPECT_FALSE(Port().PortOpen());
+  EXPECT_TRUE(Visible("imgNotConnected"));  // and no pretence of a session
+  EXPECT_FALSE(Enabled("tbr_Disconnect"));
+}
+
+}  // namespace
+}  // namespace quillmark

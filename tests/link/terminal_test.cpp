@@ -1,0 +1,323 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "sim/bench.h"
+
+namespace quillmark {
+namespace {
+
+using ::testing::EndsWith;
+using ::testing::StartsWith;
+
+std::string FileText(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class TerminalTest : public sim::Bench {
+ public:
+  void StartConnected() {
+    Start();
+    ASSERT_TRUE(Connect());
+    Main().txtTerm.Text = "";
+    ClearLog();
+  }
+  // The radio says something by itself, in one piece.
+  void RadioSays(const std::string& text) {
+    Radio().Unsolicited(Now(), text);
+    Events().Sleep(Seconds(1));  // all of it has come before the program looks
+    Run(Milliseconds(1));
+  }
+  std::filesystem::path OpenLog(const std::string& name) {
+    const std::filesystem::path path = ScratchFolder() / name;
+    ExpectSaveFile("Open a Communications Log File").Choose(path);
+    EXPECT_TRUE(Click("tbr_OpenLogFile"));
+    return path;
+  }
+};
+
+TEST_F(TerminalTest, ReceivedTextIsFilteredForTheBoxAndKeptRawForTheProgram) {
+  StartConnected();
+  const struct {
+    std::string Before, Received, Shown;
+  } cases[] = {
+      {"", "ab\b\bc", "c"},
+      {"MODE M", "\bR", "MODE R"},      // reaches back into the box
+      {"MODE M", "\b\b\bR", "MODE R"},  // but for one character only
+      {"", "\b\bx", "x"},               // nothing there to take away
+      {"", "a\n\rb\r\nc\r", "a\r\nb\r\nc\r\n"},
+      {"", std::string("a\0\x1B\xFF>", 5), std::string("a\0\x1B\xFF>", 5)},
+      {"", "ab\b\b\b\bcd\r", "cd\r\n"},
+  };
+  for (const auto& each : cases) {
+    Main().txtTerm.Text = each.Before;
+    Shared().RxBuffer = " ";
+    RadioSays(each.Received);
+    EXPECT_EQ(Text("txtTerm"), each.Shown);
+    EXPECT_EQ(Shared().RxBuffer.View(), " " + each.Received);
+  }
+  // A carriage return and its line feed in two arrivals make one line end.
+  Main().txtTerm.Text = "";
+  RadioSays("one\r");
+  RadioSays("\ntwo");
+  EXPECT_EQ(Text("txtTerm"), "one\r\ntwo");
+}
+
+TEST_F(TerminalTest, TheBoxIsCutAtItsHead) {
+  StartConnected();
+  Main().txtTerm.Text = std::string(4096, 'a') + std::string(11904, 'b');  // 16000: not yet
+  RadioSays("x");
+  EXPECT_EQ(Text("txtTerm").size(), 16001U);
+  RadioSays("y");
+  EXPECT_EQ(Text("txtTerm"), std::string(11904, 'b') + "xy");
+}
+
+TEST_F(TerminalTest, TheFlagsThatGuardTheBox) {
+  StartConnected();
+  const auto log = OpenLog("session.log");
+  Main().TerminalEcho = false;
+  Shared().RxBuffer = " ";
+  RadioSays("hidden\r");
+  EXPECT_EQ(Text("txtTerm"), "");
+  EXPECT_EQ(FileText(log), "hidden\r\n");
+  Main().DiscardReceived = true;
+  RadioSays("thrown away");
+  EXPECT_EQ(Shared().RxBuffer.View(), "  ");
+  EXPECT_EQ(FileText(log), "hidden\r\n ");
+  Main().DiscardReceived = false;
+  Main().DirectPortMode = true;
+  RadioSays("for a script");
+  EXPECT_EQ(FileText(log), "hidden\r\n ");
+  EXPECT_EQ(Port().Input(), "for a script");
+}
+
+TEST_F(TerminalTest, ClosedInAnyReplyDisablesTheRadioActions) {
+  StartConnected();
+  RadioSays("clo");
+  EXPECT_TRUE(Enabled("cmdMaster"));
+  RadioSays("sed");
+  for (const char* name : {"cmdMaster", "cmdSaveToFile", "cmdSaveToPreset", "cmdPrint", "sldPwr"}) {
+    EXPECT_FALSE(Enabled(name)) << name;
+  }
+  EXPECT_TRUE(Enabled("cmdReadRadio"));
+}
+
+TEST_F(TerminalTest, AMegabyteWithoutAPromptIsBounded) {
+  UseRadio({.Paced = false});
+  StartConnected();
+  const auto expectFullAndEndingIn = [&](const std::string& end) {
+    const auto received = Shared().RxBuffer.View();
+    EXPECT_EQ(received.size(), 1024U * 1024U);
+    EXPECT_EQ(received.substr(received.size() - end.size()), end);
+  };
+  for (int i = 0; i < 5; ++i) RadioSays(std::string(256 * 1024, 'n'));
+  RadioSays("tail");
+  expectFullAndEndingIn("ntail");
+  for (int i = 0; i < 5; ++i) RadioSays(std::string(256 * 1024, 'm'));
+  RadioSays("more");
+  expectFullAndEndingIn("mmore");
+  EXPECT_LE(Text("txtTerm").size(), 16000U + 256U * 1024U);
+}
+
+TEST_F(TerminalTest, KeysGoToTheRadioWhileThePortIsOpen) {
+  Start();
+  EXPECT_TRUE(Type("txtTerm", "off line\r\b\b!"));
+  EXPECT_EQ(Text("txtTerm"), "off line!");
+  ASSERT_TRUE(Connect());
+  ClearLog();
+  Main().txtTerm.Text = "";
+  EXPECT_TRUE(Type("txtTerm", "mode\r"));
+  EXPECT_EQ(Text("txtTerm"), "");
+  Run(Milliseconds(100));
+  EXPECT_EQ(Sent(), "mode\r");
+  EXPECT_EQ(Text("txtTerm"), "mode\r\nMODE R\r\n>");
+}
+
+TEST_F(TerminalTest, EventsAndErrorsOfThePort) {
+  StartConnected();
+  const struct {
+    int Code;
+    const char* Wording;
+  } events[] = {{3, "Change in CTS Detected"},
+                {4, "Change in DSR Detected"},
+                {5, "Change in CD Detected"},
+                {6, "Connecting"},
+                {7, "End of File Detected"}};
+  for (const auto& each : events) {
+    Port().Raise(each.Code);
+    Run(Milliseconds(1));
+    EXPECT_EQ(Text("pnl_Status"), std::string("Status: ") + each.Wording);
+    Run(Milliseconds(2001));
+    EXPECT_EQ(Text("pnl_Status"), "Status: ");
+  }
+  const struct {
+    int Code;
+    const char* Wording;
+  } errors[] = {{1001, "Break Received"},
+                {1002, "CTS Timeout"},
+                {1003, "DSR Timeout"},
+                {1004, "Framing Error"},
+                {1006, "Overrun Error"},
+                {1007, "Carrier Detect Timeout"},
+                {1008, "Receive Buffer Overflow"},
+                {1009, "Parity Error"},
+                {1010, "Transmit Buffer Full"},
+                {1011, "Error retrieving DCB"},
+                {1005, "Unknown error or event"},
+                {42, "Unknown error or event"}};
+  int beeps = 0;
+  for (const auto& each : errors) {
+    // A second error while the box of the first is up is dropped.
+    ExpectBox("Click Cancel to quit, OK to ignore.")
+        .Saying(each.Wording)
+        .With(Icon::None)
+        .Reply(Answer::Ok)
+        .Do([&] {
+          Port().Raise(1004);
+          Run(Milliseconds(5));
+        });
+    Port().Raise(each.Code);
+    Run(Milliseconds(1));
+    EXPECT_EQ(Text("pnl_Status"), std::string("Status: ") + each.Wording);
+    EXPECT_EQ(DesktopSeen().Beeps, ++beeps);
+    EXPECT_TRUE(Port().PortOpen());
+  }
+  // The wording of one does not stick to the next arrival.
+  RadioSays("fine");
+  EXPECT_EQ(Boxes().size(), std::size(errors));
+  Run(Seconds(3));
+  Main().ShowCommStatus = false;
+  Port().Raise(3);
+  Run(Milliseconds(1));
+  EXPECT_EQ(Text("pnl_Status"), "Status: ");
+  ExpectBox("Click Cancel to quit, OK to ignore.").Reply(Answer::Cancel);
+  Port().Raise(1009);
+  Run(Milliseconds(1));
+  EXPECT_FALSE(Port().PortOpen());
+  EXPECT_TRUE(Main().NotConnected);
+  EXPECT_TRUE(Visible("imgNotConnected"));
+}
+
+TEST_F(TerminalTest, ALogIsOpenedReplacedAppendedToAndClosed) {
+  StartConnected();
+  const auto log = OpenLog("a.log");
+  EXPECT_EQ(Text("frmOrvalent"), "Radio Terminal - a.log");
+  EXPECT_FALSE(Enabled("mnuOpenLog"));
+  EXPECT_FALSE(Enabled("tbr_OpenLogFile"));
+  EXPECT_TRUE(Enabled("mnuCloseLog"));
+  RadioSays("first\b\bST\r");
+  ASSERT_TRUE(Click("tbr_CloseLogFile"));
+  EXPECT_EQ(FileText(log), "firST\r\n");
+  EXPECT_EQ(Text("frmOrvalent"), "Radio Terminal - a.log");
+  EXPECT_TRUE(Enabled("tbr_OpenLogFile"));
+  EXPECT_FALSE(Enabled("mnuCloseLog"));
+
+  const auto question = [&]() -> sim::Expectation& {
+    return ExpectBox("")
+        .Saying("Replace existing file - " + log.string() +
+                "?\r\rClick 'NO' to append to the file.")
+        .With(Icon::Question)
+        .With(Buttons::YesNoCancel);
+  };
+  question().Reply(Answer::No);
+  OpenLog("a.log");
+  RadioSays("second");
+  ASSERT_TRUE(Click("mnuCloseLog"));
+  EXPECT_EQ(FileText(log), "firST\r\nsecond");
+
+  question().Reply(Answer::Yes);
+  OpenLog("a.log");
+  RadioSays("third");
+  ASSERT_TRUE(Click("mnuCloseLog"));
+  EXPECT_EQ(FileText(log), "third");
+
+  // Cancel goes back to the dialog; cancelled there, nothing has changed.
+  question().Reply(Answer::Cancel);
+  ExpectSaveFile("Open a Communications Log File").Choose(log);
+  ExpectSaveFile("Open a Communications Log File");
+  ASSERT_TRUE(Click("mnuOpenLog"));
+  EXPECT_EQ(FileText(log), "third");
+  EXPECT_TRUE(Enabled("mnuOpenLog"));
+}
+
+TEST_F(TerminalTest, ALogThatCantBeOpenedHarmsNothing) {
+  StartConnected();
+  namespace fs = std::filesystem;
+  const fs::path folder = ScratchFolder() / "folder";
+  fs::create_directory(folder);
+  std::ofstream(folder / "inside.txt") << "kept";
+  const struct {
+    fs::path Path;
+    bool Exists;
+    Answer Replace;
+  } cases[] = {{folder, true, Answer::Yes},
+               {folder, true, Answer::No},
+               {ScratchFolder() / "missing" / "x.log", false, Answer::No},
+               {"/dev/full", true, Answer::Yes}};
+  for (const auto& each : cases) {
+    ExpectSaveFile("Open a Communications Log File").Choose(each.Path);
+    if (each.Exists) ExpectBox("").Containing("Replace existing file").Reply(each.Replace);
+    ExpectBox("").With(Icon::Exclamation);
+    ASSERT_TRUE(Click("mnuOpenLog"));
+    EXPECT_TRUE(Enabled("mnuOpenLog")) << each.Path;
+    EXPECT_FALSE(Enabled("mnuCloseLog")) << each.Path;
+  }
+  EXPECT_EQ(FileText(folder / "inside.txt"), "kept");
+  EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+TEST_F(TerminalTest, AFullDiskAsksAndLosesNothingMeanwhile) {
+  StartConnected();
+  ExpectSaveFile("Open a Communications Log File").Choose("/dev/full");
+  ExpectBox("").Containing("Replace existing file").Reply(Answer::No);
+  ASSERT_TRUE(Click("mnuOpenLog"));
+  // Text that comes while the box is up brings no second box.
+  ExpectBox("")
+      .Saying("No space left on device")
+      .With(Icon::Critical)
+      .With(Buttons::RetryCancel)
+      .Do([&] { RadioSays("more"); })
+      .Reply(Answer::Retry);
+  ExpectBox("").Saying("No space left on device").Reply(Answer::Cancel);
+  RadioSays("text");
+  EXPECT_FALSE(Enabled("mnuCloseLog"));
+  EXPECT_EQ(Text("txtTerm"), "textmore");
+  RadioSays(" goes on");
+  EXPECT_EQ(Text("txtTerm"), "textmore goes on");
+}
+
+TEST_F(TerminalTest, TheAddressOfANewRadioIsChecked) {
+  StartConnected();
+  const std::string notNumeric =
+      "The ADDR entered is not numeric.\r\n\r\nThe value must be a number between 1 and 65000";
+  const std::string outside = "The valid ADDR range is 1-65000.";
+  const struct {
+    const char* Typed;
+    std::string Title, Text;
+  } cases[] = {{"abc", "Invalid ADDR entered", notNumeric},
+               {"", "Invalid ADDR entered", notNumeric},
+               {"1e3", "Invalid ADDR entered", notNumeric},
+               {"&H10", "Invalid ADDR entered", notNumeric},
+               {"0", "Invalid ADDR Entry", outside},
+               {"0.5", "Invalid ADDR Entry", outside},
+               {"65000.51", "Invalid ADDR Entry", outside},
+               {"70000", "Invalid ADDR Entry", outside},
+               {"1", "", ""},
+               {"-5", "", ""},
+               {"65000.5", "", ""},
+               {" 65000 ", "", ""}};
+  for (const auto& each : cases) {
+    if (!each.Text.empty()) ExpectBox(each.Title).Saying(each.Text);
+    ASSERT_TRUE(Edit("txtNewADDR", each.Typed));
+    ASSERT_TRUE(Leave("txtNewADDR"));
+    CheckExpectations();
+    EXPECT_EQ(Text("txtNewADDR"), each.Typed);
+  }
+}
+
+}  // namespace
+}  // namespace quillmark

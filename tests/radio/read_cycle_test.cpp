@@ -1,0 +1,403 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "sim/bench.h"
+
+namespace quillmark {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+const std::string lostRadio =
+    "There was an error communicating with the radio. Please reconnect and try again";
+
+std::string Joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : ",") + word;
+  return text;
+}
+
+class ReadCycleTest : public sim::Bench {
+ public:
+  void StartConnected(sim::SimRadioOptions options = {}) {
+    UseRadio(std::move(options));
+    Start();
+    ASSERT_TRUE(Connect());
+    ClearLog();
+  }
+  // The commands of one whole read.
+  std::string ReadAgain() {
+    ClearLog();
+    EXPECT_TRUE(Refresh());
+    return Joined(SentCommands());
+  }
+};
+
+TEST_F(ReadCycleTest, TheCommandsByRevisionAndMode) {
+  const std::string head =
+      "ser,unit,srev,own,owm,temp,alrm,mode,pwr,baud,port,device,amask,asense,"
+      "cts,ctshold,rxtot,";
+  const struct {
+    const char* Revision;
+    char Mode;
+    std::string Rest;
+  } cases[] = {
+      {"1.9.0", 'M',
+       "sleep,addr,hoptime,skip,repeat,retry,fec,buff,saf,xaddr,xmin,xmax,show sync,"
+       "options"},
+      {"2.0.0", 'X',
+       "sleep,addr,hoptime,skip,repeat,retry,fec,buff,saf,xaddr,xpri,xrssi,show sync,"
+       "dtype,dlink,rtu,options"},
+      {"2.9.9", 'R',
+       "sleep,addr,hoptime,skip,repeat,retry,fec,buff,saf,xpri,xrssi,show sync,dtype,"
+       "dlink,rtu,options"},
+      {"3.0.0", 'M',
+       "rxd,sleep,addr,csaddr,hoptime,skip,repeat,retry,fec,buff,saf,xaddr,xpri,xrssi,"
+       "show sync,dtype,dlink,rtu,options"},
+      {"3.1.9", 'R',
+       "rxd,sleep,addr,csaddr,hoptime,skip,repeat,retry,fec,buff,saf,xpri,xrssi,"
+       "show sync,dtype,dlink,rtu,options"},
+      {"3.2.0", 'X',
+       "rxd,sleep,lpmhold,addr,csaddr,hoptime,skip,lpm,repeat,retry,fec,buff,saf,xaddr,"
+       "xpri,xrssi,show sync,dtype,dlink,rtu,options"},
+      // A letter makes the revision unknown: all but xpri and xrssi are tried.
+      {"3.2.a", 'M',
+       "rxd,sleep,lpmhold,addr,csaddr,hoptime,skip,lpm,repeat,retry,fec,buff,saf,xaddr,"
+       "xmin,xmax,show sync,dtype,dlink,rtu,options"},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Revision);
+    UseRadio({.Revision = each.Revision, .Mode = each.Mode});
+    each.Revision == std::string("1.9.0") ? Start() : Restart();
+    ASSERT_TRUE(Connect());
+    EXPECT_EQ(ReadAgain(), head + each.Rest);
+    EXPECT_EQ(Shared().InstalledFirmwareVersion, each.Revision);
+    EXPECT_TRUE(Quit());
+  }
+}
+
+TEST_F(ReadCycleTest, TheLineOfAWholeReadAndItsRows) {
+  StartConnected({.Mode = 'M'});
+  Shared().RefreshRequested = true;
+  const Duration began = Now();
+  ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
+  // Every exchange in one: nothing in front, one carriage return behind, no line feed.
+  EXPECT_THAT(Sent(), ::testing::StartsWith("\rser\runit\rsrev\rown\rowm\r"));
+  EXPECT_THAT(Sent(), Not(HasSubstr("\n")));
+  EXPECT_THAT(SentCommands(), Not(Contains("deco")));
+  EXPECT_LE(Now() - began, Seconds(5));
+  const struct {
+    const char* Name;
+    const char* Value;
+  } rows[] = {{"SerialNumber", "SN 00123456"},
+              {"UnitAddr", "UNIT 3456"},
+              {"SoftwareRev", "77-1234A01\r\n3.2.0  01Jan2009"},
+              {"OwnerName", "Quillmark SS"},
+              {"Mode", "MODE M"},
+              {"PowerLevel", "PWR 30 dBm"},
+              {"BaudRate", "BAUD 4800 8N1"},
+              {"AlarmMask", "MASK: FFFF FFFF"},
+              {"AlarmSense", "ALARM ACTIVE: HI"},
+              {"CTSHOLDdelay", "CTSHOLD n/a"},
+              {"SleepMode", "SLEEP n/a"},
+              {"CSADDR", "NOT AVAILABLE"},
+              {"RepeatCount", "REPEAT 0"},
+              {"XADDR", "XADDR 0"},
+              {"XMIN", "n/a"},
+              {"XMAP", "Click to view/change"},
+              {"DLINK", "DLINK 19200 (ON)"}};
+  for (const auto& row : rows) EXPECT_EQ(Text(row.Name), row.Value);
+}
+
+TEST_F(ReadCycleTest, RepliesThatAreNoValues) {
+  UseRadio({.LowPower = false, .RtuSelected = false, .Synchronised = false});
+  Start();
+  ASSERT_TRUE(Connect());
+  for (const char* row : {"LPMHOLD", "LPM", "RepeatCount", "CSADDR", "XADDR"}) {
+    EXPECT_EQ(Text(row), "NOT AVAILABLE") << row;
+  }
+  EXPECT_FALSE(Enabled("SoftRTU"));
+  EXPECT_EQ(MousePointer("SoftRTU"), Pointer::NoDrop);
+  // Another radio undoes it.
+  ASSERT_TRUE(Click("tbr_Disconnect"));
+  UseRadio({});
+  ASSERT_TRUE(Connect());
+  EXPECT_TRUE(Enabled("SoftRTU"));
+  EXPECT_EQ(MousePointer("SoftRTU"), Pointer::Arrow);
+  EXPECT_EQ(Text("LPM"), "LPM 0");
+}
+
+TEST_F(ReadCycleTest, TheViewFollowsTheRevision) {
+  const struct {
+    const char* Revision;
+    bool From200, From300, From320;
+  } cases[] = {{"1.9.9", false, false, false}, {"2.0.0", true, false, false},
+               {"2.9.9", true, false, false},  {"3.0.0", true, true, false},
+               {"3.1.9", true, true, false},   {"3.2.0", true, true, true},
+               {"x.y.z", false, false, false}, {"1.10.2", false, false, false}};
+  Start();
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Revision);
+    UseRadio({.Revision = each.Revision, .Mode = 'M'});
+    ASSERT_TRUE(Connect());
+    const auto expectShown = [&](bool shown, std::initializer_list<const char*> names) {
+      for (const char* name : names) {
+        EXPECT_EQ(Visible(name), shown) << name;
+        // The reply to rtu enables its row, also while that is hidden.
+        if (name == std::string("SoftRTU")) continue;
+        EXPECT_EQ(Enabled(name), shown) << name;
+      }
+    };
+    expectShown(!each.From200, {"XMIN", "XMINLabel", "XMAX", "XMAXLabel"});
+    expectShown(each.From200,
+                {"XMAP", "XMAPLabel", "XPRI", "XPRILabel", "XRSSI", "XRSSILabel", "DTYPE",
+                 "DTypeLabel", "DLINK", "DLinkLabel", "SoftRTU", "SoftRTULabel"});
+    expectShown(each.From300, {"RXD", "RXDLabel", "CSADDR", "CSADDRLabel"});
+    EXPECT_EQ(Visible("LPMHOLD"), each.From320);
+    EXPECT_EQ(Visible("LPMHOLDLabel"), each.From320);
+    EXPECT_EQ(Visible("LPM"), each.From320);
+    const struct {
+      const char *Row, *Label;
+      bool Above;
+      double Low, High;
+    } tops[] = {{"DiagOptions", "OptionsLabel", each.From200, 360, 1680},
+                {"ShowSync", "ShowSyncLabel", each.From200, 1800, 2160},
+                {"HopTime", "HopLabel", each.From300, 720, 1080},
+                {"SkippedZones", "SkipLabel", each.From300, 1080, 1440},
+                {"SleepMode", "SleepLabel", each.From300, 1440, 1800}};
+    for (const auto& top : tops) {
+      EXPECT_EQ(Top(top.Row), top.Above ? top.High : top.Low) << top.Row;
+      EXPECT_EQ(Top(top.Label), Top(top.Row)) << top.Label;
+    }
+    ASSERT_TRUE(Click("tbr_Disconnect"));
+  }
+  // Two digits shift the characters: "1.10." gives 1, 1 and the point.
+  EXPECT_EQ(Shared().SoftwareRevision.Text, "11.");
+  EXPECT_EQ(Shared().SoftwareRevision.Number(), 11.0);
+}
+
+TEST_F(ReadCycleTest, TheViewFollowsTheMode) {
+  const struct {
+    const char* Mode;
+    bool Setup, Rssi, Master, Sleep, Xaddr;
+  } cases[] = {
+      {"MODE M", false, false, true, false, true}, {"mode m", false, false, true, false, true},
+      {"MODE M", true, true, true, false, true},   {"MODE R", false, true, false, true, false},
+      {"MODE X", false, true, false, true, true},  {"MODE", false, true, false, true, true}};
+  StartConnected({.Mode = 'M'});
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Mode);
+    Radio().SetReply("mode", std::string("\r\n") + each.Mode + "\r\n");
+    if (each.Setup) Type("txtTerm", "setup\r");
+    ASSERT_TRUE(Refresh());
+    EXPECT_EQ(Text("Mode"), each.Mode);
+    EXPECT_EQ(Shared().InSetupMode, each.Setup);
+    EXPECT_EQ(Enabled("ButtonRSSI"), each.Rssi);
+    EXPECT_TRUE(Enabled("ButtonZoneData"));
+    for (const char* row : {"RetryCount", "RepeatCount", "HopTime", "SkippedZones", "DataBuff",
+                            "StoreAndForward", "FEC", "LPM", "CSADDR"}) {
+      EXPECT_EQ(Enabled(row), each.Master) << row;
+    }
+    EXPECT_EQ(MousePointer("RetryCount"), each.Master ? Pointer::Arrow : Pointer::NoDrop);
+    EXPECT_EQ(Enabled("SleepMode"), each.Sleep);
+    EXPECT_EQ(MousePointer("SleepMode"), each.Sleep ? Pointer::Arrow : Pointer::NoDrop);
+    EXPECT_EQ(Enabled("XADDR"), each.Xaddr);
+    if (each.Setup) Type("txtTerm", "quit\r");
+    Run(Milliseconds(100));
+  }
+}
+
+TEST_F(ReadCycleTest, InSetupModeAValueMayHoldAPrompt) {
+  StartConnected();
+  Radio().SetReply("show sync", "\r\nDEPTH 1 > UNIT 1000\r\n");
+  Radio().SetReply("owm", "\r\nsite > 7\r\n");
+  ASSERT_TRUE(Refresh());
+  EXPECT_EQ(Text("OwnerMessage"), "sit");  // the first ">" ends it
+  Type("txtTerm", "setup\r");
+  Run(Milliseconds(100));
+  ASSERT_TRUE(Refresh());
+  EXPECT_TRUE(Shared().InSetupMode);
+  EXPECT_EQ(Text("ShowSync"), "DEPTH 1 > UNIT 1000");
+  EXPECT_EQ(Text("OwnerMessage"), "site > 7");
+  EXPECT_EQ(Text("PowerLevel"), "PWR 30 dBm");
+}
+
+TEST_F(ReadCycleTest, TheLoginProbeRunsOnceForEachConnect) {
+  UseRadio({.Password = "abcd"});
+  Start();
+  ASSERT_TRUE(Connect());
+  const auto commands = SentCommands();
+  const auto at = std::find(commands.begin(), commands.end(), "deco");
+  ASSERT_NE(at, commands.end());
+  EXPECT_THAT(std::vector<std::string>(at - 1, at + 4),
+              ElementsAre("own", "deco", "own Quillmark SS", "eeco", "owm"));
+  EXPECT_TRUE(Enabled("tbr_Login"));
+  EXPECT_FALSE(Enabled("tbr_Logout"));
+  EXPECT_TRUE(Radio().Echo());
+  EXPECT_THAT(Text("txtTerm"), Not(HasSubstr("own Quillmark SS")));
+  EXPECT_EQ(ReadAgain().find("deco"), std::string::npos);
+  // Logged in, and not answered at all: both show as logged in.
+  ASSERT_TRUE(Click("tbr_Disconnect"));
+  UseRadio({.Password = "abcd", .LoggedIn = true});
+  ASSERT_TRUE(Connect());
+  EXPECT_FALSE(Enabled("tbr_Login"));
+  EXPECT_TRUE(Enabled("tbr_Logout"));
+  EXPECT_EQ(Radio().Setting("own"), "Quillmark SS");
+}
+
+TEST_F(ReadCycleTest, AnEchoLeftOffIsSwitchedOnAgain) {
+  StartConnected();
+  Type("txtTerm", "deco\r");
+  Run(Milliseconds(50));
+  ASSERT_FALSE(Radio().Echo());
+  Main().SerialNumber.Text = "n/a";
+  const std::string commands = ReadAgain();
+  EXPECT_EQ(commands.substr(0, 18), "ser,eeco,ser,unit,");
+  EXPECT_EQ(Text("SerialNumber"), "SN 00123456");
+  EXPECT_EQ(Text("DiagOptions"), "Diagnostics ON, Low Power ON, Poll Simulator ON");
+}
+
+TEST_F(ReadCycleTest, ASilentRadioCostsFourSecondsARow) {
+  StartConnected();
+  Faults().SilentFrom = Radio().CommandCount() + 3;  // from srev on
+  const Duration began = Now();
+  ASSERT_TRUE(Refresh(Seconds(200)));
+  EXPECT_EQ(Shared().SoftwareRevision.Known(), false);
+  EXPECT_EQ(Text("SoftwareRev"), "77-1234A01\r\n3.2.0  01Jan2009");  // kept
+  const auto reads = SentCommands().size();
+  EXPECT_EQ(reads, 37U);  // all but xaddr, xpri and xrssi; the first two were answered
+  EXPECT_NEAR(static_cast<double>((Now() - began).count()) / 1e6, 4.0 * 35 + 11 * 0.08, 1.2);
+}
+
+TEST_F(ReadCycleTest, ARadioThatHasGoneQuietIsWokenAndThenGivenUp) {
+  StartConnected();
+  Faults().SilentFrom = 1;
+  Main().ConnectCancelled = false;
+  ExpectBox("Error").Saying(lostRadio).With(Icon::Exclamation);
+  ASSERT_TRUE(Click("ButtonRefresh"));
+  Run(Seconds(60));
+  EXPECT_FALSE(Port().PortOpen());
+  EXPECT_FALSE(Shared().RefreshRequested);
+  EXPECT_EQ(Text("txtTerm"), "Error. Please reconnect.");
+  EXPECT_EQ(SentCommands().back(), "CLOS");
+}
+
+TEST_F(ReadCycleTest, ALateReplyNeverStandsInAnotherRow) {
+  StartConnected();
+  Main().PowerLevel.Text = "old";
+  Main().BaudRate.Text = "old";
+  Faults().LateReplyAt = Radio().CommandCount() + 9;  // pwr
+  Faults().LateReplyMs = 4100;
+  ASSERT_TRUE(Refresh());
+  EXPECT_EQ(Text("PowerLevel"), "old");
+  EXPECT_THAT(Text("BaudRate"), ::testing::AnyOf("old", "BAUD 4800 8N1"));
+  EXPECT_EQ(Text("Port"), "PORT RS232");
+  EXPECT_EQ(Text("DiagOptions"), "Diagnostics ON, Low Power ON, Poll Simulator ON");
+}
+
+// Whatever happens on the line, a row shows what it showed before or what the radio holds.
+TEST_F(ReadCycleTest, FaultsLeaveNoWrongValueInAnyRow) {
+  StartConnected({.Mode = 'M'});
+  std::vector<std::string> right;
+  std::vector<SettingRow*> rows;
+  for (Control* control : Main().Controls()) {
+    if (auto* row = dynamic_cast<SettingRow*>(control)) {
+      rows.push_back(row);
+      right.push_back(row->Text());
+    }
+  }
+  using Faults = sim::LineFaults;
+  std::int64_t Faults::*const kinds[] = {&Faults::NoPromptAt, &Faults::DoubleReplyAt,
+                                         &Faults::LateReplyAt, &Faults::SilentFrom};
+  for (const auto kind : kinds) {
+    for (int command = 2; command <= 38; command += 3) {
+      SCOPED_TRACE(command);
+      Faults& faults = Bench::Faults();
+      faults = {};
+      faults.*kind = Radio().CommandCount() + command;
+      if (kind == &Faults::SilentFrom) faults.SilentUntil = faults.SilentFrom + 1;
+      faults.LateReplyMs = 4050;
+      for (SettingRow* row : rows) row->Text = "before";
+      ASSERT_TRUE(Refresh());
+      for (std::size_t i = 0; i < rows.size(); ++i) {
+        // An unknown revision has the radio asked for what it may not know.
+        EXPECT_THAT(rows[i]->Text(), ::testing::AnyOf(right[i], "before", "INVALID COMMAND"))
+            << rows[i]->Name();
+      }
+      faults = {};
+      ASSERT_TRUE(Refresh());
+      for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (right[i] != "n/a" && rows[i]->Name() != "XMAP") {
+          EXPECT_EQ(rows[i]->Text(), right[i]) << rows[i]->Name();
+        }
+      }
+    }
+  }
+}
+
+TEST_F(ReadCycleTest, TheTickKeepsTheLinkAlive) {
+  StartConnected();
+  const Duration connected = Now();
+  for (int i = 1; i <= 8; ++i) {
+    Run(connected + Seconds(240.0 * i + 2) - Now());
+    EXPECT_EQ(Sent(), std::string(static_cast<std::size_t>(i), '\r'));
+  }
+  EXPECT_EQ(ReadCycles(), 1);
+  Run(Seconds(250));  // from then on a whole read each time
+  EXPECT_EQ(ReadCycles(), 2);
+  Run(Seconds(240));
+  EXPECT_EQ(ReadCycles(), 3);
+  EXPECT_EQ(Main().KeepAliveCount, 8);
+  // The preference switches it off; a scripted run or a window that has the line holds it back.
+  Shared().KeepAlive = false;
+  ClearLog();
+  Run(Seconds(500));
+  EXPECT_EQ(Sent(), "");
+  Shared().KeepAlive = true;
+  Main().DirectPortMode = true;
+  Shared().RefreshRequested = true;
+  Run(Seconds(500));
+  EXPECT_EQ(Sent(), "");
+  Main().DirectPortMode = false;
+  Run(Seconds(10));
+  EXPECT_EQ(ReadCycles(), 4);
+}
+
+TEST_F(ReadCycleTest, TheConnectTimeIsShownEachSecond) {
+  Start();
+  Run(Seconds(2));
+  EXPECT_EQ(Text("pnl_ConnectTime"), "08:00:02 ");  // the time of day before the first connect
+  ASSERT_TRUE(Connect());
+  Run(Seconds(3600));
+  EXPECT_THAT(Text("pnl_ConnectTime"), ::testing::MatchesRegex("01:00:0[0-9] "));
+}
+
+TEST_F(ReadCycleTest, ARequestDuringAReadBringsAnotherOne) {
+  StartConnected();
+  OnCommand("pwr", [&] { EXPECT_TRUE(Click("cmdReadRadio")); });
+  ASSERT_TRUE(Refresh());
+  EXPECT_TRUE(Shared().RefreshRequested);
+  ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 3; }));
+  Run(Seconds(5));
+  EXPECT_EQ(ReadCycles(), 3);
+}
+
+TEST_F(ReadCycleTest, TheRestoreWindowThatLostTheRadioReconnects) {
+  StartConnected();
+  int closed = 0;
+  Application().Ticks().CloseRestoreWindow = [&] { ++closed; };
+  Port().SetPortOpen(false);
+  Shared().RestoreLinkFailed = true;
+  ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
+  EXPECT_EQ(closed, 1);
+  EXPECT_FALSE(Shared().RestoreLinkFailed);
+}
+
+}  // namespace
+}  // namespace quillmark

@@ -1,0 +1,116 @@
+#include "sim/bench.h"
+
+#include <gtest/gtest-spi.h>
+
+#include <string>
+
+#include "controls/timer.h"
+
+namespace quillmark {
+namespace {
+
+class BenchTest : public sim::Bench {};
+
+TEST_F(BenchTest, ABoxThatNobodyExpectedFailsWithItsText) {
+  Start();
+  Sockets().Unplug(1);
+  EXPECT_NONFATAL_FAILURE(Click("tbr_Connect"), "The selected COM port is not available");
+  ExpectBox("Error").Containing("no such words");
+  EXPECT_NONFATAL_FAILURE(Click("tbr_Connect"), "Nobody expected the box \"Error\"");
+  EXPECT_NONFATAL_FAILURE(CheckExpectations(), "There never came the box \"Error\" containing");
+  EXPECT_NONFATAL_FAILURE(Click("tbr_Properties"), "Nobody expected the window \"frmProperties\"");
+  EXPECT_THROW(Find("cmdNothing"), std::invalid_argument);
+}
+
+TEST_F(BenchTest, TheSameSessionGivesTheSameBytesAtTheSameTimes) {
+  std::string sent[2];
+  Duration ended[2];
+  for (int run = 0; run < 2; ++run) {
+    sim::VirtualLoop loop;
+    Bench::Faults().BabblePerSecond = 0;
+    UseRadio({.Mode = 'M'});
+    Random() = sim::RepeatableRandom();
+    const Duration began = Now();
+    run == 0 ? Start() : Restart();
+    ASSERT_TRUE(Connect());
+    sent[run] = Sent();
+    ended[run] = Now() - began;
+    EXPECT_TRUE(Quit());
+  }
+  EXPECT_EQ(sent[0], sent[1]);
+  EXPECT_EQ(ended[0], ended[1]);
+}
+
+// A window with a timer on the virtual loop.
+struct TimerWindow : Form {
+  explicit TimerWindow(EventLoop& events)
+      : Form("frmTimers"), Ticks(*this, "Ticks", events, 100, true) {}
+  Timer Ticks;
+};
+
+TEST(VirtualLoop, TimersKeepTheirPaceAndNeverTickInsideThemselves) {
+  sim::VirtualLoop loop;
+  const auto window = std::make_shared<TimerWindow>(loop);
+  std::vector<std::int64_t> at;
+  window->Ticks.OnTick = [&] {
+    at.push_back(loop.Now().count() / 1000);
+    // The second one takes 250 ms, pumping: two ticks are missed and not made up.
+    if (at.size() == 2) WaitUntil(loop, Milliseconds(250), [] { return false; });
+    window->Ticks.Enabled = true;  // changes nothing
+    if (at.size() == 4) window->Ticks.Interval = 30;
+    if (at.size() == 6) window->Unload();
+  };
+  while (loop.Now() < Seconds(1)) loop.Wait(Seconds(1) - loop.Now());
+  EXPECT_EQ(at, (std::vector<std::int64_t>{100, 200, 500, 600, 630, 660}));
+}
+
+TEST(VirtualLoop, SleepsDeliverNothingAndPumpsDoNotWait) {
+  sim::VirtualLoop loop;
+  std::vector<int> ran;
+  loop.At(Milliseconds(10), [&] { ran.push_back(1); });
+  loop.At(Milliseconds(20), [&] {
+    ran.push_back(2);
+    loop.Post([&] { ran.push_back(4); });
+  });
+  loop.Pump();
+  EXPECT_TRUE(ran.empty());
+  loop.Sleep(Milliseconds(15));
+  EXPECT_TRUE(ran.empty());
+  loop.Pump();
+  EXPECT_EQ(ran, std::vector<int>{1});
+  loop.Wait(Seconds(1));  // ends when something has happened
+  EXPECT_EQ(loop.Now(), Milliseconds(20));
+  loop.Quit();
+  EXPECT_THROW(loop.Pump(), Shutdown);
+  EXPECT_THROW(loop.Sleep(Seconds(1)), Shutdown);
+  EXPECT_EQ(ran, (std::vector<int>{1, 2}));
+}
+
+TEST(Controls, AnActHoldsItsWindowUntilItsHandlerHasReturned) {
+  struct Window : Form {
+    Window()
+        : Form("frmOnce"),
+          cmdClose(*this, this, "cmdClose", "Close"),
+          inner(*this, this, "inner") {}
+    Button cmdClose;
+    Frame inner;
+  };
+  auto window = std::make_shared<Window>();
+  std::string read;
+  window->cmdClose.OnClick = [&] {
+    Button& button = window->cmdClose;
+    window->Unload();
+    window.reset();
+    read = button.Text();
+  };
+  Window& alive = *window;
+  alive.inner.Enabled = false;
+  Button within(alive, &alive.inner, "within");
+  EXPECT_FALSE(within.Click());
+  EXPECT_TRUE(alive.cmdClose.Click());
+  EXPECT_EQ(read, "Close");
+  EXPECT_EQ(window, nullptr);
+}
+
+}  // namespace
+}  // namespace quillmark
