@@ -1,0 +1,265 @@
+#include "sim/sim_radio_commands.h"
+
+#include <algorithm>
+
+#include "sim/sim_radio_reports.h"
+#include "sim/sim_words.h"
+
+namespace quillmark::sim {
+
+namespace {
+
+constexpr int lowestKilohertz = 902'200;
+constexpr int highestKilohertz = 927'600;
+constexpr std::size_t longestPassword = 4;
+
+Answer Denied() { return Says("ACCESS DENIED"); }
+Answer InvalidEntry() { return Says("INVALID ENTRY"); }
+Answer InvalidCommand() { return Says("INVALID COMMAND"); }
+Answer Programmed() { return Says("PROGRAMMED OK"); }
+
+}  // namespace
+
+// A word that is no setting.
+struct SimRadioCommands::Word {
+  enum class Takes { Nothing, Value };
+  enum class Does { Show, Change };  // a change needs the login
+  enum class Where { Anywhere, InSetup };
+
+  std::string_view Typed;  // small letters
+  Answer (SimRadioCommands::*Run)(Time at, std::string_view value);
+  Takes Argument = Takes::Nothing;
+  Does Effect = Does::Show;
+  Where Known = Where::Anywhere;
+  bool Secret = false;  // its value must not be shown
+};
+
+const SimRadioCommands::Word SimRadioCommands::words[] = {
+    {"ser", &SimRadioCommands::Serial},
+    {"srev", &SimRadioCommands::Release},
+    {"temp", &SimRadioCommands::Temperature},
+    {"alrm", &SimRadioCommands::AlarmState},
+    {"alarm", &SimRadioCommands::AlarmCode},
+    {"stat", &SimRadioCommands::Status},
+    {"show sync", &SimRadioCommands::ShowSync},
+    {"show pwr", &SimRadioCommands::ShowPower},
+    {"options", &SimRadioCommands::Features},
+    {"rssi", &SimRadioCommands::SignalReports},
+    {"zone data", &SimRadioCommands::ZoneData},
+    {"zone clear", &SimRadioCommands::ZoneClear, Word::Takes::Nothing, Word::Does::Change},
+    {"setup", &SimRadioCommands::EnterSetup, Word::Takes::Nothing, Word::Does::Change},
+    {"quit", &SimRadioCommands::LeaveSetup},
+    {"key", &SimRadioCommands::KeyTransmitter, Word::Takes::Nothing, Word::Does::Change,
+     Word::Where::InSetup},
+    {"dkey", &SimRadioCommands::UnkeyTransmitter, Word::Takes::Nothing, Word::Does::Show,
+     Word::Where::InSetup},
+    {"rx", &SimRadioCommands::ReceiveFrequency, Word::Takes::Value, Word::Does::Show,
+     Word::Where::InSetup},
+    {"tx", &SimRadioCommands::TransmitFrequency, Word::Takes::Value, Word::Does::Show,
+     Word::Where::InSetup},
+    {"pass", &SimRadioCommands::Login, Word::Takes::Value, Word::Does::Show, Word::Where::Anywhere,
+     true},
+    {"k7m2", &SimRadioCommands::SetPassword, Word::Takes::Value, Word::Does::Change,
+     Word::Where::Anywhere, true},
+    {"code", &SimRadioCommands::EncryptionCode, Word::Takes::Value, Word::Does::Change,
+     Word::Where::Anywhere, true},
+    {"program", &SimRadioCommands::NewFirmware, Word::Takes::Nothing, Word::Does::Change},
+};
+
+Answer SimRadioCommands::Execute(Time at, std::string_view line) {
+  if (const auto answer = ExecutePending(Trimmed(line))) return *answer;
+  session.Pending = SimSession::Waits::No;
+  if (Trimmed(line).empty() || line.starts_with('#')) return PromptOnly();
+  if (const auto answer = ExecuteSessionWord(line)) return *answer;
+  for (const Word& word : words) {
+    const auto value = ValueAfter(line, word.Typed);
+    if (!value) continue;
+    return Finish(word, at, *value);
+  }
+  for (const SettingRow& row : SettingRows()) {
+    const auto value = ValueAfter(line, row.Word);
+    if (!value || settings.Row(row.Word) != &row) continue;
+    const bool programs =
+        !Trimmed(*value).empty() || (row.Value == Shape::Text && line.size() > row.Word.size());
+    return ExecuteSetting(row, *value, programs);
+  }
+  return InvalidCommand();
+}
+
+std::optional<Answer> SimRadioCommands::ExecuteSessionWord(std::string_view line) {
+  const std::string word = Lowered(Trimmed(line));
+  if (word == "clos") {
+    session.Open = false;
+    return Says("CLOSED");
+  }
+  if (word == "deco" || word == "eeco") {
+    session.Echo = word == "eeco";
+    return PromptOnly();
+  }
+  if (word != "open") return std::nullopt;
+  session.Open = true;
+  return PromptOnly();
+}
+
+Answer SimRadioCommands::Finish(const Word& word, Time at, std::string_view value) {
+  if (word.Known == Word::Where::InSetup && session.At != Level::Setup) return InvalidCommand();
+  if (word.Argument == Word::Takes::Nothing && !Trimmed(value).empty()) return InvalidEntry();
+  if (word.Effect == Word::Does::Change && !session.MayChange()) return Denied();
+  return (this->*word.Run)(at, Trimmed(value));
+}
+
+Answer SimRadioCommands::ExecuteSetting(const SettingRow& row, std::string_view value,
+                                        bool programs) {
+  if (!programs) return Says(settings.Read(row));
+  if (!session.MayChange()) return Denied();
+  return Says(settings.Program(row, value));
+}
+
+// An answer to a question, or the next page. Any other line drops what was pending and is an
+// ordinary line.
+std::optional<Answer> SimRadioCommands::ExecutePending(std::string_view line) {
+  switch (session.Pending) {
+    case SimSession::Waits::WhileReporting:
+      session.Pending = SimSession::Waits::No;
+      return PromptOnly();
+    case SimSession::Waits::ForNextPage:
+      if (!line.empty()) return std::nullopt;
+      return NextPage();
+    case SimSession::Waits::ForConfirmation:
+      if (SameWord(line, "no")) {
+        session.Pending = SimSession::Waits::No;
+        return Says("FIRMWARE KEPT");
+      }
+      if (!SameWord(line, "yes")) return std::nullopt;
+      return Answer{.Text = "ERASING", .Prompt = false, .Then = Answer::Next::EnterLoader};
+    case SimSession::Waits::No:
+      break;
+  }
+  return std::nullopt;
+}
+
+Answer SimRadioCommands::NextPage() {
+  const auto pages = StatusPages(session, settings, options);
+  const std::size_t page = session.NextPage++;
+  const bool more = session.NextPage < pages.size();
+  session.Pending = more ? SimSession::Waits::ForNextPage : SimSession::Waits::No;
+  return Says(pages[page]);
+}
+
+Answer SimRadioCommands::Serial(Time, std::string_view) {
+  return Says("SN " + options.SerialNumber);
+}
+Answer SimRadioCommands::Release(Time, std::string_view) {
+  return Says(ReleaseText(settings.Traits().Revision));
+}
+Answer SimRadioCommands::Temperature(Time, std::string_view) { return Says("TEMP 31 C"); }
+Answer SimRadioCommands::AlarmState(Time, std::string_view) { return Says("NO ALARMS"); }
+Answer SimRadioCommands::AlarmCode(Time, std::string_view) {
+  return Says("00000000 Minor\r\nNo active alarms");
+}
+Answer SimRadioCommands::Status(Time, std::string_view) {
+  session.NextPage = 0;
+  return NextPage();
+}
+Answer SimRadioCommands::ShowSync(Time, std::string_view) { return Says(SyncText(settings)); }
+Answer SimRadioCommands::ShowPower(Time, std::string_view) {
+  return Says("POWER " + settings.Value("pwr"));
+}
+Answer SimRadioCommands::Features(Time, std::string_view) { return Says(FeatureText(settings)); }
+
+Answer SimRadioCommands::SignalReports(Time, std::string_view) {
+  // A master hears its remotes only now and then; it can report a level on the bench alone.
+  if (settings.IsMaster() && session.At != Level::Setup) return Says("RSSI n/a");
+  session.Pending = SimSession::Waits::WhileReporting;
+  return {.Text = std::nullopt, .Prompt = false};
+}
+
+Answer SimRadioCommands::ZoneData(Time at, std::string_view) {
+  zones.Pass(at, options.ZoneTraffic, settings.Value("skip"));
+  return Says(zones.Text());
+}
+Answer SimRadioCommands::ZoneClear(Time at, std::string_view) {
+  zones.Clear(at);
+  return Programmed();
+}
+
+Answer SimRadioCommands::EnterSetup(Time, std::string_view) {
+  session.At = Level::Setup;
+  return PromptOnly();
+}
+Answer SimRadioCommands::LeaveSetup(Time, std::string_view) {
+  session.At = Level::Command;
+  session.Keyed = false;
+  return PromptOnly();
+}
+Answer SimRadioCommands::KeyTransmitter(Time, std::string_view) {
+  session.Keyed = true;
+  return PromptOnly();
+}
+Answer SimRadioCommands::UnkeyTransmitter(Time, std::string_view) {
+  session.Keyed = false;
+  return PromptOnly();
+}
+Answer SimRadioCommands::ReceiveFrequency(Time, std::string_view value) {
+  return Frequency(session.RxKilohertz, "RX", value);
+}
+Answer SimRadioCommands::TransmitFrequency(Time, std::string_view value) {
+  return Frequency(session.TxKilohertz, "TX", value);
+}
+
+Answer SimRadioCommands::Frequency(int& kilohertz, std::string_view word, std::string_view value) {
+  if (value.empty()) return Says(std::string(word) + " " + MegahertzText(kilohertz));
+  if (!session.MayChange()) return Denied();
+  const auto wanted = KilohertzOf(value);
+  if (!wanted || *wanted < lowestKilohertz || *wanted > highestKilohertz) return InvalidEntry();
+  kilohertz = *wanted;
+  return Programmed();
+}
+
+Answer SimRadioCommands::Login(Time, std::string_view value) {
+  if (SameWord(value, "none")) {
+    session.LoggedIn = false;
+    return Says("LOGGED OUT");
+  }
+  if (value.empty() || value != session.Password) return Says("PASSWORD INVALID");
+  session.LoggedIn = true;
+  return Says("PASSWORD OK");
+}
+
+Answer SimRadioCommands::SetPassword(Time, std::string_view value) {
+  // "pass none" logs out, so that word can be no password.
+  if (value.size() > longestPassword || SameWord(value, "none")) return InvalidEntry();
+  session.Password = value;
+  session.LoggedIn = !value.empty();
+  return Programmed();
+}
+
+Answer SimRadioCommands::EncryptionCode(Time, std::string_view value) {
+  const auto code = WholeNumber(value);
+  const bool valid = SameWord(value, "none") || (code && *code >= 1 && *code <= 255);
+  return valid ? Programmed() : InvalidEntry();
+}
+
+Answer SimRadioCommands::NewFirmware(Time, std::string_view) {
+  session.Pending = SimSession::Waits::ForConfirmation;
+  return Says("ARE YOU SURE?");
+}
+
+std::string SimRadioCommands::Masked(std::string_view line) {
+  if (Trimmed(line).empty()) return "";
+  for (const Word& word : words) {
+    const auto value = ValueAfter(line, word.Typed);
+    if (!value) continue;
+    const bool hide = word.Secret && !Trimmed(*value).empty();
+    return hide ? std::string(word.Typed) + " ****" : std::string(line);
+  }
+  const auto known = [&](std::string_view word) { return ValueAfter(line, word).has_value(); };
+  constexpr std::string_view others[] = {"open", "clos", "deco",  "eeco",
+                                         "yes",  "no",   "erase", "exit"};
+  const bool plain = std::any_of(std::begin(others), std::end(others), known) ||
+                     std::any_of(SettingRows().begin(), SettingRows().end(),
+                                 [&](const SettingRow& row) { return known(row.Word); });
+  return plain ? std::string(line) : "(unknown, " + std::to_string(line.size()) + " characters)";
+}
+
+}  // namespace quillmark::sim

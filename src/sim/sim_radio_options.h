@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+#include "sim/sim_loader.h"
+#include "sim/sim_time.h"
+
+namespace quillmark::sim {
+
+// How a simulated radio starts. Plain data; tests and the program's options fill it.
+struct SimRadioOptions {
+  std::string Revision = "3.2.0";
+  char Mode = 'R';         // 'M', 'R' or 'X'
+  std::string Password{};  // up to 4 characters; empty: none is set and everybody may change things
+  bool LoggedIn = false;
+  Time ThinkTime = std::chrono::milliseconds(5);  // from the carriage return to the reply
+  int Baud = 19200;                               // of the diagnostic port
+  bool Paced = true;                              // false: bytes take no time
+  int PaceBaud = 0;      // paces at this rate whatever the port is set to; 0: as the port is set
+  bool LowPower = true;  // the features that were bought
+  bool RtuSelected = true;
+  bool Synchronised = true;    // hears a master
+  bool StartInLoader = false;  // and without firmware
+  bool StartInSetup = false;
+  std::string SerialNumber = "00123456";  // 8 digits; the last 4 are the factory unit address
+  int Rssi = -97;                         // dBm
+  Time RssiInterval = std::chrono::milliseconds(200);
+  int ZoneTraffic = 0;  // packets a second that each zone counts
+  unsigned Seed = 1;
+  SimLoaderOptions Loader{};
+};
+
+enum class Level { Command, Setup, Loader };
+
+}  // namespace quillmark::sim

@@ -1,0 +1,134 @@
+#include "sim/sim_line.h"
+
+#include <gmock/gmock.h>
+
+#include "talk.h"
+
+namespace quillmark::sim {
+namespace {
+
+using std::chrono::milliseconds;
+using testing::ElementsAre;
+
+TEST(SimLine, PacesBothDirectionsAtTenBitsAByte) {
+  Talk talk;
+  talk.line.HostSends(Time(1000), "ser\r", 19200);
+  EXPECT_EQ(talk.line.HostDrained(), Time(1000 + 2083));
+  EXPECT_EQ(talk.line.HostBytesPending(Time(1000)), 4U);
+  EXPECT_EQ(talk.line.HostBytesPending(Time(1000 + 1041)), 2U);
+  talk.line.Advance(std::chrono::seconds(1));
+  EXPECT_EQ(talk.line.HostDrained(), std::nullopt);
+  // Each echo leaves as its character arrives; the reply starts 5 ms behind the carriage return.
+  EXPECT_EQ(talk.line.Log().Received(), "ser\r\nSN 00123456\r\n>");
+  const std::vector<Time>& times = talk.line.Log().ToHost().Times;
+  EXPECT_THAT(std::vector<Time>(times.begin(), times.begin() + 4),
+              ElementsAre(Time(2040), Time(2561), Time(3082), Time(3083 + 5000 + 520)));
+  EXPECT_EQ(times.back(), Time(3083 + 5000 + 16 * 10'000'000 / 19200));
+}
+
+TEST(SimLine, TakesNoTimeWhenItIsNotPaced) {
+  SimRadioOptions options;
+  options.Paced = false;
+  options.ThinkTime = Time(0);
+  Talk talk(options);
+  talk.line.HostSends(Time(7), "mode\r", 19200);
+  EXPECT_EQ(talk.line.NextEvent(), Time(7));
+  EXPECT_EQ(talk.line.Advance(Time(7)), "mode\r\nMODE R\r\n>");
+  EXPECT_EQ(talk.line.NextEvent(), std::nullopt);
+}
+
+TEST(SimLine, QueuesALongAnswerBehindTheOneBefore) {
+  Talk talk;
+  EXPECT_EQ(talk.Send("mode\rpwr\rmode\r"),
+            "mode\r\nMODE R\r\n>pwr\r\nPWR 30 dBm\r\n>mode\r\nMODE R\r\n>");
+}
+
+TEST(SimLine, LosesWhatIsOnItsWayWhenTheHostCloses) {
+  Talk talk;
+  talk.line.HostSends(Time(0), "mode\r", 19200);
+  EXPECT_EQ(talk.Pass(milliseconds(9)), "mode\r\n");  // the reply has begun
+  talk.line.HostClears();
+  EXPECT_EQ(talk.Pass(milliseconds(100)), "");
+  EXPECT_EQ(talk.Ask("mode"), "MODE R");
+}
+
+LineFaults With(std::initializer_list<std::pair<std::int64_t LineFaults::*, std::int64_t>> set) {
+  LineFaults faults;
+  for (const auto& [field, value] : set) faults.*field = value;
+  return faults;
+}
+
+// What comes back for "mode" and "pwr", one after the other.
+TEST(SimLine, PlaysItsFaults) {
+  const std::string mode = "mode\r\nMODE R\r\n>";
+  const std::string pwr = "pwr\r\nPWR 30 dBm\r\n>";
+  using F = LineFaults;
+  const struct {
+    std::string name;
+    LineFaults faults;
+    std::string first;
+    std::string second;
+  } cases[] = {
+      {"none", {}, mode, pwr},
+      {"dead", With({{&F::SilentFrom, 1}}), "", ""},
+      {"silent", With({{&F::SilentFrom, 1}, {&F::SilentUntil, 1}}), "", pwr},
+      {"drop to host", With({{&F::DropToHost, 2}}), "mde\r\nMODE R\r\n>", pwr},
+      {"garble to host", With({{&F::GarbleToHost, 15}}), "mode\r\nMODE R\r\nk", pwr},
+      {"double to host", With({{&F::DoubleToHost, 1}}), "mmode\r\nMODE R\r\n>", pwr},
+      {"drop to radio", With({{&F::DropToRadio, 5}}), "mode", "pwr\r\nINVALID COMMAND\r\n>"},
+      {"garble to radio", With({{&F::GarbleToRadio, 1}}), "8ode\r\nINVALID COMMAND\r\n>", pwr},
+      {"double to radio", With({{&F::DoubleToRadio, 5}}), mode + "\r\n>", pwr},
+      {"late", With({{&F::LateReplyAt, 2}, {&F::LateReplyMs, 2000}}), mode, "pwr"},
+      {"no prompt", With({{&F::NoPromptAt, 1}}), "mode\r\nMODE R\r\n", pwr},
+      {"extra", With({{&F::ExtraBytesAt, 2}}), mode, "pwr\x1b?\r\nPWR 30 dBm\r\n>"},
+      {"twice", With({{&F::DoubleReplyAt, 1}}), mode + "\r\nMODE R\r\n>", pwr},
+      {"hang up to host", With({{&F::HangUpAtByteToHost, 6}}), "mode\r\n", ""},
+      {"hang up to radio", With({{&F::HangUpAtByteToRadio, 2}}), "m", ""},
+      {"hang up at command", With({{&F::HangUpAtCommand, 2}}), mode, "pwr"},
+      {"hang up in time", With({{&F::HangUpAtMs, 500}}), mode, ""},
+  };
+  for (const auto& c : cases) {
+    Talk talk(Remote(), c.faults);
+    EXPECT_EQ(talk.Send("mode\r"), c.first) << c.name;
+    EXPECT_EQ(talk.Send("pwr\r"), c.second) << c.name;
+    EXPECT_EQ(talk.line.HungUp(), c.name.starts_with("hang up")) << c.name;
+    EXPECT_EQ(talk.line.Log().Received(), c.first + c.second) << c.name;
+    talk.line.Restore();
+    talk.Pass(milliseconds(2000));
+    talk.line.Faults() = {};
+    talk.Send("\x1b\r");
+    EXPECT_EQ(talk.Ask("mode"), "MODE R") << c.name;
+  }
+}
+
+TEST(SimLine, ASilentRadioShowsNoPromptEither) {
+  Talk talk(Remote(), With({{&LineFaults::SilentFrom, 1}}));
+  EXPECT_EQ(talk.Send("\x1b\r\n\r\r"), "");
+}
+
+TEST(SimLine, BabblesFromTheMomentItIsToldTo) {
+  Talk talk;
+  talk.Pass(std::chrono::seconds(100));
+  talk.line.Faults().BabblePerSecond = 1000;
+  const std::string babble = talk.Pass(std::chrono::seconds(1));
+  EXPECT_EQ(babble.size(), 1000U);
+  for (const char value : {'\0', '\x1b', '>', '\x80', '\xff'}) {
+    EXPECT_NE(babble.find(value), std::string::npos) << static_cast<int>(value);
+  }
+  talk.line.Faults().BabblePerSecond = 0;
+  EXPECT_EQ(talk.Pass(std::chrono::seconds(1)), "");
+}
+
+TEST(SimLine, KeepsOnlyTheEndOfALongLog) {
+  Talk talk;
+  talk.line.SetLogLimit(100);
+  for (int i = 0; i < 100; ++i) talk.Send("mode\r");
+  EXPECT_LE(talk.line.Log().Received().size(), 125U);
+  EXPECT_TRUE(talk.line.Log().Received().ends_with("mode\r\nMODE R\r\n>"));
+  EXPECT_EQ(talk.line.Log().ToRadio().Times.size(), talk.line.Log().Sent().size());
+  talk.line.ClearLog();
+  EXPECT_EQ(talk.line.Log().Sent() + talk.line.Log().Received(), "");
+}
+
+}  // namespace
+}  // namespace quillmark::sim

@@ -1,0 +1,154 @@
+#include "sim/sim_loader.h"
+
+#include <gmock/gmock.h>
+
+#include "talk.h"
+
+namespace quillmark::sim {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
+std::string Hex(unsigned value) {
+  constexpr char digits[] = "0123456789ABCDEF";
+  return {digits[value / 16 % 16], digits[value % 16]};
+}
+
+// One S-record with a line end; `address` counts `addressBytes` bytes.
+std::string Record(char type, unsigned addressBytes, unsigned address, std::string_view data) {
+  std::string bytes = Hex(addressBytes + static_cast<unsigned>(data.size()) + 1);
+  for (unsigned i = addressBytes; i-- > 0;) bytes += Hex(address >> (8 * i));
+  for (const char c : data) bytes += Hex(static_cast<unsigned char>(c));
+  unsigned sum = 0;
+  for (std::size_t i = 0; i < bytes.size(); i += 2) {
+    sum += static_cast<unsigned>(std::stoul(bytes.substr(i, 2), nullptr, 16));
+  }
+  return std::string("S") + type + bytes + Hex(255 - sum % 256) + "\r\n";
+}
+
+const std::string header = Record('0', 2, 0, "77-1234A01 3.2.1");
+const std::string data = Record('2', 3, 0x1000, "firmware") + Record('2', 3, 0x1008, "more");
+const std::string end = Record('8', 3, 0x1000, "");
+
+std::string Replaced(std::string text, std::size_t at, char with) {
+  text[at] = with;
+  return text;
+}
+
+// In the loader, erased, and at 115200 baud, as the console brings it there.
+void BringUp(Talk& talk) {
+  EXPECT_THAT(talk.Send("\r\r", 115200), EndsWith("LOADER>"));
+  EXPECT_EQ(talk.radio.Baud(), 115200);
+  talk.Send("ERASE\r", 115200);
+  EXPECT_THAT(talk.Pass(std::chrono::seconds(1)), EndsWith("ERASED\r\nLOADER>"));
+  EXPECT_EQ(talk.Send("PROGRAM\r", 115200), "PROGRAM\r\nSEND S-RECORDS\r\n");
+}
+
+SimRadioOptions InLoader() {
+  SimRadioOptions options;
+  options.StartInLoader = true;
+  return options;
+}
+
+TEST(SimLoader, JudgesTheWholeImage) {
+  const std::string count = Record('5', 2, 2, "");
+  const struct {
+    std::string name;
+    std::string image;
+    std::string verdict;
+  } cases[] = {
+      {"sound", header + data + count + end, "PROGRAMMED OK"},
+      {"without a last line end", header + data + end.substr(0, end.size() - 2), "PROGRAMMED OK"},
+      {"one byte behind it", header + data + end + "!", "PROGRAMMED OK"},
+      {"empty lines", header + "\r\n\n" + data + end, "PROGRAMMED OK"},
+      {"checksum", header + Replaced(data, 14, 'F') + end, "CHECKSUM IN RECORD 2"},
+      {"no digit", header + Replaced(data, 14, 'x') + end, "DIGIT IN RECORD 2"},
+      {"byte dropped", header + data.substr(0, 14) + data.substr(15) + end, "LENGTH IN RECORD 2"},
+      {"line end lost", header + data.substr(0, 28) + data.substr(30) + end, "LENGTH IN RECORD 2"},
+      {"unknown type", header + Replaced(data, 1, '4') + end, "TYPE IN RECORD 2"},
+      {"order", header + Record('2', 3, 0x1001, "x") + data + end, "ADDRESS IN RECORD 3"},
+      {"count", header + data + Record('5', 2, 3, "") + end, "COUNT IN RECORD 4"},
+      {"no header", data + end, "HEADER IN RECORD 1"},
+      {"no version", Record('0', 2, 0, "77-1234") + data + end, "HEADER IN RECORD 1"},
+      {"other radio", Record('0', 2, 0, "77-9999A01 3.2.1") + data + end,
+       "OTHER RADIO IN RECORD 1"},
+      {"no data", header + end, "NO DATA IN RECORD 2"},
+      {"bad end", header + data + Replaced(end, 5, '7'), "CHECKSUM IN RECORD 4"},
+      {"no end", header + data, "NO END RECORD"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Talk talk(InLoader());
+    BringUp(talk);
+    std::string said = talk.Send(c.image, 115200);
+    said += talk.Pass(std::chrono::seconds(2));
+    const bool sound = c.verdict == "PROGRAMMED OK";
+    const std::string text = sound ? c.verdict : "PROGRAMMING FAILED: " + c.verdict;
+    EXPECT_EQ(said, "\r\n" + text + "\r\nLOADER>");
+    EXPECT_EQ(talk.radio.Transfer().Sound, sound);
+    EXPECT_THAT(talk.Send("EXIT\r", 115200), HasSubstr(sound ? "STARTING 3.2.1" : "NO FIRMWARE"));
+  }
+}
+
+TEST(SimLoader, TakesARadioThroughAWholeUpgrade) {
+  Talk talk(Master());
+  EXPECT_EQ(talk.Ask("YES"), "INVALID COMMAND");
+  EXPECT_EQ(talk.Send("PROGRAM\r"), "PROGRAM\r\nARE YOU SURE?\r\n>");
+  EXPECT_EQ(talk.Ask("NO"), "FIRMWARE KEPT");
+  talk.Send("PROGRAM\r");
+  EXPECT_EQ(talk.Send("YES\r"), "YES\r\nERASING\r\n");
+  EXPECT_EQ(talk.Send("\r"), "");  // hears nothing while it works
+  EXPECT_EQ(talk.Pass(std::chrono::seconds(2)), "\r\nLOADER>");
+  EXPECT_EQ(talk.Send("\x1b\r\n\r\r"), "\r\nLOADER>\r\nLOADER>\r\nLOADER>");
+  EXPECT_EQ(talk.Ask("EXIT"), "NO FIRMWARE");
+  EXPECT_EQ(talk.Ask("PROGRAM"), "NOT ERASED");
+  BringUp(talk);
+
+  const Time start = talk.now;
+  const std::string image = header + data + end;
+  EXPECT_THAT(talk.Send(image, 115200), HasSubstr("PROGRAMMED OK"));
+  const SimTransfer& transfer = talk.radio.Transfer();
+  // Two line-end bytes behind the last record are no longer part of the transfer.
+  const auto bytes = static_cast<std::int64_t>(image.size()) - 2;
+  EXPECT_EQ(transfer.Bytes, bytes);
+  EXPECT_EQ(transfer.Records, 4);
+  EXPECT_EQ(transfer.DataBytes, 12);
+  EXPECT_EQ(transfer.First - start, Time(86));
+  EXPECT_EQ(transfer.Last - start, Time(bytes * 10'000'000 / 115200));
+
+  EXPECT_THAT(talk.Send("EXIT\r", 115200), HasSubstr("STARTING 3.2.1"));
+  EXPECT_EQ(talk.radio.Baud(), 19200);
+  talk.line.HostListens(19200);
+  EXPECT_EQ(talk.Pass(std::chrono::milliseconds(10)), "\r\n>");
+  EXPECT_EQ(talk.Ask("srev"), "77-1234A01\r\n3.2.1  01Jan2009");
+  EXPECT_EQ(talk.radio.At(), Level::Command);
+}
+
+TEST(SimLoader, ComesBackFromABrokenTransfer) {
+  Talk talk(InLoader());
+  BringUp(talk);
+  talk.Send(header + data.substr(0, 20), 115200);
+  // The host gives up and is back at 19200: the transfer ends, and two carriage returns bring the
+  // loader to that rate.
+  talk.Send("CLOS\r");
+  EXPECT_FALSE(talk.radio.Transfer().Sound);
+  EXPECT_THAT(talk.Send("\x1b\r\n\r\r\r\r"), EndsWith("LOADER>"));
+  EXPECT_EQ(talk.radio.Baud(), 19200);
+  EXPECT_EQ(talk.Ask("EXIT"), "NO FIRMWARE");
+}
+
+TEST(SimLoader, StallsAtTheByteItIsToldTo) {
+  SimRadioOptions options = InLoader();
+  options.Loader.StallAtByte = 50;
+  Talk talk(options);
+  BringUp(talk);
+  EXPECT_EQ(talk.Send(header + data + end, 115200), "");
+  EXPECT_EQ(talk.radio.Transfer().Bytes, 50);
+  EXPECT_EQ(talk.Pass(std::chrono::seconds(50)), "");
+  EXPECT_THAT(talk.Pass(std::chrono::seconds(60)), HasSubstr("NO END RECORD"));
+}
+
+}  // namespace
+}  // namespace quillmark::sim

@@ -1,0 +1,314 @@
+#include "sim/sim_radio.h"
+
+#include <gmock/gmock.h>
+
+#include "sim/sim_words.h"
+#include "talk.h"
+
+namespace quillmark::sim {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+SimRadioOptions WithoutFeatures() {
+  SimRadioOptions options = Master();
+  options.LowPower = options.RtuSelected = false;
+  return options;
+}
+
+SimRadioOptions Lost() {
+  SimRadioOptions options = Remote();
+  options.Synchronised = false;
+  return options;
+}
+
+SimRadioOptions Protected() {
+  SimRadioOptions options = Master();
+  options.Password = "abcd";
+  return options;
+}
+
+TEST(SimRadio, AnswersInTheShapeOfTheDialect) {
+  const struct {
+    std::string typed;
+    std::string reply;
+  } cases[] = {
+      {"mode\r", "mode\r\nMODE R\r\n>"},
+      {"MoDe\r\n", "MoDe\r\nMODE R\r\n>"},
+      {"\r", "\r\n>"},
+      {"\x1b\r\n\r\r", "\r\n>\r\n>\r\n>"},
+      {"mo\x1b\r", "mo\r\n>"},
+      {"modx\be\r", "modx\b \be\r\nMODE R\r\n>"},
+      {"# a remark\r", "# a remark\r\n>"},
+      {"OPEN\r", "OPEN\r\n>"},
+      {"CLOS\r", "CLOS\r\nCLOSED\r\n>"},
+      {"srev\r", "srev\r\n77-1234A01\r\n3.2.0  01Jan2009\r\n>"},
+      {"deco\r", "deco\r\n>"},
+      {"ser\r", "\r\nSN 00123456\r\n>"},
+      {"eeco\r", "\r\n>"},
+      {"nonsense\r", "nonsense\r\nINVALID COMMAND\r\n>"},
+      {"own \r", "own \r\nPROGRAMMED OK\r\n>"},
+      {"own\r", "own\r\n\r\n>"},
+      {std::string(300, 'x') + "\r", std::string(255, 'x') + "\r\nINVALID COMMAND\r\n>"},
+  };
+  Talk talk;
+  for (const auto& c : cases) EXPECT_EQ(talk.Send(c.typed), c.reply);
+}
+
+TEST(SimRadio, ReadsByRevisionModeAndFeatures) {
+  const struct {
+    SimRadioOptions options;
+    std::string typed;
+    std::string text;
+  } cases[] = {
+      {Remote(), "unit", "UNIT 3456"},
+      {Remote(), "own", "Quillmark SS"},
+      {Remote(), "pwr", "PWR 30 dBm"},
+      {Remote(), "baud", "BAUD 4800 8N1"},
+      {Remote(), "amask", "MASK: FFFF FFFF"},
+      {Remote(), "asense", "ALARM ACTIVE: HI"},
+      {Remote(), "ctshold", "CTSHOLD n/a"},
+      {Remote(), "sleep", "SLEEP OFF"},
+      {Master(), "sleep", "SLEEP n/a"},
+      {Remote(), "csaddr", "n/a"},
+      {Master(), "csaddr", "n/a"},
+      {Remote(), "repeat", "REPEAT 0"},
+      {Lost(), "repeat", "REPEAT PROGRAMMABLE ONLY AT MASTER"},
+      {Remote(), "hoptime 28", "HOPTIME PROGRAMMABLE ONLY AT MASTER"},
+      {Remote(), "lpm", "LPM 0"},
+      {WithoutFeatures(), "lpm", "NOT A SELECTED OPTION"},
+      {WithoutFeatures(), "lpmhold 5", "NOT A SELECTED OPTION"},
+      {WithoutFeatures(), "rtu", "NOT A SELECTED OPTION"},
+      {Remote(), "dlink", "DLINK 19200 (ON)"},
+      {Remote(), "rtu", "RTU 0 (OFF)"},
+      {Remote(), "show sync", "DEPTH 1 UNIT 1000 XADDR 0"},
+      {Master(), "show sync", "NOT AVAILABLE"},
+      {Remote(), "show pwr", "POWER 30 dBm"},
+      {Remote(), "options", "Diagnostics ON, Low Power ON, Poll Simulator ON"},
+      {Remote(), "alarm", "00000000 Minor\r\nNo active alarms"},
+      {Remote(), "ALARM ACTIVE HI", "INVALID ENTRY"},
+      {Master(), "rssi", "RSSI n/a"},
+      {Remote(), "rx", "INVALID COMMAND"},
+      {Remote("1.9.0"), "xmin", "XMIN 0"},
+      {Remote("2.0.0"), "xmin", "INVALID COMMAND"},
+      {Remote("1.10.2"), "xpri", "INVALID COMMAND"},
+      {Remote("2.0.0"), "xpri", "XPRI NONE"},
+      {Remote("1.9.9"), "dlink on", "INVALID COMMAND"},
+      {Remote("1.9.9"), "xaddr 63", "PROGRAMMED OK"},
+      {Remote("2.0.0"), "xaddr 32", "INVALID ENTRY"},
+      {Remote("2.9.9"), "rxd", "INVALID COMMAND"},
+      {Remote("3.0.0"), "rxd", "RXD 0"},
+      {Remote("3.1.9"), "lpmhold", "INVALID COMMAND"},
+  };
+  for (const auto& c : cases) {
+    Talk talk(c.options);
+    EXPECT_EQ(talk.Ask(c.typed), c.text) << c.typed << " at " << c.options.Revision;
+  }
+}
+
+TEST(SimRadio, TakesWhatIsInRangeAndKeepsIt) {
+  const struct {
+    std::string word;
+    std::string value;
+    std::string kept;  // "" when it is an invalid entry
+  } cases[] = {
+      {"unit", "10000", "10000"},
+      {"unit", "9999", "9999"},
+      {"unit", "65001", ""},
+      {"unit", "999", ""},
+      {"pwr", " 20  dBm", "20 dBm"},
+      {"pwr", "19", ""},
+      {"pwr", "31", ""},
+      {"pwr", "2x", ""},
+      {"baud", "9600", "9600 8N1"},
+      {"baud", "7e2", "9600 7E2"},
+      {"baud", "300 8N1", "300 8N1"},
+      {"baud", "9601", ""},
+      {"baud", "9600 9N1", ""},
+      {"device", "cts  key", "CTS KEY"},
+      {"amask", "  0000 00ff", "0000 00FF"},
+      {"amask", "0000", ""},
+      {"asense", "lo", "LO"},
+      {"asense", "MID", ""},
+      {"rxtot", "1440", "1440"},
+      {"rxtot", "none", "NONE"},
+      {"rxtot", "0", ""},
+      {"addr", "65000", "65000"},
+      {"addr", "01000", "1000"},
+      {"addr", "65001", ""},
+      {"csaddr", "7", "7"},
+      {"hoptime", "29", "29"},
+      {"hoptime", "8", ""},
+      {"skip", "5 2,1", "1,2,5"},
+      {"skip", "none", "NONE"},
+      {"skip", "1234", "1,2,3,4"},
+      {"skip", "12345", ""},
+      {"skip", "9", ""},
+      {"xmap", "f", "0000000F"},
+      {"xmap", "123456789", ""},
+      {"xrssi", "-90", "-90"},
+      {"xrssi", "90", ""},
+      {"dlink", "off", "19200 (OFF)"},
+      {"dlink", "1200", "1200 (OFF)"},
+      {"dlink", "9600 (ON)", "9600 (ON)"},
+      {"dlink", "300", ""},
+      {"rtu", "80", "80 (OFF)"},
+      {"rtu", "81", ""},
+      {"rtu", "ON", "80 (ON)"},
+      {"rtu", "ON 5", ""},
+      {"own", std::string(30, 'o'), std::string(30, 'o')},
+      {"own", std::string(31, 'o'), ""},
+  };
+  Talk talk(Master());
+  for (const auto& c : cases) {
+    const std::string before = talk.radio.Setting(c.word);
+    const std::string expected = c.kept.empty() ? "INVALID ENTRY" : "PROGRAMMED OK";
+    EXPECT_EQ(talk.Ask(c.word + " " + c.value), expected) << c.word << " " << c.value;
+    EXPECT_EQ(talk.radio.Setting(c.word), c.kept.empty() ? before : c.kept);
+  }
+  EXPECT_EQ(talk.Ask("ctshold"), "CTSHOLD 0");  // now that the device is CTS KEY
+}
+
+TEST(SimRadio, TakesItsOwnPrintedValuesBack) {
+  for (const std::string revision : {"1.9.0", "3.2.0"}) {
+    Talk talk(Master(revision));
+    for (const SettingRow& row : SettingRows()) {
+      const std::string word(row.Word);
+      const std::string value = talk.radio.Setting(word);
+      const int number = RevisionNumber(revision);
+      if (number < row.From || number >= row.Below) continue;
+      EXPECT_EQ(talk.Ask(word + " " + value), "PROGRAMMED OK") << word;
+      EXPECT_EQ(talk.radio.Setting(word), value);
+    }
+  }
+}
+
+TEST(SimRadio, AsksForALoginBeforeItChangesAnything) {
+  const struct {
+    std::string typed;
+    std::string text;
+  } steps[] = {
+      {"own Quillmark SS", "ACCESS DENIED"},
+      {"ADDR NONE", "ACCESS DENIED"},
+      {"zone clear", "ACCESS DENIED"},
+      {"setup", "ACCESS DENIED"},
+      {"PROGRAM", "ACCESS DENIED"},
+      {"code 5", "ACCESS DENIED"},
+      {"k7m2", "ACCESS DENIED"},
+      {"addr", "ADDR NONE"},
+      {"pass ABCD", "PASSWORD INVALID"},
+      {"pass ", "PASSWORD INVALID"},
+      {"pass abcd", "PASSWORD OK"},
+      {"ADDR 1000", "PROGRAMMED OK"},
+      {"code 0", "INVALID ENTRY"},
+      {"code 255", "PROGRAMMED OK"},
+      {"code none", "PROGRAMMED OK"},
+      {"PASS NONE", "LOGGED OUT"},
+      {"addr 7", "ACCESS DENIED"},
+      {"pass abcd", "PASSWORD OK"},
+      {"k7m2 12345", "INVALID ENTRY"},
+      {"k7m2 new", "PROGRAMMED OK"},
+      {"PASS NONE", "LOGGED OUT"},
+      {"pass abcd", "PASSWORD INVALID"},
+      {"pass new", "PASSWORD OK"},
+      {"k7m2", "PROGRAMMED OK"},
+      {"PASS NONE", "LOGGED OUT"},
+      {"addr 7", "PROGRAMMED OK"},
+  };
+  Talk talk(Protected());
+  for (const auto& step : steps) EXPECT_EQ(talk.Ask(step.typed), step.text) << step.typed;
+}
+
+TEST(SimRadio, ShowsNoSecretInALog) {
+  EXPECT_EQ(SimRadioCommands::Masked("pass abcd"), "pass ****");
+  EXPECT_EQ(SimRadioCommands::Masked("K7M2 abcd"), "k7m2 ****");
+  EXPECT_EQ(SimRadioCommands::Masked("psas abcd"), "(unknown, 9 characters)");
+  EXPECT_EQ(SimRadioCommands::Masked("ADDR 1000"), "ADDR 1000");
+}
+
+TEST(SimRadio, WorksInSetupMode) {
+  const struct {
+    std::string typed;
+    std::string reply;
+  } steps[] = {
+      {"setup", "setup\r\nSETUP>"},
+      {"rx", "rx\r\nRX 915.000\r\nSETUP>"},
+      {"rx 902.2", "rx 902.2\r\nPROGRAMMED OK\r\nSETUP>"},
+      {"RX", "RX\r\nRX 902.200\r\nSETUP>"},
+      {"tx 927.601", "tx 927.601\r\nINVALID ENTRY\r\nSETUP>"},
+      {"mode", "mode\r\nMODE M\r\nSETUP>"},
+      {"KEY", "KEY\r\nSETUP>"},
+      {"quit", "quit\r\n>"},
+      {"KEY", "KEY\r\nINVALID COMMAND\r\n>"},
+  };
+  Talk talk(Master());
+  for (const auto& step : steps) {
+    EXPECT_EQ(talk.Send(step.typed + "\r"), step.reply);
+    EXPECT_EQ(talk.radio.Keyed(), step.reply == "KEY\r\nSETUP>");
+  }
+}
+
+TEST(SimRadio, PagesItsStatus) {
+  Talk talk;
+  const std::string first = talk.Send("stat\r");
+  EXPECT_THAT(first, testing::AllOf(testing::StartsWith("stat\r\nSTATUS\r\n"),
+                                    testing::EndsWith("\r\nMORE>")));
+  EXPECT_THAT(talk.Send("\r"), testing::EndsWith("FFFF FFFF\r\nMORE>"));
+  EXPECT_THAT(talk.Send("\r"), testing::EndsWith("\r\n>"));
+  EXPECT_EQ(talk.Send("\r"), "\r\n>");
+  talk.Send("stat\r");
+  EXPECT_EQ(talk.Ask("mode"), "MODE R");  // any other line leaves the report
+  talk.Send("stat\r");
+  EXPECT_EQ(talk.Send("\x1b\r"), "\r\n>");  // and so does a wake
+}
+
+TEST(SimRadio, ReportsTheSignalUntilACarriageReturn) {
+  Talk talk;
+  const std::string reports = talk.Send("rssi\r");
+  EXPECT_THAT(reports, testing::StartsWith("rssi\r\nRSSI -97 dBm\r\nRSSI -97 dBm\r\n"));
+  EXPECT_EQ(reports.size(), 6 + 5 * 14);  // one each 200 ms
+  talk.radio.SetRssi(-120);
+  EXPECT_THAT(talk.Send("mode"), HasSubstr("\r\nRSSI -120 dBm\r\n"));
+  talk.Send("\r");
+  EXPECT_EQ(talk.Send("\r"), "\r\n>");
+}
+
+TEST(SimRadio, ShowsZoneCountersWhereTheConsoleLooks) {
+  Talk talk;
+  talk.radio.SetZoneCounters(1, 12, 34, 5);
+  talk.radio.SetZoneCounters(8, 99999999, 100000001, 7);
+  const std::string reply = talk.Send("ZONE DATA\r");
+  EXPECT_EQ(reply.size(), 516U);
+  EXPECT_THAT(reply, testing::StartsWith("ZONE DATA\r\n1:TX TOTAL 00000012\r\n"
+                                         "1:RX TOTAL 00000034\r\n1:RX ERROR 00000005\r\n2:TX"));
+  EXPECT_THAT(reply, testing::EndsWith("8:TX TOTAL 99999999\r\n8:RX TOTAL 00000001\r\n"
+                                       "8:RX ERROR 00000007\r\n>"));
+  EXPECT_EQ(talk.Ask("zone clear"), "PROGRAMMED OK");
+  EXPECT_THAT(talk.Send("zone data\r"), testing::EndsWith("8:RX ERROR 00000000\r\n>"));
+}
+
+TEST(SimRadio, AnotherBaudIsNoiseBothWays) {
+  Talk talk;
+  const std::string noise = talk.Send("mode\r", 9600);
+  EXPECT_EQ(noise.size(), 5U);
+  EXPECT_EQ(noise.find_first_of("mode\r\n>"), std::string::npos);
+  EXPECT_EQ(talk.radio.WrongBaudBytes(), 5);
+  EXPECT_EQ(talk.Ask("mode"), "MODE R");
+  EXPECT_THAT(talk.radio.Commands(), ElementsAre("mode"));
+}
+
+TEST(SimRadio, RemembersLinesAndTakesRepliesFromATest) {
+  Talk talk;
+  for (const char* line : {"MODE M", "addr 1", "", "MODE M", "PWR 30", "srev"}) talk.Ask(line);
+  EXPECT_THAT(talk.radio.CommandsAfter("MODE M"), ElementsAre("PWR 30", "srev"));
+  EXPECT_EQ(talk.radio.Lines().size(), 6U);
+  EXPECT_TRUE(talk.radio.Program("hoptime", "28"));
+  EXPECT_FALSE(talk.radio.Program("hoptime", "27"));
+  talk.radio.SetReply("repeat", "\r\nREPEAT\r\n", false);
+  EXPECT_EQ(talk.Send("repeat 3\r"), "repeat 3\r\nREPEAT\r\n");
+  EXPECT_EQ(talk.radio.Setting("repeat"), "3");
+}
+
+}  // namespace
+}  // namespace quillmark::sim
