@@ -112,6 +112,10 @@ class Bench : public ::testing::Test {
   Expectation& ExpectOpenFile(const std::string& title);
   Expectation& ExpectSaveFile(const std::string& title);
   Expectation& ExpectWindow(const std::string& name);
+  // For sessions with faults at random: unexpected boxes and dialogs are closed without failing the
+  // test. Boxes() tells them all the same.
+  void TolerateBoxes(bool tolerated = true) { user.Tolerate(tolerated); }
+  // Everything that came up, in the order of coming.
   const std::vector<ScriptedUser::Seen>& Boxes() const { return user.SeenBoxes(); }
 
   // --- What can be read ---

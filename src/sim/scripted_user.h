@@ -86,6 +86,8 @@ class ScriptedUser : public Dialogs, public Windows {
   // The expectations that nothing has met yet.
   std::vector<std::string> Unmet() const;
   void Forget() { expected.clear(); }
+  // From now on a box or dialog that nobody expected is closed without a word.
+  void Tolerate(bool tolerated) { tolerant = tolerated; }
 
   // The windows on the screen, the newest last.
   const std::vector<std::shared_ptr<Form>>& OpenWindows();
@@ -116,6 +118,7 @@ class ScriptedUser : public Dialogs, public Windows {
   std::vector<std::shared_ptr<Form>> windows;
   std::vector<Form*> modal;
   int boxesUp = 0;
+  bool tolerant = false;
 };
 
 }  // namespace quillmark::sim
