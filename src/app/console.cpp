@@ -111,7 +111,7 @@ void Console::Form_Load() {
   ClearTempDirectory(platform.Files);
   platform.Random.Seed(static_cast<std::uint32_t>(platform.Events.LocalSeconds()));
   main->Timer1.Enabled = true;
-  main->Caption = frmOrvalent::Title;
+  main->Caption = ProgramTitle;
   platform.MSComm1.SetSettings("19200,N,8,1");
   platform.MSComm1.SetHandshaking(0);
   main->txtTerm.Text = "";
@@ -165,7 +165,7 @@ bool Console::DrainOutput() {
   };
   while (!WaitUntil(platform.Events, Seconds(10), sent)) {
     const Answer answer = platform.Dialogs.Message(
-        {"Data cannot be sent", "", Icon::Question, Buttons::AbortRetryIgnore});
+        {"Data cannot be sent", ProgramTitle, Icon::Question, Buttons::AbortRetryIgnore});
     if (answer == Answer::Abort) return false;
     if (answer == Answer::Ignore) return true;
   }

@@ -23,8 +23,6 @@ class frmOrvalent : public Form,
                     public SettingsRows,
                     public QuickTaskControls {
  public:
-  static constexpr const char* Title = "KELVOR Quillmark SS Configuration";
-
   explicit frmOrvalent(EventLoop& events);
 
   TextBox txtTerm;

@@ -205,7 +205,7 @@ void Connection::DisconnectRadio() {
   try {
     if (platform.MSComm1.PortOpen()) SendClos();
   } catch (const SerialError& error) {
-    platform.Dialogs.Message({error.what(), "", Icon::Exclamation, Buttons::Ok, error.Details});
+    platform.Dialogs.Message({error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
   }
   for (Control* control : std::initializer_list<Control*>{
            &main.tbr_TransmitTextFile, &main.tbr_Disconnect, &main.tbr_Login, &main.tbr_Logout}) {

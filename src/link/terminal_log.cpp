@@ -30,7 +30,7 @@ void TerminalLog::mnuOpenLog_Click() {
     if (FileExists(*path)) {
       replace = dialogs.Message(
           {"Replace existing file - " + PathText(*path) + "?\r\rClick 'NO' to append to the file.",
-           "", Icon::Question, Buttons::YesNoCancel});
+           ProgramTitle, Icon::Question, Buttons::YesNoCancel});
       if (replace == Answer::Cancel) continue;
     }
     if (Prepare(*path, replace)) OpenFile(*path);
@@ -98,7 +98,7 @@ void TerminalLog::Write(std::string_view text) {
     if (WriteAll(next)) continue;
     asking = true;
     const Answer answer =
-        dialogs.Message({writeError.message(), "", Icon::Critical, Buttons::RetryCancel});
+        dialogs.Message({writeError.message(), ProgramTitle, Icon::Critical, Buttons::RetryCancel});
     asking = false;
     if (answer == Answer::Retry) {
       heldBack.insert(0, next);
@@ -120,7 +120,7 @@ bool TerminalLog::WriteAll(std::string_view text) {
 }
 
 void TerminalLog::ShowError(std::string_view text) {
-  dialogs.Message({std::string(text), "", Icon::Exclamation});
+  dialogs.Message({std::string(text), ProgramTitle, Icon::Exclamation});
 }
 
 }  // namespace quillmark

@@ -13,10 +13,13 @@ enum class Icon { None, Information, Question, Exclamation, Critical };
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore };
 enum class Answer { Ok, Cancel, Yes, No, Abort, Retry, Ignore };
 
-// A message box. An empty title means the application's title.
+// The application's title; also that of a box without a title of its own.
+inline constexpr const char* ProgramTitle = "KELVOR Quillmark SS Configuration";
+
+// A message box. An empty title is shown as such.
 struct MessageBox {
   std::string Text;
-  std::string Title;
+  std::string Title = ProgramTitle;
   Icon Symbol = Icon::None;
   Buttons Choice = Buttons::Ok;
   std::string Details{};  // more on the cause and the cure, on demand

@@ -105,7 +105,7 @@ class Bench : public ::testing::Test {
   void OnCommand(const std::string& command, std::function<void()> act);
 
   // --- Boxes, dialogs and modal windows to come, in any order ---
-  // An empty title is the application's title.
+  // A box without a title of its own has ProgramTitle.
 
   Expectation& ExpectBox(const std::string& title);
   Expectation& ExpectInput(const std::string& title);

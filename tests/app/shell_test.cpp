@@ -222,7 +222,7 @@ TEST_F(ShellTest, DataThatCannotBeSentIsAskedAbout) {
   Start();
   ASSERT_TRUE(Connect());
   const auto question = [&]() -> sim::Expectation& {
-    return ExpectBox("")
+    return ExpectBox(ProgramTitle)
         .Saying("Data cannot be sent")
         .With(Icon::Question)
         .With(Buttons::AbortRetryIgnore);
@@ -329,7 +329,7 @@ TEST_F(PropertiesTest, ChangingTheOpenPortAsksFirst) {
   EXPECT_EQ(Text("Mode"), "MODE M");
 
   // One that does not open: the error, the old number, the window still up, nothing stored.
-  ExpectBox("").Saying("No such file or directory").With(Icon::Exclamation);
+  ExpectBox(ProgramTitle).Saying("No such file or directory").With(Icon::Exclamation);
   change("Com9", Answer::Yes);
   EXPECT_EQ(Port().CommPort(), 2);
   EXPECT_EQ(Stored("Properties", "CommPort"), "2");

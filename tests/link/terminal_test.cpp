@@ -217,7 +217,7 @@ TEST_F(TerminalTest, ALogIsOpenedReplacedAppendedToAndClosed) {
   EXPECT_FALSE(Enabled("mnuCloseLog"));
 
   const auto question = [&]() -> sim::Expectation& {
-    return ExpectBox("")
+    return ExpectBox(ProgramTitle)
         .Saying("Replace existing file - " + log.string() +
                 "?\r\rClick 'NO' to append to the file.")
         .With(Icon::Question)
@@ -260,8 +260,8 @@ TEST_F(TerminalTest, ALogThatCantBeOpenedHarmsNothing) {
                {"/dev/full", true, Answer::Yes}};
   for (const auto& each : cases) {
     ExpectSaveFile("Open a Communications Log File").Choose(each.Path);
-    if (each.Exists) ExpectBox("").Containing("Replace existing file").Reply(each.Replace);
-    ExpectBox("").With(Icon::Exclamation);
+    if (each.Exists) ExpectBox(ProgramTitle).Containing("Replace existing file").Reply(each.Replace);
+    ExpectBox(ProgramTitle).With(Icon::Exclamation);
     ASSERT_TRUE(Click("mnuOpenLog"));
     EXPECT_TRUE(Enabled("mnuOpenLog")) << each.Path;
     EXPECT_FALSE(Enabled("mnuCloseLog")) << each.Path;
@@ -273,16 +273,16 @@ TEST_F(TerminalTest, ALogThatCantBeOpenedHarmsNothing) {
 TEST_F(TerminalTest, AFullDiskAsksAndLosesNothingMeanwhile) {
   StartConnected();
   ExpectSaveFile("Open a Communications Log File").Choose("/dev/full");
-  ExpectBox("").Containing("Replace existing file").Reply(Answer::No);
+  ExpectBox(ProgramTitle).Containing("Replace existing file").Reply(Answer::No);
   ASSERT_TRUE(Click("mnuOpenLog"));
   // Text that comes while the box is up brings no second box.
-  ExpectBox("")
+  ExpectBox(ProgramTitle)
       .Saying("No space left on device")
       .With(Icon::Critical)
       .With(Buttons::RetryCancel)
       .Do([&] { RadioSays("more"); })
       .Reply(Answer::Retry);
-  ExpectBox("").Saying("No space left on device").Reply(Answer::Cancel);
+  ExpectBox(ProgramTitle).Saying("No space left on device").Reply(Answer::Cancel);
   RadioSays("text");
   EXPECT_FALSE(Enabled("mnuCloseLog"));
   EXPECT_EQ(Text("txtTerm"), "textmore");

@@ -29,14 +29,14 @@ TEST(LinePace, HoldsWhatCannotHaveLeftYet) {
   const Duration start = Seconds(100);
   EXPECT_EQ(pace.Held(start), 0u);
   pace.Queue(start, 512);
-  EXPECT_EQ(pace.Left(start), Duration(44445));
-  EXPECT_EQ(pace.Held(start), 513u - 1u + 1u);
+  EXPECT_EQ(pace.Left(start), Duration(44444));
+  EXPECT_EQ(pace.Held(start), 512u);
   pace.Queue(start + Milliseconds(10), 512);
-  EXPECT_EQ(pace.Left(start), Duration(88890));
-  EXPECT_EQ(pace.Held(start + Duration(88889)), 1u);
-  EXPECT_EQ(pace.Held(start + Duration(88890)), 0u);
+  EXPECT_EQ(pace.Left(start), Duration(88888));
+  EXPECT_EQ(pace.Held(start + Duration(88887)), 1u);
+  EXPECT_EQ(pace.Held(start + Duration(88888)), 0u);
   pace.Queue(start + Seconds(1), 1);
-  EXPECT_EQ(pace.Left(start + Seconds(1)), Duration(87));
+  EXPECT_EQ(pace.Left(start + Seconds(1)), Duration(86));
 }
 
 }  // namespace

@@ -1,0 +1,250 @@
+#include "qt/qt_serial_port.h"
+
+#include <gmock/gmock.h>
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <QTemporaryDir>
+#include <fstream>
+
+#include "e2e/pty_pair.h"
+#include "qt/qt_event_loop.h"
+#include "qt/serial_access.h"
+
+namespace quillmark {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class SerialLine : public testing::Test {
+ protected:
+  SerialLine() {
+    port.OnComm = [this] {
+      codes.push_back(port.CommEvent());
+      if (taking) arrived += port.Input();
+    };
+  }
+
+  bool Until(std::function<bool()> done, double seconds = 3) {
+    return WaitUntil(events, Seconds(seconds), done);
+  }
+  // Whatever is on its way has arrived by now.
+  void Settle() {
+    WaitUntil(events, Milliseconds(60), [] { return false; });
+  }
+  void ExpectTrouble(const std::string& path, const std::string& text, const std::string& cure) {
+    device = path;
+    try {
+      port.SetPortOpen(true);
+      ADD_FAILURE() << path << " could be opened";
+    } catch (const SerialError& error) {
+      EXPECT_EQ(error.Number, SerialError::PortNotAvailable);
+      EXPECT_THAT(error.what(), HasSubstr(text));
+      EXPECT_THAT(error.Details, HasSubstr(cure));
+    }
+    EXPECT_FALSE(port.PortOpen());
+  }
+  static double ProcessorSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
+           static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+  }
+
+  QtEventLoop events;
+  PtyPair line;
+  std::string device = line.Path();
+  QtSerialPort port{events, [this](int) { return device; }};
+  std::vector<int> codes;
+  std::string arrived;
+  bool taking = true;
+};
+
+TEST_F(SerialLine, CarriesEveryByteBothWays) {
+  std::string all;
+  for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
+  line.Send("from before");
+  port.SetPortOpen(true);
+  EXPECT_THROW(port.SetCommPort(2), SerialError);
+  port.Output(all);
+  EXPECT_GE(port.OutBufferCount(), 200u);
+  EXPECT_TRUE(Until([&] { return port.OutBufferCount() == 0; }));
+  EXPECT_EQ(line.Received(), all);
+  line.Send(all);
+  EXPECT_TRUE(Until([&] { return arrived.size() >= all.size(); }));
+  EXPECT_EQ(arrived, all);
+
+  line.Send("unread");
+  port.SetPortOpen(false);
+  EXPECT_THROW(port.Output("x"), SerialError);
+  line.Send("while closed");
+  port.SetPortOpen(true);
+  arrived.clear();
+  Settle();
+  EXPECT_EQ(arrived, "");
+  line.Send("new");
+  EXPECT_TRUE(Until([&] { return arrived == "new"; })) << arrived;
+}
+
+TEST_F(SerialLine, TellsWhyAPortCannotBeOpened) {
+  const QTemporaryDir folder;
+  const std::string plain = folder.filePath("plain").toStdString();
+  const std::string fifo = folder.filePath("fifo").toStdString();
+  std::ofstream(plain) << "not a port";
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  ExpectTrouble("", "No device stands behind Com1", "choose another port");
+  ExpectTrouble("/dev/ttyNONE", "/dev/ttyNONE is not there", "Plug in the serial adapter");
+  ExpectTrouble(plain, "is not a serial device", "section \"Ports\"");
+  ExpectTrouble(fifo, "is not a serial device", "section \"Ports\"");
+  ExpectTrouble(folder.path().toStdString(), "is not a serial device", "section \"Ports\"");
+  ExpectTrouble("/dev/null", "cannot be used", "does not work as a serial port");
+
+  QtSerialPort other(events, [this](int) { return line.Path(); });
+  other.SetPortOpen(true);
+  ExpectTrouble(line.Path(), "in use by another program", "It may be a second console");
+  other.SetPortOpen(false);
+  port.SetPortOpen(true);
+  EXPECT_TRUE(port.PortOpen());
+}
+
+// Another user's rights, which a test that runs as root has to put on.
+TEST_F(SerialLine, TellsTheCureForAMissingRight) {
+  const char* node = line.Path().c_str();
+  const uid_t user = geteuid();
+  struct group* dialout = getgrnam("dialout");
+  const bool canChange = user == 0 && dialout != nullptr;
+  ASSERT_EQ(canChange ? chown(node, 0, dialout->gr_gid) : 0, 0);
+  ASSERT_EQ(chmod(node, canChange ? 0660 : 0060), 0);
+  ASSERT_EQ(canChange ? seteuid(65534) : 0, 0);
+  const auto trouble = TroubleBeforeOpening(line.Path());
+  ASSERT_EQ(seteuid(user), 0);
+  ASSERT_TRUE(trouble);
+  EXPECT_EQ(trouble->Text, "You have no right to use " + line.Path() + ".");
+  EXPECT_THAT(trouble->Details, HasSubstr(canChange ? "sudo usermod -aG dialout nobody"
+                                                    : "sudo usermod -aG "));
+  EXPECT_THAT(trouble->Details, HasSubstr("log out and in again"));
+}
+
+TEST_F(SerialLine, AnnouncesEachArrivalUnlessOneIsPending) {
+  port.SetPortOpen(true);
+  taking = false;
+  line.Send("one");
+  EXPECT_TRUE(Until([&] { return codes.size() == 1; }));
+  // A handler that took nothing does not end reception.
+  line.Send("two");
+  EXPECT_TRUE(Until([&] { return codes.size() == 2; }));
+  EXPECT_EQ(port.Input(), "onetwo");
+
+  // Input that was taken meanwhile raises nothing.
+  line.Send("three");
+  events.Sleep(Milliseconds(60));
+  EXPECT_EQ(port.Input(), "three");
+  Settle();
+  EXPECT_THAT(codes, ElementsAre(comm::Receive, comm::Receive));
+
+  // Nor does what came before a closing.
+  line.Send("four");
+  events.Sleep(Milliseconds(60));
+  port.SetPortOpen(false);
+  port.SetPortOpen(true);
+  Settle();
+  EXPECT_EQ(codes.size(), 2u);
+  EXPECT_EQ(port.Input(), "");
+}
+
+TEST_F(SerialLine, MovesBytesWhileTheLogicSleeps) {
+  port.SetPortOpen(true);
+  port.Output("ser\r");
+  events.Sleep(Milliseconds(50));
+  EXPECT_EQ(line.Received(), "ser\r");
+  line.Send("SN 1");
+  events.Sleep(Milliseconds(50));
+  EXPECT_EQ(port.Input(), "SN 1");
+}
+
+TEST_F(SerialLine, DrainsBeforeAChangeOfBaudAndBeforeClosing) {
+  port.SetPortOpen(true);
+  const Duration start = events.Now();
+  port.Output(std::string(480, 'x'));
+  port.SetSettings("115200,N,8,1");
+  const Duration drained = events.Now() - start;
+  EXPECT_GE(drained, Milliseconds(249));
+  EXPECT_LE(drained, Milliseconds(300));
+  EXPECT_EQ(port.OutBufferCount(), 0u);
+  EXPECT_EQ(port.Settings(), "115200,N,8,1");
+  EXPECT_THROW(port.SetSettings("fast"), SerialError);
+  EXPECT_EQ(line.Received(), std::string(480, 'x'));
+  // Nobody reads: more than the line holds, and half a second is all the patience there is.
+  port.Output(std::string(100'000, 'y'));
+  const Duration closing = events.Now();
+  port.SetPortOpen(false);
+  EXPECT_LE(events.Now() - closing, Milliseconds(900));
+  EXPECT_FALSE(port.PortOpen());
+}
+
+TEST_F(SerialLine, AWaitForTheOutputEndsAtTheMomentItHasLeft) {
+  port.SetSettings("115200,N,8,1");
+  port.SetPortOpen(true);
+  const Duration start = events.Now();
+  for (int block = 0; block < 5; ++block) {
+    port.Output(std::string(512, 'z'));
+    ASSERT_TRUE(Until([&] { return port.OutBufferCount() == 0; }));
+    line.Received();
+  }
+  const double atTheRate = 5 * 512 * 10 / 115200.0;
+  const double took = static_cast<double>((events.Now() - start).count()) / 1e6;
+  EXPECT_GE(took, atTheRate - 0.001);
+  EXPECT_LE(took, atTheRate * 1.06 + 0.005);
+}
+
+TEST_F(SerialLine, KeepsTheLastMegabyteAndSaysOnceThatMoreIsLost) {
+  port.SetPortOpen(true);
+  taking = false;
+  std::string sent;
+  while (sent.size() < SerialPort::InputLimit + 300'000) sent += std::to_string(sent.size()) + ",";
+  for (std::size_t at = 0; at < sent.size(); at += 4096) line.Send(sent.substr(at, 4096));
+  ASSERT_TRUE(Until([&] { return std::count(codes.begin(), codes.end(), 1008) > 0; }));
+  Settle();
+  const std::string kept = port.Input();
+  EXPECT_EQ(kept.size(), SerialPort::InputLimit);
+  EXPECT_EQ(kept, sent.substr(sent.size() - kept.size()));
+  EXPECT_EQ(std::count(codes.begin(), codes.end(), comm::ReceiveBufferOverflow), 1);
+}
+
+TEST_F(SerialLine, APortThatVanishesIsClosedAndReportedOnce) {
+  port.SetPortOpen(true);
+  line.Send("last words");
+  ASSERT_TRUE(Until([&] { return arrived == "last words"; }));
+  codes.clear();
+  line.HangUp();
+  ASSERT_TRUE(Until([&] { return !codes.empty(); }));
+  EXPECT_FALSE(port.PortOpen());
+  EXPECT_THROW(port.Output("CLOS\r"), SerialError);
+  EXPECT_EQ(port.OutBufferCount(), 0u);
+  const double before = ProcessorSeconds();
+  WaitUntil(events, Milliseconds(300), [] { return false; });
+  EXPECT_LE(ProcessorSeconds() - before, 0.02);
+  EXPECT_THAT(codes, ElementsAre(comm::PortVanished));
+  ExpectTrouble(line.Path(), "is not there", "Plug in");
+
+  const PtyPair again;
+  device = again.Path();
+  port.SetPortOpen(true);
+  EXPECT_TRUE(port.PortOpen());
+}
+
+TEST_F(SerialLine, AClosingByTheLogicHidesTheHangUpThatItRaced) {
+  port.SetPortOpen(true);
+  port.Output("on its way");
+  line.HangUp();
+  events.Sleep(Milliseconds(60));
+  port.SetPortOpen(false);
+  Settle();
+  EXPECT_THAT(codes, ElementsAre());
+}
+
+}  // namespace
+}  // namespace quillmark
