@@ -56,6 +56,7 @@ void Connection::mnuOpen_Click() {
   const Raised underWay(connecting);
   main.ConnectCancelled = false;
   main.NotConnected = false;
+  main.ReplyIsSecret = false;
   try {
     OpenAndWake();
   } catch (const SerialError& error) {
@@ -127,6 +128,8 @@ void Connection::ShowConnected() {
   EnableRadioMenus(true);
   ShowLamp(true);
   EnableRadioActions();
+  // The wake attempt's dots have told their tale.
+  main.Timer2.Enabled = true;
 }
 
 void Connection::AwaitPrompt() {

@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t terminalLimit = 16000;  // characters, before the last arrival
 constexpr std::size_t terminalCut = 4096;
 constexpr char backspace = 8;
+constexpr std::size_t longestPromptLine = 16;  // a line end and a prompt, with room to spare
 
 // Each backspace takes the character in front of it away; one that has none there is told by
 // `reachesBack`.
@@ -92,6 +93,22 @@ void Receiver::ReportError(const std::string& wording) {
   main.Timer2.Enabled = true;
 }
 
+// A radio may echo a secret against its orders: nothing of its reply is shown or logged. The reply
+// ends at the prompt, which stands at the head of a line.
+std::string Receiver::BehindSecretReply(const std::string& data) {
+  for (std::size_t at = 0; at < data.size(); ++at) {
+    if (secretLine.size() < longestPromptLine) secretLine += data[at];
+    const bool prompted =
+        secretLine == "\n>" || secretLine == "\nSETUP>" || secretLine == "\nLOADER>";
+    if (data[at] == '\n') secretLine = "\n";
+    if (!prompted) continue;
+    main.ReplyIsSecret = false;
+    secretLine.clear();
+    return data.substr(at + 1);
+  }
+  return {};
+}
+
 void Receiver::ReceiveText(TextBox& term, std::string& data) {
   if (main.DiscardReceived) {
     session.RxBuffer = " ";
@@ -102,6 +119,7 @@ void Receiver::ReceiveText(TextBox& term, std::string& data) {
   const std::size_t termLength = term.Text().size();
   session.RxBuffer.Append(data);
   if (session.RxBuffer.HoldsClosed()) connection.DisableRadioActions();
+  if (main.ReplyIsSecret) data = BehindSecretReply(data);
   term.SetSelStart(termLength);
   bool reachesBack = false;
   data = WithoutBackspaces(data, reachesBack);

@@ -26,6 +26,7 @@ class Receiver {
   char txtTerm_KeyPress(char key);
 
  private:
+  std::string BehindSecretReply(const std::string& data);
   void ShowCommStatusText(const std::string& wording);
   void ReportError(const std::string& wording);
 
@@ -37,6 +38,7 @@ class Receiver {
   std::string CommEventText;
   std::string CommErrorText;
   std::string ReceiveChunk;
+  std::string secretLine;  // the head of the line that a secret's reply is at
   bool errorBoxUp = false;
 };
 

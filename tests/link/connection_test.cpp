@@ -61,6 +61,9 @@ TEST_F(ConnectionTest, ConnectingWakesResetsAndOpensTheSession) {
   EXPECT_LE(Now() - began, Milliseconds(1850));
   ExpectShown(true);
   EXPECT_TRUE(Enabled("tbr_Login"));
+  EXPECT_EQ(Text("pnl_Status"), "Status: Connecting........");  // and two seconds later no more
+  Run(Seconds(2));
+  EXPECT_EQ(Text("pnl_Status"), "Status: ");
   for (const char* preset : {"cmdPre_0", "cmdPre_5"}) EXPECT_FALSE(Enabled(preset));
 }
 
