@@ -27,6 +27,7 @@ Console::Console(Platform& machine)
 
 Console::~Console() {
   platform.MSComm1.OnComm = nullptr;
+  if (const auto window = splash.lock()) window->Dismiss();
   main->Unload();
 }
 
@@ -87,8 +88,10 @@ void Console::tbrToolBar_ButtonClick(std::string_view key) {
 }
 
 void Console::Start() {
-  platform.Windows.Show(std::make_shared<frmSplash>(platform.Events, platform.Desktop, session,
-                                                    [this] { ShowMain(); }));
+  const auto window = std::make_shared<frmSplash>(platform.Events, platform.Desktop, session,
+                                                  [this] { ShowMain(); });
+  splash = window;
+  platform.Windows.Show(window);
 }
 
 void Console::mnuAbout_Click() {
@@ -134,13 +137,20 @@ void Console::mnuProperties_Click() {
 
 void Console::Form_Unload() {
   if (ending) return;
+  if (!mainLoaded) {
+    platform.Events.Quit();
+    return;
+  }
   ending = true;
   ++mainTimer.LineHolders;
+  const bool wasOpen = platform.MSComm1.PortOpen();
   SendLogout();
   const bool drained = DrainOutput();
   --mainTimer.LineHolders;
   if (!drained) {
     ending = false;
+    // Opened for the logout alone; the window shows it closed.
+    if (!wasOpen) platform.MSComm1.SetPortOpen(false);
     return;
   }
   platform.MSComm1.SetPortOpen(false);
@@ -153,6 +163,7 @@ void Console::SendLogout() {
   if (!session.LogoutOnQuit) return;
   try {
     if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);
+    if (main->EchoIsOff) platform.MSComm1.Output("eeco\r");
     platform.MSComm1.Output("PASS NONE\r");
   } catch (const SerialError&) {
     return;  // nobody is there to be logged out

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "app/frmOrvalent.h"
+#include "app/frmSplash.h"
 #include "link/connection.h"
 #include "link/receiver.h"
 #include "link/session.h"
@@ -56,6 +57,7 @@ class Console {
   Receiver receiver;
   ReadCycle readCycle;
   MainTimer mainTimer;
+  std::weak_ptr<frmSplash> splash;
   bool mainLoaded = false;
   bool ending = false;
 };

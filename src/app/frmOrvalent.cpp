@@ -18,7 +18,7 @@ frmOrvalent::frmOrvalent(EventLoop& events)
       MainMenus(static_cast<Form&>(*this)),
       SettingsRows(static_cast<Form&>(*this)),
       QuickTaskControls(static_cast<Form&>(*this)),
-      txtTerm(*this, this, "txtTerm", "Terminal Window to radio."),
+      txtTerm(*this, this, "txtTerm"),
       ButtonAdv(*this, this, "ButtonAdv", "Advanced"),
       ButtonZoneData(*this, this, "ButtonZoneData", "Zone Data"),
       ButtonRSSI(*this, this, "ButtonRSSI", "RSSI"),
@@ -29,6 +29,7 @@ frmOrvalent::frmOrvalent(EventLoop& events)
       Timer1(*this, "Timer1", events, 1000, false),
       Timer2(*this, "Timer2", events, 2000, false),
       tmrPortTO(*this, "tmrPortTO", events, 2000, false) {
+  txtTerm.ToolTip = "Terminal Window to radio.";
   ButtonZoneData.ToolTip = "Click to get Zone Data statistics.";
   ButtonZoneData.Enabled = false;
   ButtonRSSI.ToolTip = "Click to get RSSI information. (Remote only)";
@@ -92,7 +93,8 @@ void frmOrvalent::Form_Resize() {
   txtTerm.Left = 60;
   txtTerm.Top = toolbar + 60;
   txtTerm.Width = Width() - 120;
-  txtTerm.Height = SettingsTab.Top() - toolbar - 120;
+  // While the terminal is hidden there is no room for it, and it keeps its height.
+  if (TerminalShown) txtTerm.Height = SettingsTab.Top() - toolbar - 120;
   Frame1.Left = Width() - 1.5 * Frame1.Width();
   ButtonRefresh.Left = Frame1.Left() - 2 * ButtonRefresh.Width();
   ButtonRSSI.Left = ButtonRefresh.Left() - ButtonRSSI.Width() - 80;

@@ -47,7 +47,12 @@ void frmSplash::Timer1_Timer() {
 
 void frmSplash::Form_Unload() {
   Timer1.Enabled = false;
-  onUnload();
+  if (onUnload) onUnload();
+}
+
+void frmSplash::Dismiss() {
+  onUnload = nullptr;
+  Unload();
 }
 
 }  // namespace quillmark

@@ -20,6 +20,9 @@ class frmSplash : public Form {
   frmSplash(EventLoop& events, Desktop& desktop, const Session& session,
             std::function<void()> onUnload);
 
+  // Closes it for good: nobody is left to give the main window back to.
+  void Dismiss();
+
   ProgressBar pBar1;
   Label lblProductName, lblCompanyProduct, lblKelvor, lblCorporation, lblCompany, lblURL,
       lblPlatform;

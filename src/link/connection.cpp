@@ -38,10 +38,11 @@ Connection::Connection(Platform& machine, Session& shared, frmOrvalent& window)
 
 void Connection::ConnectRadio() {
   if (connecting) return;
+  const Raised underWay(connecting);
   WithLinkErrors(platform.Dialogs, [this] {
     for (int pass = 0; pass < pumpsBeforeConnect; ++pass) platform.Events.Pump();
     main.NotConnected = false;
-    if (!platform.MSComm1.PortOpen()) mnuOpen_Click();
+    if (!platform.MSComm1.PortOpen()) Open();
     if (main.NotConnected || !platform.MSComm1.PortOpen()) return;
     main.tbr_Disconnect.Enabled = true;
     main.tbr_Connect.Enabled = false;
@@ -51,12 +52,18 @@ void Connection::ConnectRadio() {
   });
 }
 
+// A second connect in the middle of one would wake the radio under the first one's feet.
 void Connection::mnuOpen_Click() {
   if (connecting) return;
   const Raised underWay(connecting);
+  Open();
+}
+
+void Connection::Open() {
   main.ConnectCancelled = false;
   main.NotConnected = false;
   main.ReplyIsSecret = false;
+  main.EchoIsOff = false;
   try {
     OpenAndWake();
   } catch (const SerialError& error) {
@@ -128,8 +135,6 @@ void Connection::ShowConnected() {
   EnableRadioMenus(true);
   ShowLamp(true);
   EnableRadioActions();
-  // The wake attempt's dots have told their tale.
-  main.Timer2.Enabled = true;
 }
 
 void Connection::AwaitPrompt() {
@@ -139,8 +144,11 @@ void Connection::AwaitPrompt() {
   main.NextKeepAlive = platform.Events.Now() + keepAliveInterval;
   StartConnectTimer();
   session.RxBuffer = " ";
-  WaitUntil(platform.Events, Seconds(4), [this] { return Contains(session.RxBuffer, ">"); });
+  WaitUntil(platform.Events, Seconds(4),
+            [this] { return Contains(session.RxBuffer, ">") || !platform.MSComm1.PortOpen(); });
+  if (!platform.MSComm1.PortOpen()) return;
   if (Contains(session.RxBuffer, "LOADER>")) {
+    session.RefreshRequested = false;
     platform.Dialogs.Message(
         {"ERROR - This radio needs software!\r\rUse the 'Radio Firmware Upgrade' option to upload "
          "a "
@@ -165,7 +173,10 @@ void Connection::WakeLink() {
     ~EchoAgain() { flag = true; }
   } echoAgain{main.TerminalEcho};
   for (int tries = 0; tries < wakeRounds; ++tries) {
-    if (WakeRound(tries)) return;
+    if (!WakeRound(tries)) continue;
+    // The dots have told their tale.
+    if (!main.ConnectCancelled) main.Timer2.Enabled = true;
+    return;
   }
   DisconnectRadio();
   main.txtTerm.Text = "Error. Please reconnect.";
@@ -195,6 +206,9 @@ bool Connection::WakeRound(int tries) {
 }
 
 void Connection::SendClos() {
+  // A radio must not be left without its echo.
+  if (main.EchoIsOff) platform.MSComm1.Output("eeco\r");
+  main.EchoIsOff = false;
   platform.MSComm1.Output("CLOS\r");
   main.txtTerm.Text = main.txtTerm.Text() +
                       "*** CLOS command sent to the radio before disabling the COMM port. ***\r\n";
@@ -208,7 +222,8 @@ void Connection::DisconnectRadio() {
   try {
     if (platform.MSComm1.PortOpen()) SendClos();
   } catch (const SerialError& error) {
-    platform.Dialogs.Message({error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
+    platform.Dialogs.Message(
+        {error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
   }
   for (Control* control : std::initializer_list<Control*>{
            &main.tbr_TransmitTextFile, &main.tbr_Disconnect, &main.tbr_Login, &main.tbr_Logout}) {

@@ -40,6 +40,7 @@ class Connection {
   bool Connecting() const { return connecting; }
 
  private:
+  void Open();
   void OpenAndWake();
   void ShowPortClosed();
   void ResetPort();

@@ -92,7 +92,8 @@ bool frmProperties::ChangePort(int number) {
     main.tbr_TransmitTextFile.Enabled = port.PortOpen();
     return true;
   } catch (const SerialError& error) {
-    platform.Dialogs.Message({error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
+    platform.Dialogs.Message(
+        {error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
     port.SetCommPort(oldNumber);
     // The session on the old port is over; the main window must not go on showing it.
     if (wasOpen) closeSession();

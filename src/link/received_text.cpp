@@ -23,6 +23,7 @@ void ReceivedText::Append(std::string_view text) {
   if (start > Limit) {
     store.erase(0, start);
     start = 0;
+    holdsClosed = false;
     LookForClosed(0);
     return;
   }

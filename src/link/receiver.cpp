@@ -48,7 +48,8 @@ Receiver::Receiver(Platform& machine, Session& shared, frmOrvalent& window, Conn
     : platform(machine), session(shared), main(window), connection(link), log(terminalLog) {}
 
 void Receiver::MSComm1_OnComm() {
-  if (main.DirectPortMode) return;
+  // A scripted run reads the port itself; that the port is gone concerns everybody.
+  if (main.DirectPortMode && platform.MSComm1.CommEvent() != comm::PortVanished) return;
   CommEventText.clear();
   CommErrorText.clear();
   WithLinkErrors(platform.Dialogs, [this] {

@@ -45,6 +45,7 @@ struct LinkState {
   bool ShowCommStatus = true;           // comm events may write the status panel
   bool TerminalEcho = true;             // received text goes into the terminal
   bool DiscardReceived = false;         // received text is thrown away
+  bool EchoIsOff = false;               // the radio's, for the length of the login probe
   bool ReplyIsSecret = false;           // until the next prompt nothing is shown or logged
   bool NotConnected = false;            // the last connect failed, or the user closed the link
   bool ConnectCancelled = false;        // stop the wake attempt

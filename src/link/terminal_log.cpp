@@ -47,15 +47,14 @@ bool TerminalLog::Prepare(const fs::path& path, Answer replace) {
     return false;
   }
   if (replace != Answer::Yes) return true;
+  if (!fs::exists(status)) return true;
   if (!fs::is_regular_file(status)) {
     ShowError(PathText(path) + " is not a plain file and can't be replaced.");
     return false;
   }
-  if (!fs::remove(path, error) || error) {
-    ShowError(error.message());
-    return false;
-  }
-  return true;
+  fs::remove(path, error);
+  if (error) ShowError(error.message());
+  return !error;
 }
 
 void TerminalLog::OpenFile(const fs::path& path) {

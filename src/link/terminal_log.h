@@ -23,7 +23,8 @@ class TerminalLog {
 
   bool Open() const { return file != nullptr; }
   // Writes the text when a log is open. When that fails, the user may try again as often as he
-  // likes, or give the log up; text that arrives while he is asked is written behind it.
+  // likes, or give the log up; text that arrives while he is asked is written behind it, 1 MiB
+  // at most.
   void Write(std::string_view text);
 
  private:
@@ -34,7 +35,7 @@ class TerminalLog {
   // Makes room for a new file or keeps the old one to append to; false when it can't be done.
   bool Prepare(const std::filesystem::path& path, Answer replace);
   void OpenFile(const std::filesystem::path& path);
-  // False when the system failed to write all of it; the file then stands as it was before.
+  // False when the system failed to write all of it; the next write starts where this one did.
   bool WriteAll(std::string_view text);
   void ShowError(std::string_view text);
   void ShowOpen(bool open);

@@ -36,7 +36,7 @@ int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBo
 
   const bool sound =
       passEnabled && bold && textColor && backColor && connectOnLaunch && keepAlive && logoutOnQuit;
-  session.PassEnabled = passEnabled.value_or(false);
+  session.PassEnabled = sound && *passEnabled;
   terminal.Bold = sound ? *bold : true;
   terminal.ForeColor = sound ? *textColor : defaultTextColor;
   terminal.BackColor = sound ? *backColor : defaultBackColor;

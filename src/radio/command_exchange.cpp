@@ -5,14 +5,18 @@
 namespace quillmark {
 
 void CommandExchange(Session& session, SerialPort& port, EventLoop& events, const std::string& text,
-                     std::string_view awaited, Duration limit, std::string_view prompt) {
+                     Duration limit, const std::function<bool()>& answered) {
   session.RxBuffer = " ";
   const Duration sent = events.Now();
   port.Output(text + "\r");
-  const Duration left = limit - (events.Now() - sent);
+  WaitUntil(events, limit - (events.Now() - sent), answered);
+}
+
+void CommandExchange(Session& session, SerialPort& port, EventLoop& events, const std::string& text,
+                     std::string_view awaited, Duration limit) {
   // The prompt comes last and is quick to look for.
-  WaitUntil(events, left, [&] {
-    return Contains(session.RxBuffer, prompt) && Contains(session.RxBuffer, awaited);
+  CommandExchange(session, port, events, text, limit, [&] {
+    return Contains(session.RxBuffer, ">") && Contains(session.RxBuffer, awaited);
   });
 }
 

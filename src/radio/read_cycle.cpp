@@ -100,7 +100,10 @@ ReadCycle::ReadCycle(Platform& machine, Session& shared, frmOrvalent& window, Co
 
 void ReadCycle::Run() {
   session.RefreshRequested = false;
-  CheckRadio();
+  if (CheckRadio()) ReadAll();
+}
+
+void ReadCycle::ReadAll() {
   for (const ReadRow& read : reads) {
     SettingRow& row = main.*read.Row;
     if (read.When == Gate::NotRemote && EqualAnyCase(main.Mode.Text(), "MODE R")) {
@@ -125,37 +128,42 @@ void ReadCycle::Run() {
   }
 }
 
-void ReadCycle::CheckRadio() {
+bool ReadCycle::CheckRadio() {
   promptOutstanding = false;
+  ownerNameIsWhole = false;
   CommandExchange(session, platform.MSComm1, platform.Events, "", ">", readTimeOut);
   if (!Contains(session.RxBuffer, ">")) connection.WakeLink();
   session.InSetupMode = Contains(session.RxBuffer, "SETUP");
+  const bool inLoader = Contains(session.RxBuffer, "LOADER>");
   Pause80();
+  return !inLoader;
 }
 
 bool ReadCycle::Answered(std::string_view word) const {
-  return Contains(session.RxBuffer, word) &&
-         Contains(session.RxBuffer, Prompt(session.InSetupMode));
+  return HasReply(session.RxBuffer, word, session.InSetupMode);
 }
 
 bool ReadCycle::Read(std::string_view word, SettingRow& row, std::string_view refusal) {
-  CommandExchange(session, platform.MSComm1, platform.Events, std::string(word), word, readTimeOut,
-                  Prompt(session.InSetupMode));
+  CommandExchange(session, platform.MSComm1, platform.Events, std::string(word), readTimeOut,
+                  [&] { return Holds(session.RxBuffer, ">") && Answered(word); });
   const bool answered = Answered(word);
-  if (ReplyIsDoubtful(answered) || !answered) return false;
+  if (ReplyIsDoubtful(word, answered) || !answered) return false;
   if (!refusal.empty() && Contains(session.RxBuffer, refusal)) {
     row.Text = std::string(notAvailable);
     return true;
   }
   if (auto value = CutReply(session.RxBuffer, word, session.InSetupMode)) {
     row.Text = std::move(*value);
+    if (&row == &main.OwnerName) {
+      ownerNameIsWhole = ReplyIsWhole(session.RxBuffer, word, session.InSetupMode);
+    }
   }
   return true;
 }
 
 // After a command that drew no prompt, the next prompt may end its late reply; shown, it would
 // stand in the wrong row. A second prompt that follows gives it away.
-bool ReadCycle::ReplyIsDoubtful(bool answered) {
+bool ReadCycle::ReplyIsDoubtful(std::string_view word, bool answered) {
   if (!answered) {
     promptOutstanding = !Contains(session.RxBuffer, Prompt(session.InSetupMode));
     return false;
@@ -164,7 +172,7 @@ bool ReadCycle::ReplyIsDoubtful(bool answered) {
   promptOutstanding = false;
   constexpr Duration grace = Milliseconds(500);
   return WaitUntil(platform.Events, grace,
-                   [this] { return CountPrompts(session.RxBuffer, session.InSetupMode) > 1; });
+                   [&] { return CountPrompts(session.RxBuffer, word, session.InSetupMode) > 1; });
 }
 
 // A reply without an echo: somebody left the radio's echo off.
@@ -186,10 +194,13 @@ void ReadCycle::TakeRevision() {
 }
 
 // Programs the owner's name with what it holds already: a radio that wants a login refuses that.
-// Runs once for each connect, with the echo off, so that it does not show in the terminal.
+// Runs once for each connect, with the echo off, so that it does not show in the terminal. A name
+// that this cycle has not read to its end would be programmed wrong: the probe then waits for the
+// next cycle.
 void ReadCycle::ProbeLogin() {
-  if (!main.LoginProbePending) return;
+  if (!main.LoginProbePending || !ownerNameIsWhole) return;
   main.LoginProbePending = false;
+  main.EchoIsOff = true;
   platform.MSComm1.Output("deco\r");
   session.RxBuffer = " ";
   platform.MSComm1.Output("own " + main.OwnerName.Text() + "\r");
@@ -199,6 +210,16 @@ void ReadCycle::ProbeLogin() {
   main.tbr_Login.Enabled = denied;
   main.tbr_Logout.Enabled = !denied;
   platform.MSComm1.Output("eeco\r");
+  main.EchoIsOff = false;
+  AwaitProbeReplies();
+}
+
+// A slow radio still has its three prompts to give; they must not mix with the replies that follow.
+void ReadCycle::AwaitProbeReplies() {
+  constexpr int commands = 3;
+  promptOutstanding = !WaitUntil(platform.Events, readTimeOut, [this] {
+    return CountPrompts(session.RxBuffer, "", session.InSetupMode) >= commands;
+  });
 }
 
 void ReadCycle::Pause80() {

@@ -20,15 +20,18 @@ class ReadCycle {
   void Run();
 
  private:
-  void CheckRadio();
+  // False when the radio is in its loader, where there is nothing to read.
+  bool CheckRadio();
+  void ReadAll();
   // Reads `word` into the row; true when echo and prompt were found.
   bool Read(std::string_view word, SettingRow& row, std::string_view refusal);
-  // True when the reply to the last command may be that of an earlier, late one.
-  bool ReplyIsDoubtful(bool answered);
+  // True when the reply to the command may be that of an earlier, late one.
+  bool ReplyIsDoubtful(std::string_view word, bool answered);
   bool Answered(std::string_view word) const;
   void RepairEcho();
   void TakeRevision();
   void ProbeLogin();
+  void AwaitProbeReplies();
   void Pause80();
 
   Platform& platform;
@@ -36,6 +39,7 @@ class ReadCycle {
   frmOrvalent& main;
   Connection& connection;
   bool promptOutstanding = false;  // an earlier command has not been answered
+  bool ownerNameIsWhole = false;   // this cycle has read it, to its last character
 };
 
 }  // namespace quillmark

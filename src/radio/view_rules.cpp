@@ -62,7 +62,7 @@ void ApplyModeRules(frmOrvalent& main, bool inSetupMode) {
   main.ButtonRSSI.Enabled = !master || inSetupMode;
   for (const Row row : masterRows) (main.*row).AllowClick(master);
   // On a master the revision alone tells whether there is a clock sync address.
-  if (!master) main.CSADDR.AllowClick(false);
+  main.CSADDR.AllowClick(master && main.CSADDR.Visible());
   main.SleepMode.AllowClick(!master);
   main.XADDR.AllowClick(!EqualAnyCase(main.Mode.Text(), "MODE R"));
 }

@@ -23,12 +23,13 @@ void Bench::MakeConsole() {
 }
 
 void Bench::UseRadio(SimRadioOptions options) {
-  if (port.PortOpen()) throw std::logic_error("UseRadio wants the port closed");
+  sockets.Unplug(1);
+  sockets.At(1).Line = nullptr;
   line.reset();
   radio = std::make_unique<SimRadio>(std::move(options));
   line = std::make_unique<SimLine>(*radio);
   line->Advance(loop.Now());
-  linesSeen = 0;
+  lastLine = Duration(-1);
   sockets.Plug(1, *line);
 }
 
@@ -41,6 +42,8 @@ void Bench::Start() {
 
 void Bench::Restart() {
   console.reset();
+  port.SetPortOpen(false);
+  secondPort.SetPortOpen(false);
   loop.Reopen();
   readCycles = 0;
   MakeConsole();
@@ -159,10 +162,12 @@ void Bench::OnCommand(const std::string& command, std::function<void()> act) {
 
 void Bench::LookForCommands() {
   const auto& lines = radio->Lines();
-  for (; linesSeen < lines.size(); ++linesSeen) {
-    const auto at = std::find_if(awaited.begin(), awaited.end(), [&](const Awaited& each) {
-      return each.Command == lines[linesSeen].text;
-    });
+  auto fresh = lines.end();
+  while (fresh != lines.begin() && std::prev(fresh)->at > lastLine) --fresh;
+  if (!lines.empty()) lastLine = lines.back().at;
+  for (; fresh != lines.end(); ++fresh) {
+    const auto at = std::find_if(awaited.begin(), awaited.end(),
+                                 [&](const Awaited& each) { return each.Command == fresh->text; });
     if (at == awaited.end()) continue;
     loop.Post(std::move(at->Act));
     awaited.erase(at);

@@ -50,7 +50,8 @@ class Bench : public ::testing::Test {
 
   // --- Before the start ---
 
-  // Puts another radio on the line of Com1; may also be done later, as a swap of radios.
+  // Puts another radio on the line of Com1, its line without faults and with an empty log; may also
+  // be done later, as a swap of radios, with the port open or closed.
   void UseRadio(SimRadioOptions options);
   // A stored preference.
   void Store(const std::string& section, const std::string& key, const std::string& value) {
@@ -130,6 +131,8 @@ class Bench : public ::testing::Test {
   }
   std::string Text(const std::string& name);  // text, caption, or a window's caption
   std::string ToolTip(const std::string& name) { return Find(name).ToolTip(); }
+  // The control's own flags; Find(name).Reachable() tells whether a user could act on it, the
+  // frames and the window that hold it included.
   bool Enabled(const std::string& name) { return Find(name).Enabled(); }
   bool Visible(const std::string& name) { return Find(name).Visible(); }
   bool Checked(const std::string& name);
@@ -148,7 +151,8 @@ class Bench : public ::testing::Test {
   SimRadio& Radio() { return *radio; }
   SimLine& Line() { return *line; }
   LineFaults& Faults() { return line->Faults(); }
-  // Every byte that the program has sent since ClearLog, in one string, and what it received.
+  // Every byte that the program has sent since ClearLog, in one string, and what it received. Their
+  // times, at the far end of the line, are in Line().Log().ToRadio().Times and ToHost().Times.
   const std::string& Sent() { return line->Log().Sent(); }
   const std::string& Received() { return line->Log().Received(); }
   // What was sent, cut at its carriage returns; bare ones give empty texts.
@@ -160,11 +164,13 @@ class Bench : public ::testing::Test {
   void Unplug();
   void Plug();
   VirtualSockets& Sockets() { return sockets; }
-  VirtualPort& Port() { return port; }
+  VirtualPort& Port() { return port; }              // MSComm1
+  VirtualPort& SecondPort() { return secondPort; }  // MSComm2
 
   // --- The machine ---
 
   std::filesystem::path DataFolder() const { return files.Data(); }
+  std::filesystem::path ShippedFolder() const { return files.Shipped(); }
   std::filesystem::path ScratchFolder() const { return files.Root(); }
   RecordingDesktop& DesktopSeen() { return desktop; }
   RepeatableRandom& Random() { return random; }
@@ -199,7 +205,7 @@ class Bench : public ::testing::Test {
     std::function<void()> Act;
   };
   std::vector<Awaited> awaited;
-  std::size_t linesSeen = 0;
+  Duration lastLine{-1};  // when the newest line that was looked at had arrived
   int readCycles = 0;
 
   // Looks at what the radio received each time the clock has moved.

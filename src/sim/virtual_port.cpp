@@ -62,6 +62,7 @@ void VirtualPort::Open() {
   const auto fail = [this](const std::string& why) {
     throw SerialError(SerialError::PortNotAvailable, why, DeviceName(number) + ": " + why + ".");
   };
+  if (failOpening > 0 && --failOpening == 0) fail("Device or resource busy");
   if (number < 1 || number > 16) fail("There is no such port");
   VirtualSockets::Socket& socket = sockets.At(number);
   if (socket.Is == State::Empty) fail("No such file or directory");
@@ -125,6 +126,10 @@ void VirtualPort::Advance(Duration now) {
   SimLine* line = Line();
   if (line == nullptr) return;
   TakeIn(line->Advance(now));
+  // A wait for the last byte to leave ends at that moment.
+  const bool left = line->HostBytesPending(now) == 0;
+  if (draining && left) loop.Post([] {});
+  draining = !left;
   if (line->HungUp() || sockets.At(number).Is == VirtualSockets::State::Empty) Vanish();
 }
 

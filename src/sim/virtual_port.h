@@ -59,6 +59,8 @@ class VirtualPort : public SerialPort, private TimeSource {
   void Raise(int code);
   // A far end that takes nothing: what is sent from now on stays in the output buffer.
   void HoldOutput(bool hold) { holding = hold; }
+  // The n-th opening from now, counted from 1, fails as if another program had been quicker.
+  void FailOpening(int n) { failOpening = n; }
   // Every opening so far, those that failed not counted.
   int Openings() const { return openings; }
 
@@ -85,6 +87,8 @@ class VirtualPort : public SerialPort, private TimeSource {
   bool overflowed = false;
   int commEvent = 0;
   int openings = 0;
+  int failOpening = 0;
+  bool draining = false;
   std::uint64_t opening = 0;  // to tell events of a former opening
   std::string input;
   std::string held;

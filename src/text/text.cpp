@@ -21,11 +21,17 @@ std::size_t Find(std::string_view text, std::string_view wanted, std::size_t fro
 std::size_t FindAnyCase(std::string_view text, std::string_view wanted, std::size_t from) {
   if (from < 1) from = 1;
   if (from - 1 > text.size()) return 0;
+  // One character that is no letter is the common case, and quick.
+  if (wanted.size() == 1 && Fold(wanted[0]) == wanted[0] && (wanted[0] < 'A' || wanted[0] > 'Z')) {
+    return Find(text, wanted, from);
+  }
   const auto begin = text.begin() + static_cast<std::ptrdiff_t>(from - 1);
   const auto at = std::search(begin, text.end(), wanted.begin(), wanted.end(), SameFolded);
   if (at == text.end() && !wanted.empty()) return 0;
   return static_cast<std::size_t>(at - text.begin()) + 1;
 }
+
+bool Holds(std::string_view text, std::string_view wanted) { return Find(text, wanted) != 0; }
 
 bool Contains(std::string_view text, std::string_view wanted) {
   return FindAnyCase(text, wanted) != 0;

@@ -13,6 +13,9 @@ namespace quillmark {
 std::size_t Find(std::string_view text, std::string_view wanted, std::size_t from = 1);
 std::size_t FindAnyCase(std::string_view text, std::string_view wanted, std::size_t from = 1);
 
+// With regard to case.
+bool Holds(std::string_view text, std::string_view wanted);
+
 // Without regard to case.
 bool Contains(std::string_view text, std::string_view wanted);
 bool EqualAnyCase(std::string_view a, std::string_view b);

@@ -96,7 +96,7 @@ TEST_F(ShellTest, ThePreferencesThatAreStored) {
     const std::string good = Stored("Preferences", key);
     Store("Preferences", key, "&Hcolour");
     Restart();
-    EXPECT_EQ(read(), (Read{.Port = 7, .Pass = true})) << key;
+    EXPECT_EQ(read(), Read{.Port = 7}) << key;
     EXPECT_EQ(Stored("Preferences", key), "&Hcolour");
     Store("Preferences", key, good.empty() ? "False" : good);
   }
@@ -185,6 +185,10 @@ TEST_F(ShellTest, TheLayoutRules) {
   EXPECT_TRUE(Visible("txtTerm"));
   EXPECT_EQ(main.Height(), atLoad);  // as at load, not as before hiding
   EXPECT_EQ(main.NetSet[0].Top(), info + offset);
+  ASSERT_TRUE(Click("tbr_Terminal"));
+  ASSERT_TRUE(Resize(15000, 8000));
+  ASSERT_TRUE(Click("tbr_Terminal"));
+  EXPECT_EQ(main.txtTerm.Height(), terminal);
 }
 
 TEST_F(ShellTest, QuittingLogsOutDrainsAndCloses) {
@@ -238,6 +242,28 @@ TEST_F(ShellTest, DataThatCannotBeSentIsAskedAbout) {
   question().Reply(Answer::Ignore);
   EXPECT_TRUE(Quit());
   EXPECT_FALSE(Port().PortOpen());
+  // Opened for the logout alone, it is closed again.
+  Restart();
+  Port().HoldOutput(true);
+  question().Reply(Answer::Abort);
+  EXPECT_FALSE(Quit());
+  EXPECT_FALSE(Port().PortOpen());
+  Port().HoldOutput(false);
+  EXPECT_TRUE(Connect());
+}
+
+TEST_F(ShellTest, AnEndDuringTheSplashTouchesNothing) {
+  Store("Preferences", "LogoutOnQuit", "True");
+  Events().Deliver([&] { Application().Start(); });
+  Events().Deliver([&] { Application().Form_Unload(); });
+  EXPECT_TRUE(Ended());
+  EXPECT_EQ(Sent(), "");
+  Restart();
+  ASSERT_TRUE(Click("mnuAbout"));
+  Events().Deliver([&] { Application().Form_Unload(); });
+  Restart();  // the About box of before does not come back
+  Run(Seconds(5));
+  EXPECT_FALSE(WindowOpen("frmSplash"));
 }
 
 TEST_F(ShellTest, QuittingInTheMiddleOfAnythingUnwindsIt) {

@@ -146,8 +146,46 @@ TEST_F(ConnectionTest, ARadioInItsLoaderIsConnectedAndNotRead) {
   EXPECT_FALSE(Shared().RefreshRequested);
   Run(Seconds(10));
   EXPECT_EQ(ReadCycles(), 0);
-  EXPECT_EQ(Text("Mode"), "n/a");
   ExpectShown(true);
+  // Nor does a read that is asked for touch the rows.
+  ASSERT_TRUE(Refresh());
+  EXPECT_EQ(Text("Mode"), "n/a");
+  EXPECT_EQ(Text("SerialNumber"), "n/a");
+}
+
+TEST_F(ConnectionTest, DisconnectingWhileThePromptIsAwaited) {
+  Start();
+  OnCommand("OPEN", [&] {
+    Faults().SilentFrom = 1;
+    EXPECT_TRUE(Click("tbr_Disconnect"));
+  });
+  const Duration began = Now();
+  ASSERT_TRUE(Click("tbr_Connect"));
+  EXPECT_LT(Now() - began, Seconds(5));
+  EXPECT_FALSE(Shared().RefreshRequested);
+  ExpectShown(false);
+  Faults() = {};
+  EXPECT_TRUE(Connect());
+}
+
+TEST_F(ConnectionTest, APortTakenByAnotherWhileItIsReset) {
+  Start();
+  Port().FailOpening(2);
+  ExpectBox("Error").Containing("not available");
+  ASSERT_TRUE(Click("tbr_Connect"));
+  EXPECT_FALSE(Main().DiscardReceived);
+  ExpectShown(false);
+}
+
+TEST_F(ConnectionTest, APullDuringAScriptedRunIsTold) {
+  Start();
+  ASSERT_TRUE(Connect());
+  Main().DirectPortMode = true;
+  ExpectBox("Click Cancel to quit, OK to ignore.").Saying("Unknown error or event");
+  Unplug();
+  Run(Seconds(1));
+  EXPECT_FALSE(Main().DirectPortMode);
+  ExpectShown(false);
 }
 
 TEST_F(ConnectionTest, PortOpenOnAnOpenPortConnectsAnew) {

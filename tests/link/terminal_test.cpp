@@ -260,7 +260,8 @@ TEST_F(TerminalTest, ALogThatCantBeOpenedHarmsNothing) {
                {"/dev/full", true, Answer::Yes}};
   for (const auto& each : cases) {
     ExpectSaveFile("Open a Communications Log File").Choose(each.Path);
-    if (each.Exists) ExpectBox(ProgramTitle).Containing("Replace existing file").Reply(each.Replace);
+    if (each.Exists)
+      ExpectBox(ProgramTitle).Containing("Replace existing file").Reply(each.Replace);
     ExpectBox(ProgramTitle).With(Icon::Exclamation);
     ASSERT_TRUE(Click("mnuOpenLog"));
     EXPECT_TRUE(Enabled("mnuOpenLog")) << each.Path;

@@ -148,29 +148,6 @@ TEST_F(ReadCycleTest, InSetupModeAValueMayHoldAPrompt) {
   EXPECT_EQ(Text("PowerLevel"), "PWR 30 dBm");
 }
 
-TEST_F(ReadCycleTest, TheLoginProbeRunsOnceForEachConnect) {
-  UseRadio({.Password = "abcd"});
-  Start();
-  ASSERT_TRUE(Connect());
-  const auto commands = SentCommands();
-  const auto at = std::find(commands.begin(), commands.end(), "deco");
-  ASSERT_NE(at, commands.end());
-  EXPECT_THAT(std::vector<std::string>(at - 1, at + 4),
-              ElementsAre("own", "deco", "own Quillmark SS", "eeco", "owm"));
-  EXPECT_TRUE(Enabled("tbr_Login"));
-  EXPECT_FALSE(Enabled("tbr_Logout"));
-  EXPECT_TRUE(Radio().Echo());
-  EXPECT_THAT(Text("txtTerm"), Not(HasSubstr("own Quillmark SS")));
-  EXPECT_EQ(ReadAgain().find("deco"), std::string::npos);
-  // Logged in, and not answered at all: both show as logged in.
-  ASSERT_TRUE(Click("tbr_Disconnect"));
-  UseRadio({.Password = "abcd", .LoggedIn = true});
-  ASSERT_TRUE(Connect());
-  EXPECT_FALSE(Enabled("tbr_Login"));
-  EXPECT_TRUE(Enabled("tbr_Logout"));
-  EXPECT_EQ(Radio().Setting("own"), "Quillmark SS");
-}
-
 TEST_F(ReadCycleTest, AnEchoLeftOffIsSwitchedOnAgain) {
   StartConnected();
   Type("txtTerm", "deco\r");
@@ -218,6 +195,17 @@ TEST_F(ReadCycleTest, ALateReplyNeverStandsInAnotherRow) {
   EXPECT_EQ(Text("PowerLevel"), "old");
   EXPECT_THAT(Text("BaudRate"), ::testing::AnyOf("old", "BAUD 4800 8N1"));
   EXPECT_EQ(Text("Port"), "PORT RS232");
+  EXPECT_EQ(Text("DiagOptions"), "Diagnostics ON, Low Power ON, Poll Simulator ON");
+}
+
+TEST_F(ReadCycleTest, SetupModeLeftInTheMiddleOfARead) {
+  StartConnected();
+  Type("txtTerm", "setup\r");
+  Run(Milliseconds(100));
+  OnCommand("unit", [&] { Type("txtTerm", "quit\r"); });
+  const Duration began = Now();
+  ASSERT_TRUE(Refresh());
+  EXPECT_LT(Now() - began, Seconds(15));
   EXPECT_EQ(Text("DiagOptions"), "Diagnostics ON, Low Power ON, Poll Simulator ON");
 }
 

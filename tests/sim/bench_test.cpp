@@ -26,8 +26,6 @@ TEST_F(BenchTest, TheSameSessionGivesTheSameBytesAtTheSameTimes) {
   std::string sent[2];
   Duration ended[2];
   for (int run = 0; run < 2; ++run) {
-    sim::VirtualLoop loop;
-    Bench::Faults().BabblePerSecond = 0;
     UseRadio({.Mode = 'M'});
     Random() = sim::RepeatableRandom();
     const Duration began = Now();
