@@ -19,16 +19,19 @@ std::size_t Find(std::string_view text, std::string_view wanted, std::size_t fro
 }
 
 std::size_t FindAnyCase(std::string_view text, std::string_view wanted, std::size_t from) {
-  if (from < 1) from = 1;
-  if (from - 1 > text.size()) return 0;
-  // One character that is no letter is the common case, and quick.
-  if (wanted.size() == 1 && Fold(wanted[0]) == wanted[0] && (wanted[0] < 'A' || wanted[0] > 'Z')) {
-    return Find(text, wanted, from);
+  if (wanted.empty() || from < 1) return Find(text, wanted, from);
+  // The first letter is looked for in both cases, because that is quick: waits search again and
+  // again.
+  const char upper = Fold(wanted[0]);
+  const char lower = upper >= 'A' && upper <= 'Z' ? static_cast<char>(upper - 'A' + 'a') : upper;
+  std::size_t nextUpper = text.find(upper, from - 1);
+  std::size_t nextLower = lower == upper ? std::string_view::npos : text.find(lower, from - 1);
+  for (;;) {
+    std::size_t& next = nextUpper < nextLower ? nextUpper : nextLower;
+    if (next == std::string_view::npos || text.size() - next < wanted.size()) return 0;
+    if (EqualAnyCase(text.substr(next, wanted.size()), wanted)) return next + 1;
+    next = text.find(&next == &nextUpper ? upper : lower, next + 1);
   }
-  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(from - 1);
-  const auto at = std::search(begin, text.end(), wanted.begin(), wanted.end(), SameFolded);
-  if (at == text.end() && !wanted.empty()) return 0;
-  return static_cast<std::size_t>(at - text.begin()) + 1;
 }
 
 bool Holds(std::string_view text, std::string_view wanted) { return Find(text, wanted) != 0; }
