@@ -123,8 +123,8 @@ TEST_F(SerialLine, TellsTheCureForAMissingRight) {
   ASSERT_EQ(seteuid(user), 0);
   ASSERT_TRUE(trouble);
   EXPECT_EQ(trouble->Text, "You have no right to use " + line.Path() + ".");
-  EXPECT_THAT(trouble->Details, HasSubstr(canChange ? "sudo usermod -aG dialout nobody"
-                                                    : "sudo usermod -aG "));
+  EXPECT_THAT(trouble->Details,
+              HasSubstr(canChange ? "sudo usermod -aG dialout nobody" : "sudo usermod -aG "));
   EXPECT_THAT(trouble->Details, HasSubstr("log out and in again"));
 }
 

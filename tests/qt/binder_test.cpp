@@ -41,10 +41,10 @@ TEST(Binder, EveryWindowFitsItsForm) {
   Machine machine;
   Platform platform = machine.AsPlatform(machine.Boxes);
   Console console(platform);
-  const auto splash = std::make_shared<frmSplash>(machine.Events, machine.Screen, console.Shared(),
-                                                  [] {});
-  const auto setup = std::make_shared<frmProperties>(platform, console.Shared(), console.Main(),
-                                                     [] {});
+  const auto splash =
+      std::make_shared<frmSplash>(machine.Events, machine.Screen, console.Shared(), [] {});
+  const auto setup =
+      std::make_shared<frmProperties>(platform, console.Shared(), console.Main(), [] {});
   for (Form* form : {static_cast<Form*>(&console.Main()), static_cast<Form*>(splash.get()),
                      static_cast<Form*>(setup.get())}) {
     const std::unique_ptr<QWidget> window(MakeWindow(form->Name(), nullptr));
@@ -54,7 +54,9 @@ TEST(Binder, EveryWindowFitsItsForm) {
 }
 
 struct SmallForm : Form {
-  SmallForm() : Form("frmSmall") { cmdGo.OnClick = [this] { ++Clicks; }; }
+  SmallForm() : Form("frmSmall") {
+    cmdGo.OnClick = [this] { ++Clicks; };
+  }
   Button cmdGo{*this, this, "cmdGo", "&Go"};
   CheckBox chkLog{*this, this, "chkLog", "Log"};
   ListBox cboRate{*this, this, "cboRate", {"300", "600"}};
@@ -117,6 +119,11 @@ TEST(Binder, TheWidgetFollowsTheControlAndTheControlTheUser) {
   form.chkLog.Checked = false;
   window.chkLog->click();
   EXPECT_FALSE(window.chkLog->isChecked());
+  // An act that does not reach the control leaves no trace in its widget.
+  form.Enabled = false;
+  window.chkLog->click();
+  EXPECT_FALSE(window.chkLog->isChecked());
+  form.Enabled = true;
   emit window.txtName->textEdited(QString::fromUtf8("a\tb€\xC3\xA9"));
   EXPECT_EQ(form.txtName.Text(), "ab\xE9");
   EXPECT_EQ(window.txtName->text(), QString::fromUtf8("ab\xC3\xA9"));

@@ -29,14 +29,15 @@ class StoreFile : public testing::Test {
 
 TEST_F(StoreFile, ReadsWhatPeopleWriteByHand) {
   Put("\xEF\xBB\xBF; my console\r\n[Properties]\r\n commport = 3 \r\n\r\n[preferences]\n"
-      "TextColor=&H990000\nOdd=a,b;c=d%20\nQuoted=\" blank \"\nEmpty=\nM\xC3\xBCller=\xC3\xA9t\xC3\xA9\n"
+      "TextColor=&H990000\nOdd=a,b;c=d%20\nQuoted=\" blank "
+      "\"\nEmpty=\nM\xC3\xBCller=\xC3\xA9t\xC3\xA9\n"
       "nonsense\n[Ports]\nCom1=/dev/pts/5\nCom1=/dev/pts/6\n");
   const IniPreferenceStore store(File());
   const struct {
     const char* Section;
     const char* Key;
     const char* Value;
-  } cases[] = {{"Properties", "CommPort", "3"},     {"Preferences", "TextColor", "&H990000"},
+  } cases[] = {{"Properties", "CommPort", "3"},      {"Preferences", "TextColor", "&H990000"},
                {"Preferences", "Odd", "a,b;c=d%20"}, {"Preferences", "Quoted", " blank "},
                {"Preferences", "Empty", ""},         {"Preferences", "M\xFCller", "\xE9t\xE9"},
                {"Ports", "Com1", "/dev/pts/6"},      {"Ports", "Com2", "fallback"},

@@ -35,11 +35,23 @@ TEST(TerminalView, FollowsEveryChange) {
     for (int i = 0; i < 900; ++i) text += "row " + std::to_string(i * 7919 % 1000) + "\r\n";
     return text;
   }();
-  const std::string steps[] = {lines.substr(0, 5000), lines.substr(0, 5001), lines.substr(4096, 3000),
-                               lines.substr(4097), "", "Connecting", "Connecting...", "Connect",
-                               "Connect\r", "Connect\r\nok", "Connect\r\n", "Connect\r",
-                               std::string(30'000, '>'), std::string(30'000, '>') + "\r\n>",
-                               lines.substr(2, 300), lines.substr(100, 300), "Connected"};
+  const std::string steps[] = {lines.substr(0, 5000),
+                               lines.substr(0, 5001),
+                               lines.substr(4096, 3000),
+                               lines.substr(4097),
+                               "",
+                               "Connecting",
+                               "Connecting...",
+                               "Connect",
+                               "Connect\r",
+                               "Connect\r\nok",
+                               "Connect\r\n",
+                               "Connect\r",
+                               std::string(30'000, '>'),
+                               std::string(30'000, '>') + "\r\n>",
+                               lines.substr(2, 300),
+                               lines.substr(100, 300),
+                               "Connected"};
   TerminalView view;
   for (const std::string& step : steps) {
     view.Follow(step);

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "controls/choices.h"
+#include "controls/clickable.h"
+#include "controls/form.h"
+#include "controls/text_box.h"
+#include "controls/timer.h"
+
+class QAbstractButton;
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QProgressBar;
+class QPushButton;
+class QSlider;
+class QTabBar;
+class QToolButton;
+
+namespace quillmark {
+
+class CaptionLabel;
+class RowStack;
+class TerminalView;
+class ValueBox;
+
+// Where the acts of a window's user go: it decides whether the window takes any now, and calls the
+// logic at its edge.
+class Acts {
+ public:
+  virtual void Act(const std::function<void()>& act) = 0;
+  // The same after the act that is under way or about to come, such as a click that takes the
+  // focus.
+  virtual void ActAfterwards(const std::function<void()>& act) = 0;
+
+ protected:
+  ~Acts() = default;
+};
+
+// Joins the controls of a form to the widgets of its window by their names. The program sets a
+// control and the widget follows; the user acts on the widget, the control is told, and the widget
+// then reads the control again. Form, window and acts outlive it.
+class Binder : public QObject, public ControlView {
+ public:
+  Binder(Form& form, QWidget& window, Acts& acts);
+  ~Binder() override;
+
+  // Throws std::logic_error with all problems: a control without its widget, a widget of the wrong
+  // kind, a widget for clicking or typing without its control, a lock that does not fit.
+  void Join();
+
+  void Changed(Control& control) override;
+  void MoveFocus(const Control& control);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  template <class Kind, class Widget, void (Binder::*join)(Kind&, Widget&)>
+  bool TryJoin(Control& control);
+  bool Ignore(Control& control);
+
+  void JoinMenuItem(MenuItem& control, QAction& action);
+  void JoinMenu(Menu& control, QMenu& menu);
+  void JoinToolButton(ToolButton& control, QAction& action);
+  void JoinLamp(Lamp& control, QToolButton& button);
+  void JoinButton(Button& control, QPushButton& button);
+  void JoinCheckBox(CheckBox& control, QCheckBox& box);
+  void JoinValueField(ValueField& control, ValueBox& box);
+  void JoinLabel(Label& control, CaptionLabel& label);
+  void JoinPanel(StatusPanel& control, QLabel& label);
+  void JoinFrame(Frame& control, QWidget& widget);
+  void JoinTextBox(TextBox& control, QWidget& widget);
+  void JoinLine(TextBox& control, QLineEdit& line);
+  void JoinTerminal(TextBox& control, TerminalView& terminal);
+  void JoinList(ListBox& control, QComboBox& box);
+  void JoinTyping(ListBox& control, QLineEdit* line);
+  void JoinSlider(Slider& control, QSlider& slider);
+  void JoinProgress(ProgressBar& control, QProgressBar& bar);
+  void JoinTabs(TabStrip& control, QTabBar& bar);
+
+  // Remembers how a control is shown, and shows it once.
+  void Follow(Control& control, std::function<void()> show);
+  // Carries out an act, then shows the control as it is now.
+  void ActOn(Control& control, const std::function<void()>& act);
+  void ShowCommon(const Control& control, QWidget& widget, bool lockable = true);
+  void ShowAction(const Clickable& control, QAction& action);
+  void JoinClick(Clickable& control, QAbstractButton& button);
+  bool Locked(const Control& control) const { return lockTips.count(&control) != 0; }
+  QString TipOf(const Control& control) const;
+
+  void GatherRows();
+  void PickFrontFrame(QWidget& stacked);
+  void FindStrayWidgets();
+
+  Form& form;
+  QWidget& window;
+  Acts& acts;
+  std::map<const Control*, std::function<void()>> shows;
+  std::map<const Control*, QObject*> widgets;
+  std::map<const Control*, std::string> lockTips;
+  std::map<const Control*, RowStack*> rowStacks;  // by frame
+  std::vector<std::string> problems;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QLabel>
+
+namespace quillmark {
+
+// A text that may be clicked, by mouse or, where it takes the focus, by Enter and the space bar.
+// Whether it may is told by SetClickable; it looks accordingly.
+class ClickableText : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit ClickableText(QWidget* parent = nullptr);
+
+  void SetClickable(bool next);
+  bool IsClickable() const { return clickable; }
+
+ signals:
+  void Clicked();
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+  // Something that the look depends on has changed.
+  virtual void LookChanged() = 0;
+
+  bool Hovered() const { return hovered; }
+  bool Live() const { return clickable && isEnabled(); }
+
+ private:
+  bool clickable = false;
+  bool hovered = false;
+  bool pressed = false;
+};
+
+// The label in front of a value or an input; underlined under the mouse where it can be clicked.
+class CaptionLabel : public ClickableText {
+  Q_OBJECT
+
+ public:
+  using ClickableText::ClickableText;
+
+ protected:
+  void LookChanged() override;
+};
+
+// A value of the radio, on one line. One that can be clicked stands in a fine frame; the others are
+// flat text in the same place. Its size does not depend on the value, so that the window stays
+// calm; a value that is too long ends in dots, and the tool tip has the whole.
+class ValueBox : public ClickableText {
+  Q_OBJECT
+
+ public:
+  explicit ValueBox(QWidget* parent = nullptr);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  bool event(QEvent* event) override;
+  void LookChanged() override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QString Elided() const;
+};
+
+}  // namespace quillmark

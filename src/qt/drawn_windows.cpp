@@ -1,0 +1,125 @@
+// The windows as they are drawn in forms/, and what a form cannot say of them.
+
+#include <QAction>
+#include <QDialog>
+#include <QLabel>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMenu>
+#include <QShortcut>
+#include <QStatusBar>
+
+#include "qt/qt_windows.h"
+#include "ui_frmOrvalent.h"
+#include "ui_frmProperties.h"
+#include "ui_frmSplash.h"
+
+namespace quillmark {
+
+namespace {
+
+// Of the view with the tabs, in average characters.
+constexpr int tabsWidth = 96;
+
+QLabel* MakePanel(const char* name, QWidget& bar) {
+  auto* panel = new QLabel(&bar);
+  panel->setObjectName(QLatin1String(name));
+  panel->setTextFormat(Qt::PlainText);
+  panel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  panel->setIndent(panel->fontMetrics().averageCharWidth());
+  return panel;
+}
+
+// A toolbar and a status bar cannot be filled in a form, nor can a menu without a title in the bar.
+void FinishMain(QMainWindow& window, Ui::frmOrvalent& ui) {
+  auto* gap = new QWidget(ui.tbrToolBar);
+  gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  ui.tbrToolBar->addWidget(gap);
+  ui.tbrToolBar->addWidget(ui.viewPanel);
+  ui.tbrToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+  window.setContextMenuPolicy(Qt::NoContextMenu);
+
+  ui.sbrStatus->addWidget(MakePanel("pnl_Status", *ui.sbrStatus), 3);
+  ui.sbrStatus->addWidget(MakePanel("pnl_Settings", *ui.sbrStatus), 2);
+  ui.sbrStatus->addWidget(MakePanel("pnl_ConnectTime", *ui.sbrStatus), 1);
+
+  auto* presets = new QMenu(&window);
+  presets->setObjectName(QStringLiteral("mnuPreset"));
+  presets->addActions(
+      {ui.mnuPresetView, ui.mnuPresetDelete, ui.mnuPresetRename, ui.mnuPresetEditDesc});
+
+  QObject::connect(
+      ui.sldPwr, &QSlider::valueChanged, ui.sldPwrValue,
+      [label = ui.sldPwrValue](int dBm) { label->setText(QObject::tr("%1 dBm").arg(dBm)); });
+
+  // The lower half keeps its size, whichever view it shows: the tasks need the greater height, the
+  // tabs the greater width.
+  ui.lowerHalf->setMinimumHeight(ui.frQuick->sizeHint().height());
+  ui.viewStack->setMinimumWidth(window.fontMetrics().averageCharWidth() * tabsWidth);
+  ui.tbrToolBar->setMinimumWidth(ui.tbrToolBar->sizeHint().width());
+  for (QPushButton* help : {ui.cmdRptHelp1, ui.cmdRptHelp2}) {
+    help->setFixedWidth(help->fontMetrics().height() * 2);
+  }
+
+  struct Key {
+    const char* Sequence;
+    QPushButton* Button;
+  };
+  for (const Key& key : {Key{"F5", ui.ButtonRefresh}, Key{"F9", ui.ButtonAdv}}) {
+    const QKeySequence sequence(QLatin1String(key.Sequence));
+    QObject::connect(new QShortcut(sequence, &window), &QShortcut::activated, key.Button,
+                     &QAbstractButton::click);
+  }
+}
+
+template <class Window, class Drawn>
+Window* Draw(QWidget* parent, Drawn& ui) {
+  auto* window = new Window(parent);
+  ui.setupUi(window);
+  return window;
+}
+
+QWidget* MakeMain(QWidget* parent) {
+  Ui::frmOrvalent ui;
+  auto* window = Draw<QMainWindow>(parent, ui);
+  FinishMain(*window, ui);
+  return window;
+}
+
+QWidget* MakeSplash(QWidget* parent) {
+  Ui::frmSplash ui;
+  auto* window = Draw<QWidget>(parent, ui);
+  window->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+  const int size = window->fontMetrics().height() * 5;
+  ui.picture->setPixmap(window->windowIcon().pixmap(size));
+  return window;
+}
+
+QWidget* MakeProperties(QWidget* parent) {
+  Ui::frmProperties ui;
+  auto* window = Draw<QDialog>(parent, ui);
+  ui.SelectPort->setMinimumWidth(window->fontMetrics().averageCharWidth() * 60);
+  return window;
+}
+
+struct Row {
+  const char* Form;
+  QWidget* (*Make)(QWidget* parent);
+};
+
+constexpr Row rows[] = {
+    {"frmOrvalent", MakeMain},
+    {"frmSplash", MakeSplash},
+    {"frmProperties", MakeProperties},
+};
+
+}  // namespace
+
+QWidget* MakeWindow(const std::string& formName, QWidget* parent) {
+  for (const Row& row : rows) {
+    if (formName == row.Form) return row.Make(parent);
+  }
+  return nullptr;
+}
+
+}  // namespace quillmark

@@ -1,0 +1,177 @@
+#include "qt/form_window.h"
+
+#include <QDialog>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QMainWindow>
+#include <QScreen>
+#include <QTimer>
+
+#include "qt/form_size.h"
+#include "qt/latin1.h"
+#include "qt/qt_event_loop.h"
+#include "qt/terminal_view.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr int mouseLook = 20;  // ms between looks for the release of a mouse button
+
+}  // namespace
+
+FormWindow::FormWindow(std::shared_ptr<Form> shownForm, QWidget* shownWindow, QtEventLoop& loop,
+                       std::function<bool()> isBlocked)
+    : form(std::move(shownForm)),
+      window(shownWindow),
+      events(loop),
+      blocked(std::move(isBlocked)),
+      binder(std::make_unique<Binder>(*form, *shownWindow, *this)) {}
+
+FormWindow::~FormWindow() {
+  form->SetFormView(nullptr);
+  form->SetView(nullptr);
+  binder.reset();
+  delete window.data();
+}
+
+void FormWindow::Join() {
+  binder->Join();
+  form->SetFormView(this);
+  form->SetView(this);
+  window->setWindowTitle(ToQt(form->Caption()));
+  window->installEventFilter(this);
+  for (TerminalView* terminal : window->findChildren<TerminalView*>()) {
+    connect(&events, &QtEventLoop::AboutToSleep, terminal, &TerminalView::Flush);
+  }
+}
+
+void FormWindow::Show() {
+  TakeSize();
+  if (form->Visible()) window->show();
+  NoteSize();
+  if (const Control* focus = form->Focus()) binder->MoveFocus(*focus);
+}
+
+// The form's own size where it has one, the layout's otherwise; in the middle of the screen.
+void FormWindow::TakeSize() {
+  sizing = true;
+  window->ensurePolished();
+  if (form->Width() > 0) {
+    const QSize wanted(ToPixels(form->Width()), ToPixels(form->Height()));
+    window->resize(wanted.expandedTo(window->sizeHint()));
+  } else {
+    window->adjustSize();
+  }
+  const QRect screen = window->screen()->availableGeometry();
+  // Without a screen there is none to be too large for.
+  if (QGuiApplication::platformName() != QLatin1String("offscreen")) {
+    window->resize(window->size().boundedTo(screen.size()).expandedTo(window->minimumSizeHint()));
+  }
+  window->move(screen.center() - window->rect().center());
+  sizing = false;
+}
+
+// What the logic adds to the form's height, the window gets too.
+void FormWindow::FollowSize() {
+  const double change = form->Height() - heightSeen;
+  heightSeen = form->Height();
+  if (change == 0 || window->isMaximized() || window->isFullScreen()) return;
+  sizing = true;
+  if (auto* main = qobject_cast<QMainWindow*>(window.data())) {
+    main->centralWidget()->layout()->activate();
+  }
+  window->layout()->activate();
+  window->resize(window->width(), window->height() + ToPixels(change));
+  sizing = false;
+}
+
+void FormWindow::NoteSize() {
+  heightSeen = ToTwips(window->height());
+  events.Deliver([this] { form->UserResize(ToTwips(window->width()), ToTwips(window->height())); });
+}
+
+void FormWindow::Changed(Control&) {
+  if (dying || window.isNull()) return;
+  window->setWindowTitle(ToQt(form->Caption()));
+  if (window->isVisible() != form->Visible()) window->setVisible(form->Visible());
+  FollowSize();
+}
+
+void FormWindow::FocusMoved(Control& control) {
+  if (!dying) binder->MoveFocus(control);
+}
+
+void FormWindow::Unloaded(Form&) {
+  dying = true;
+  if (!window.isNull()) window->hide();
+  emit Gone();
+  Die();
+}
+
+// The widget whose click is on the stack must outlive it.
+void FormWindow::Die() {
+  if (dying && acting == 0) deleteLater();
+}
+
+void FormWindow::Act(const std::function<void()>& act) {
+  if (dying || blocked()) return;
+  ++acting;
+  events.Deliver(act);
+  --acting;
+  RunPostponed();
+  Die();
+}
+
+void FormWindow::ActAfterwards(const std::function<void()>& act) {
+  postponed.push_back(act);
+  RunPostponed();
+}
+
+void FormWindow::RunPostponed() {
+  if (postponed.empty() || acting > 0 || dying) return;
+  const bool clickUnderWay = QGuiApplication::mouseButtons() != Qt::NoButton;
+  QTimer::singleShot(clickUnderWay ? mouseLook : 0, this, [this, clickUnderWay] {
+    if (clickUnderWay || acting > 0) return RunPostponed();
+    std::vector<std::function<void()>> due;
+    due.swap(postponed);
+    for (const auto& act : due) Act(act);
+  });
+}
+
+// A key that no control took. Escape acts as the close box does, but a window without a title bar
+// has none.
+bool FormWindow::KeyPressed(int key) {
+  const bool dialog = qobject_cast<QDialog*>(window.data()) != nullptr;
+  if (dialog && key != Qt::Key_Escape) return false;
+  if (dialog) {
+    Act([this] { form->UserClose(); });
+  } else {
+    Act([this] { form->UserKey(); });
+  }
+  return dialog;
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != window.data() || dying) return false;
+  switch (event->type()) {
+    case QEvent::Close:
+      event->ignore();
+      Act([this] { form->UserClose(); });
+      return true;
+    case QEvent::KeyPress:
+      return KeyPressed(static_cast<QKeyEvent*>(event)->key());
+    case QEvent::MouseButtonPress:
+      Act([this] { form->UserClick(); });
+      return false;
+    case QEvent::Resize:
+      if (!sizing) NoteSize();
+      return false;
+    default:
+      return false;
+  }
+}
+
+}  // namespace quillmark

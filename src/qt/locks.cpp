@@ -1,0 +1,101 @@
+#include "qt/locks.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "controls/clickable.h"
+#include "controls/form.h"
+
+namespace quillmark {
+
+namespace {
+
+struct Lock {
+  std::string_view Control;  // "Form.Control"; a name that ends in "*" stands for all that begin so
+  std::string_view What;
+};
+
+// clang-format off
+constexpr Lock locks[] = {
+    {"frmOrvalent.cmdMaster", "Making a master"},
+    {"frmOrvalent.cmdRemote", "Making a remote"},
+    {"frmOrvalent.cmdRepeater", "Making a repeater"},
+    {"frmOrvalent.cmdSubRemote", "Making a sub-remote"},
+    {"frmOrvalent.cmdRptHelp*", "The explanation of repeaters"},
+    {"frmOrvalent.cmdSaveToFile", "Saving to a file"},
+    {"frmOrvalent.cmdSaveToPreset", "Saving to a preset"},
+    {"frmOrvalent.cmdProgramFromFile", "Programming from a file"},
+    {"frmOrvalent.cmdPrint", "Printing"},
+    {"frmOrvalent.cmdPre_*", "Programming from a preset"},
+    {"frmOrvalent.mnuPreset*", "Changing presets"},
+    {"frmOrvalent.ButtonZoneData", "Zone data"},
+    {"frmOrvalent.ButtonRSSI", "The RSSI meter"},
+    {"frmOrvalent.mnuSendText", "Upgrading the firmware"},
+    {"frmOrvalent.tbr_TransmitTextFile", "Upgrading the firmware"},
+    {"frmOrvalent.tbr_Login", "Logging in"},
+    {"frmOrvalent.mnuAccessCode", "Logging in"},
+    {"frmOrvalent.mnuSetPass", "Setting the password"},
+    {"frmOrvalent.mnuEncryptCode", "Entering the encryption code"},
+    {"frmOrvalent.mnuSetupMode", "The setup mode"},
+    {"frmOrvalent.mnuConfigRestore", "The store and restore window"},
+    {"frmOrvalent.mnuPreferences", "Changing preferences here"},
+};
+// clang-format on
+
+// Whole kinds: the rows of the settings view, and the labels before rows and inputs.
+constexpr std::string_view settingsLocked = "Changing settings";
+constexpr std::string_view labelsLocked = "The explanation of settings";
+
+const Lock* Listed(const Control& control) {
+  const std::string name = control.Owner().Name() + "." + control.Name();
+  const auto found = std::find_if(std::begin(locks), std::end(locks), [&](const Lock& lock) {
+    if (!lock.Control.ends_with('*')) return lock.Control == name;
+    return name.starts_with(lock.Control.substr(0, lock.Control.size() - 1));
+  });
+  return found == std::end(locks) ? nullptr : found;
+}
+
+template <class... Kinds>
+bool IsOneOf(const Control& control) {
+  return ((dynamic_cast<const Kinds*>(&control) != nullptr) || ...);
+}
+
+// Whether a user would expect something of a click.
+bool PromisesClick(const Clickable& control) {
+  if (IsOneOf<Button, ToolButton, MenuItem, Lamp>(control)) return true;
+  if (IsOneOf<ValueField>(control)) return control.MousePointer() == Pointer::Arrow;
+  return IsOneOf<Label>(control) && !control.ToolTip().empty();
+}
+
+std::string_view KindLock(const Control& control) {
+  if (IsOneOf<ValueField>(control)) return settingsLocked;
+  return IsOneOf<Label>(control) ? labelsLocked : std::string_view();
+}
+
+}  // namespace
+
+std::optional<std::string> LockTip(const Control& control) {
+  const auto* clickable = dynamic_cast<const Clickable*>(&control);
+  if (clickable == nullptr || clickable->OnClick || !PromisesClick(*clickable)) return std::nullopt;
+  const Lock* listed = Listed(control);
+  const std::string_view what = listed != nullptr ? listed->What : KindLock(control);
+  return std::string(what) + " comes in a later version.";
+}
+
+std::vector<std::string> LockProblems(const Form& form) {
+  std::vector<std::string> problems;
+  for (const Control* control : form.Controls()) {
+    const auto* clickable = dynamic_cast<const Clickable*>(control);
+    if (clickable == nullptr) continue;
+    const bool listed = Listed(*control) != nullptr;
+    if (clickable->OnClick && listed) {
+      problems.push_back(control->Name() + " works, but is still in the table of locks");
+    } else if (!clickable->OnClick && PromisesClick(*clickable) && !listed &&
+               KindLock(*control).empty()) {
+      problems.push_back(control->Name() + " does nothing, and is not in the table of locks");
+    }
+  }
+  return problems;
+}
+
+}  // namespace quillmark

@@ -1,0 +1,30 @@
+#include "qt/machine.h"
+
+#include <QDateTime>
+
+#include "qt/serial_access.h"
+
+namespace quillmark {
+
+Machine::Machine(const std::string& device)
+    : Store(IniPreferenceStore::UsualFile()),
+      Numbers(Store, {FindPorts, DeviceExists, QDateTime::currentSecsSinceEpoch,
+                      [this](int number) { return PortInUse(number); }}),
+      First(Events, [this](int number) { return Numbers.DeviceOf(number); }),
+      Second(Events, [this](int number) { return Numbers.DeviceOf(number); }),
+      Shown(Events),
+      Boxes(Events) {
+  if (!device.empty()) Named.emplace(Store, Numbers.NumberFor(device));
+}
+
+Platform Machine::AsPlatform(Dialogs& dialogs) {
+  PreferenceStore& kept = Named ? static_cast<PreferenceStore&>(*Named) : Store;
+  return {Events, dialogs, Shown, First, Second, Numbers, kept, Files, Screen, Chance};
+}
+
+bool Machine::PortInUse(int number) const {
+  return (First.PortOpen() && First.CommPort() == number) ||
+         (Second.PortOpen() && Second.CommPort() == number);
+}
+
+}  // namespace quillmark

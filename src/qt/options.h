@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStringList>
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace quillmark {
+
+// What the command line asks for.
+struct Options {
+  std::string Port;    // a device; empty: the port that is stored
+  std::string Report;  // a folder; empty: an ordinary run
+  bool Dark = false;
+};
+
+// A run's options, or what is to be printed instead, and where the program ends with which code.
+struct Printed {
+  std::string Text;
+  int ExitCode = 0;
+};
+
+std::variant<Options, Printed> ReadOptions(const QStringList& arguments);
+
+}  // namespace quillmark

@@ -1,0 +1,113 @@
+#include "qt/qt_dialogs.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QPointer>
+#include <QRegularExpression>
+
+#include "platform/event_loop.h"
+#include "qt/latin1.h"
+#include "qt/message_window.h"
+
+namespace quillmark {
+
+namespace {
+
+// The window that a box belongs to: the topmost of ours.
+QWidget* OwnerWindow() {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  return QApplication::activeWindow();
+}
+
+// A dialog that may die with its owner while it is up.
+template <class Dialog>
+class Held {
+ public:
+  explicit Held(Dialog* shown) : dialog(shown) {}
+  ~Held() { delete dialog.data(); }
+  Held(const Held&) = delete;
+  Held& operator=(const Held&) = delete;
+
+  Dialog* operator->() const { return dialog; }
+  bool Alive() const { return !dialog.isNull(); }
+
+ private:
+  QPointer<Dialog> dialog;
+};
+
+// "Log Files (*.LOG)|*.log|All Files (*.*)|*.*", one filter for each pair. The pattern counts, and
+// "*.*" means every file.
+QStringList Filters(const std::string& filter) {
+  const QStringList parts = ToQt(filter).split(QLatin1Char('|'));
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString name = parts[i].section(QLatin1Char('('), 0, 0).trimmed();
+    QString pattern = parts[i + 1];
+    pattern.replace(QLatin1Char(';'), QLatin1Char(' '));
+    if (pattern == QLatin1String("*.*")) pattern = QStringLiteral("*");
+    filters << QStringLiteral("%1 (%2)").arg(name, pattern);
+  }
+  return filters;
+}
+
+// The ending that a filter gives to a name without one: "log" of "Log Files (*.log)".
+QString EndingOf(const QString& filter) {
+  static const QRegularExpression ending(QStringLiteral("\\(\\*\\.(\\w+)"));
+  return ending.match(filter).captured(1);
+}
+
+QString OneLine(QString text) {
+  text.removeIf([](QChar c) { return c.unicode() < 32 || c.unicode() == 127; });
+  return text;
+}
+
+}  // namespace
+
+Answer QtDialogs::Message(const MessageBox& box) {
+  const Answer closed = MessageWindow::EscapeAnswer(box.Choice);
+  if (events.Quitting()) return closed;
+  const Held window(new MessageWindow(box, OwnerWindow()));
+  const Answer answer = window->Ask();
+  return events.Quitting() ? closed : answer;
+}
+
+std::string QtDialogs::Input(const InputBox& box) {
+  if (events.Quitting()) return {};
+  const Held window(new InputWindow(box, OwnerWindow()));
+  return FromQt(OneLine(window->Ask()));
+}
+
+std::optional<std::filesystem::path> QtDialogs::OpenFile(const FileDialog& dialog) {
+  return AskForFile(dialog, Purpose::Open);
+}
+
+std::optional<std::filesystem::path> QtDialogs::SaveFile(const FileDialog& dialog) {
+  return AskForFile(dialog, Purpose::Save);
+}
+
+std::optional<std::filesystem::path> QtDialogs::AskForFile(const FileDialog& dialog,
+                                                           Purpose purpose) {
+  if (events.Quitting()) return std::nullopt;
+  const Held window(new QFileDialog(OwnerWindow(), ToQt(dialog.Title)));
+  const QStringList filters = Filters(dialog.Filter);
+  window->setObjectName(QStringLiteral("FileDialog"));
+  window->setAcceptMode(purpose == Purpose::Save ? QFileDialog::AcceptSave
+                                                 : QFileDialog::AcceptOpen);
+  window->setFileMode(purpose == Purpose::Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  window->setOption(QFileDialog::DontConfirmOverwrite);
+  window->setNameFilters(filters);
+  if (purpose == Purpose::Save && !filters.isEmpty()) {
+    window->setDefaultSuffix(EndingOf(filters.front()));
+    QObject::connect(
+        window.operator->(), &QFileDialog::filterSelected, window.operator->(),
+        [held = window.operator->()](const QString& f) { held->setDefaultSuffix(EndingOf(f)); });
+  }
+  const int result = window->exec();
+  if (!window.Alive() || result != QDialog::Accepted || events.Quitting()) return std::nullopt;
+  const QStringList files = window->selectedFiles();
+  if (files.isEmpty()) return std::nullopt;
+  return std::filesystem::path(QFile::encodeName(files.front()).toStdString());
+}
+
+}  // namespace quillmark

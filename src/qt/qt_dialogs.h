@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/dialogs.h"
+
+namespace quillmark {
+
+class EventLoop;
+
+// The boxes and dialogs of the desktop. Timers and the serial ports go on while one is up. Once the
+// program quits none comes up any more: the call answers as if the user had closed it. The event
+// loop outlives it.
+class QtDialogs : public Dialogs {
+ public:
+  explicit QtDialogs(const EventLoop& events) : events(events) {}
+
+  Answer Message(const MessageBox& box) override;
+  std::string Input(const InputBox& box) override;
+  std::optional<std::filesystem::path> OpenFile(const FileDialog& dialog) override;
+  std::optional<std::filesystem::path> SaveFile(const FileDialog& dialog) override;
+
+ private:
+  enum class Purpose { Open, Save };
+  std::optional<std::filesystem::path> AskForFile(const FileDialog& dialog, Purpose purpose);
+
+  const EventLoop& events;
+};
+
+}  // namespace quillmark

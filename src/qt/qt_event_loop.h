@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QObject>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/event_loop.h"
+
+class QTimer;
+
+namespace quillmark {
+
+// The desktop's event loop: Qt's, as the logic wants it. The program makes one after its
+// QApplication; it outlives every window, port and timer.
+class QtEventLoop : public QObject, public EventLoop {
+  Q_OBJECT
+
+ public:
+  QtEventLoop();
+  ~QtEventLoop() override;
+
+  void Pump() override;
+  void Wait(Duration bound) override;
+  void Sleep(Duration time) override;
+
+  void StartTimer(Ticker& ticker, Duration interval) override;
+  void StopTimer(Ticker& ticker) override;
+
+  Duration Now() const override;
+  std::int64_t LocalSeconds() const override;
+
+  // Ends the outermost loop and every dialog's own.
+  void Quit() override;
+  bool Quitting() const override { return quitting; }
+
+ signals:
+  // The thread is about to be held: what waits to be shown is to be handed to its widget now.
+  void AboutToSleep();
+
+ protected:
+  void Defect(const std::string& what) noexcept override;
+
+ private:
+  void LeaveWhenQuitting() const;
+  void PaintPending();
+  void ShowDefect(const std::string& what);
+
+  std::map<Ticker*, std::unique_ptr<QTimer>> timers;
+  bool quitting = false;
+  bool showingDefect = false;
+};
+
+}  // namespace quillmark

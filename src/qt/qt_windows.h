@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/windows.h"
+
+class QWidget;
+
+namespace quillmark {
+
+class FormWindow;
+class QtEventLoop;
+
+// Puts the logic's forms on the screen, each in the window that was drawn for it. The program makes
+// one; it is closed (CloseAll) before the logic dies. The event loop outlives it.
+class QtWindows : public QObject, public Windows {
+ public:
+  explicit QtWindows(QtEventLoop& events);
+  ~QtWindows() override;
+
+  // When a form and its window do not fit, the program ends and Misfit tells why.
+  void Show(const std::shared_ptr<Form>& form) override;
+  void ShowModal(const std::shared_ptr<Form>& form, Form& owner) override;
+
+  // The window of a form that is shown, or null.
+  QWidget* WindowOf(const Form& form) const;
+  // The form of that name that is shown, or null.
+  Form* FormNamed(const std::string& name) const;
+  void CloseAll();
+  // What is wrong with a window, line by line; empty as long as all fit.
+  const std::string& Misfit() const { return misfit; }
+
+ private:
+  FormWindow& Open(const std::shared_ptr<Form>& form, QWidget* parent);
+  std::unique_ptr<FormWindow> Make(const std::shared_ptr<Form>& form, QWidget* parent);
+  bool Blocked(const FormWindow* asking) const;
+
+  QtEventLoop& events;
+  std::string misfit;
+  std::vector<FormWindow*> open;            // in the order of their opening
+  std::vector<QPointer<FormWindow>> made;   // those that are about to die included
+  std::vector<QPointer<FormWindow>> modal;  // the last is in front
+};
+
+// The window drawn for a form of that name, not yet joined; null when none is.
+QWidget* MakeWindow(const std::string& formName, QWidget* parent);
+
+}  // namespace quillmark

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QTimer>
+#include <functional>
+#include <string>
+
+#include "platform/dialogs.h"
+
+namespace quillmark {
+
+class Console;
+class EventLoop;
+class Form;
+class frmOrvalent;
+class QtWindows;
+
+// For a run without a person: boxes are told on stderr and answered as if they had been closed.
+class ReportDialogs : public Dialogs {
+ public:
+  // Told of each box that reports trouble.
+  std::function<void()> OnTrouble;
+
+  Answer Message(const MessageBox& box) override;
+  std::string Input(const InputBox&) override { return {}; }
+  std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return {}; }
+  std::optional<std::filesystem::path> SaveFile(const FileDialog&) override { return {}; }
+};
+
+// The rows of the settings view as text, group by group, label and value in columns.
+std::string RowTable(const frmOrvalent& main);
+
+// Waits until the radio has been read once, prints the rows, leaves pictures of the windows in a
+// folder, and ends the program. Everything given to it outlives it.
+class Report {
+ public:
+  Report(Console& console, QtWindows& windows, EventLoop& events, std::string folder);
+
+  // Begins to wait; call before the event loop runs.
+  void Start();
+  // After the event loop: 0, or 1 when the radio could not be read or a picture not be written.
+  int ExitCode() const { return exitCode; }
+  void GiveUp(const std::string& reason);
+
+ private:
+  void Write();
+  void TakeMainPictures();
+  void TakeSetup();
+  void TakeAbout();
+  void Picture(const Form& form, const std::string& name);
+  void End();
+
+  Console& console;
+  QtWindows& windows;
+  EventLoop& events;
+  std::string folder;
+  QTimer patience;
+  int exitCode = 1;
+  bool ended = false;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QObject>
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "qt/serial_line.h"
+
+class QSerialPort;
+class QTimer;
+
+namespace quillmark {
+
+// What the logic's thread and the worker share, all of it under Lock. A session is one opening of
+// the port; what belongs to an earlier one is void.
+struct SerialQueues {
+  std::mutex Lock;
+  std::condition_variable OutputMoved;
+  std::uint64_t Session = 0;  // 0 after a closing
+  bool Open = false;
+  int Handle = -1;          // of the open device, for questions to its driver
+  std::string Input;        // arrived and not yet taken
+  bool Announced = false;   // an announcement is on its way to the logic
+  bool Overflowed = false;  // input was lost since it was last taken
+  std::string Outgoing;     // not yet fetched by the worker
+  std::size_t Unsent = 0;   // bytes not yet with the driver, Outgoing included
+};
+
+// How an opening ended.
+struct OpenOutcome {
+  enum class Kind { Opened, Busy, Failed };
+  Kind Ended = Kind::Failed;
+  std::string Reason;  // the system's text, of a failure
+};
+
+// The serial device on a thread of its own, so that bytes move while the logic sleeps. Created on
+// the logic's thread and moved to its own; the calls run there, invoked by QtSerialPort.
+class SerialWorker : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit SerialWorker(std::shared_ptr<SerialQueues> queues);
+  ~SerialWorker() override;
+
+  // The device is opened with an empty input; the queues start anew.
+  OpenOutcome Open(const std::string& device, const LineSettings& settings);
+  bool Apply(const LineSettings& settings);
+  void Close();
+  // Writes what stands in the queues' Outgoing.
+  void SendOutgoing();
+
+  // Called from the logic's thread when it waits for a call no longer: whatever that call opens is
+  // closed again.
+  void Abandon() { abandoned = true; }
+
+ signals:
+  void Arrived(quint64 session);
+  void Overflowed(quint64 session);
+  void Vanished(quint64 session);
+  // Everything is with the driver.
+  void AllWritten(quint64 session);
+
+ private:
+  void Receive();
+  void CountWritten(qint64 bytes);
+  void NoteError(int error);
+  void LookForHangUp();
+  void GoneAway();
+  void StartSession();
+  void EndSession();
+  bool TakeFlock() const;
+
+  std::shared_ptr<SerialQueues> queues;
+  std::unique_ptr<QSerialPort> port;
+  std::unique_ptr<QTimer> hangUpCheck;
+  std::atomic<bool> abandoned = false;
+  bool failed = false;  // the first fatal error has been seen; all later ones are its echoes
+};
+
+}  // namespace quillmark

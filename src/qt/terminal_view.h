@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QPlainTextEdit>
+#include <QTimer>
+#include <functional>
+#include <string>
+
+namespace quillmark {
+
+// Shows the terminal's text and hands on what is typed. The text of the control is the truth; the
+// view follows it in batches and shows its last part. Control characters other than line ends are
+// shown as their pictures, so nothing that a radio sends can do harm.
+//
+// Every key that stands for a character goes to the radio, Ctrl with a letter as the control
+// character; Ctrl+Shift+C and Ctrl+Shift+V (or Ctrl and Shift with Insert) copy and paste, and Tab
+// moves on to the next control.
+class TerminalView : public QPlainTextEdit {
+  Q_OBJECT
+
+ public:
+  explicit TerminalView(QWidget* parent = nullptr);
+
+  // The control's whole text, single bytes; what differs is shown within 50 ms.
+  void Follow(const std::string& text);
+  // Shows it now.
+  void Flush();
+
+  QSize sizeHint() const override;
+
+ signals:
+  // Characters as the radio is to get them: a carriage return for each line end.
+  void Typed(const std::string& characters);
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  void Paste();
+  bool AtEnd() const;
+  void ShowChange(const std::string& next);
+  void Replace(std::size_t keep, std::size_t until, const std::string& with);
+
+  QTimer batch;
+  std::string followed;  // the text to be shown
+  std::string shown;     // what the document holds, as the control's bytes
+};
+
+// The picture of a text from the radio, line by line; and how many characters of the document
+// `text` takes. Carriage return and line feed together are one line end, each alone is one too.
+QString TerminalPicture(const std::string& text);
+
+}  // namespace quillmark
