@@ -16,6 +16,7 @@ namespace quillmark {
 namespace {
 
 constexpr auto longestReading = std::chrono::seconds(90);
+constexpr auto statusRest = std::chrono::milliseconds(2200);
 
 // Long enough for layouts, and for the terminal's batches of text.
 constexpr Duration settleTime = Milliseconds(80);
@@ -101,11 +102,11 @@ Report::Report(Console& theConsole, QtWindows& theWindows, EventLoop& loop, std:
 
 void Report::Start() {
   patience.start(longestReading);
-  // Not inside the tick that read the radio: its window is still at work.
+  // Not inside the tick that read the radio, but when the status bar has come to rest.
   console.OnReadCycleDone = [this] {
     console.OnReadCycleDone = nullptr;
     patience.stop();
-    QTimer::singleShot(0, &patience, [this] { events.Deliver([this] { Write(); }); });
+    QTimer::singleShot(statusRest, &patience, [this] { events.Deliver([this] { Write(); }); });
   };
 }
 
