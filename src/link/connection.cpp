@@ -31,10 +31,7 @@ class Raised {
 }  // namespace
 
 Connection::Connection(Platform& machine, Session& shared, frmOrvalent& window)
-    : platform(machine), session(shared), main(window) {
-  // No keep-alive is due before the first connect sets its time.
-  main.NextKeepAlive = Duration::max();
-}
+    : platform(machine), session(shared), main(window) {}
 
 void Connection::ConnectRadio() {
   if (connecting) return;

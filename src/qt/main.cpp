@@ -9,6 +9,7 @@
 #include "qt/machine.h"
 #include "qt/options.h"
 #include "qt/report.h"
+#include "qt/start_report.h"
 #include "qt/theme.h"
 
 namespace quillmark {
@@ -32,6 +33,8 @@ int Run(const Options& options) {
     silentBoxes.OnTrouble = [&report] { report->GiveUp("The radio could not be read."); };
     report->Start();
   }
+  std::optional<StartReport> startReport;
+  if (options.StartReport) startReport.emplace(machine.Shown, machine.Events);
   // A second signal ends a program that is held up, as does one while the first window is up.
   bool asked = false;
   const EndSignals endSignals([&] {

@@ -31,9 +31,12 @@ std::variant<Options, Printed> ReadOptions(const QStringList& arguments) {
                      "DIR, and end."),
       QStringLiteral("DIR"));
   const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("Use a dark theme."));
+  const QCommandLineOption start(
+      QStringLiteral("start-report"),
+      QStringLiteral("Print when the main window was painted and the memory used, and end."));
   const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
                                    QStringLiteral("Print the version."));
-  parser.addOptions({port, report, dark, version});
+  parser.addOptions({port, report, dark, start, version});
   const auto help = parser.addHelpOption();
   if (!parser.parse(arguments)) {
     return Printed{"quillmark-console: " + parser.errorText().toStdString() + "\n", 2};
@@ -46,7 +49,7 @@ std::variant<Options, Printed> ReadOptions(const QStringList& arguments) {
                    2};
   }
   return Options{DevicePath(parser.value(port)), parser.value(report).toStdString(),
-                 parser.isSet(dark)};
+                 parser.isSet(dark), parser.isSet(start)};
 }
 
 }  // namespace quillmark

@@ -12,6 +12,7 @@ struct Options {
   std::string Port;    // a device; empty: the port that is stored
   std::string Report;  // a folder; empty: an ordinary run
   bool Dark = false;
+  bool StartReport = false;  // measure the start and end
 };
 
 // A run's options, or what is to be printed instead, and where the program ends with which code.

@@ -1,5 +1,6 @@
 #include "qt/qt_event_loop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDateTime>
 #include <QMessageBox>
@@ -27,6 +28,10 @@ void QtEventLoop::Pump() {
 void QtEventLoop::Wait(Duration bound) {
   if (bound <= Duration::zero()) return Pump();
   LeaveWhenQuitting();
+  // Asked to wait, some dispatchers deliver what is due and then wait all the same.
+  if (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
+    return LeaveWhenQuitting();
+  }
   // A time limit given to processEvents would make it spin; a timer of its own ends the wait.
   QTimer alarm;
   alarm.setSingleShot(true);

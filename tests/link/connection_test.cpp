@@ -142,6 +142,7 @@ TEST_F(ConnectionTest, ARadioInItsLoaderIsConnectedAndNotRead) {
           "upload a .s28 firmware file to the radio.\r\rVisit the Kelvor website to obtain the "
           "most recent release of firmware.")
       .With(Icon::Critical);
+  OnCommand("OPEN", [&] { EXPECT_TRUE(Click("ButtonRefresh")); });
   ASSERT_TRUE(Click("tbr_Connect"));
   EXPECT_FALSE(Shared().RefreshRequested);
   Run(Seconds(10));

@@ -281,7 +281,10 @@ TEST_F(TerminalTest, AFullDiskAsksAndLosesNothingMeanwhile) {
       .Saying("No space left on device")
       .With(Icon::Critical)
       .With(Buttons::RetryCancel)
-      .Do([&] { RadioSays("more"); })
+      .Do([&] {
+        RadioSays("more");
+        EXPECT_EQ(Boxes().size(), 3U);
+      })
       .Reply(Answer::Retry);
   ExpectBox(ProgramTitle).Saying("No space left on device").Reply(Answer::Cancel);
   RadioSays("text");

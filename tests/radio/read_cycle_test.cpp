@@ -198,6 +198,18 @@ TEST_F(ReadCycleTest, ALateReplyNeverStandsInAnotherRow) {
   EXPECT_EQ(Text("DiagOptions"), "Diagnostics ON, Low Power ON, Poll Simulator ON");
 }
 
+// Some radios echo at once, while the reply to the command before is still to come.
+TEST_F(ReadCycleTest, ALateReplyBehindTheNextEchoIsNotTakenForItsReply) {
+  StartConnected({.ThinkTime = Milliseconds(100)});
+  Main().BaudRate.Text = "old";
+  Faults().SilentFrom = Radio().CommandCount() + 9;  // pwr
+  Faults().SilentUntil = Radio().CommandCount() + 9;
+  OnCommand("baud", [&] { Radio().Unsolicited(Now(), "\r\nPWR 30 dBm\r\n>"); });
+  ASSERT_TRUE(Refresh());
+  EXPECT_EQ(Text("BaudRate"), "old");
+  EXPECT_EQ(Text("Port"), "PORT RS232");
+}
+
 TEST_F(ReadCycleTest, SetupModeLeftInTheMiddleOfARead) {
   StartConnected();
   Type("txtTerm", "setup\r");
