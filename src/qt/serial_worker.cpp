@@ -18,7 +18,7 @@ namespace {
 std::atomic<std::uint64_t> lastSession = 0;
 
 constexpr int hangUpCheckInterval = 1000;  // ms
-constexpr unsigned long gatheringTime = 1500;  // microseconds
+constexpr unsigned long gatheringTime = 1000;  // microseconds
 // The oldest input is cut off in pieces, so that a flood is not moved in memory at each arrival.
 constexpr std::size_t inputSlack = 64 * 1024;  // bytes
 
