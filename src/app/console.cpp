@@ -5,10 +5,13 @@
 
 #include "app/frmSplash.h"
 #include "config/temp_folder.h"
+#include "link/echo.h"
 #include "link/frmProperties.h"
 #include "link/new_address.h"
 #include "link/serial_failure.h"
+#include "prefs/frmPreferences.h"
 #include "prefs/stored_preferences.h"
+#include "settings/setting_texts.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -20,9 +23,16 @@ Console::Console(Platform& machine)
       connection(machine, session, *main),
       receiver(machine, session, *main, connection, log),
       readCycle(machine, session, *main, connection),
-      mainTimer(machine, session, *main, connection, readCycle) {
+      mainTimer(machine, session, *main, connection, readCycle),
+      programmer(machine, session, *main),
+      optionRows(machine, session, *main, mainTimer),
+      access(machine, session, *main, mainTimer) {
   WireLink();
   WireShell();
+  programmer.Wire();
+  optionRows.Wire();
+  access.Wire();
+  WireSettingTexts(*main, platform.Dialogs, session);
 }
 
 Console::~Console() {
@@ -57,6 +67,7 @@ void Console::WireShell() {
   main->ButtonAdv.OnClick = [this] { main->ButtonAdv_Click(); };
   main->SettingsTab.OnClick = [this] { main->SettingsTab_Click(); };
   main->mnuAbout.OnClick = [this] { mnuAbout_Click(); };
+  main->mnuPreferences.OnClick = [this] { mnuPreferences_Click(); };
   main->mnuFileExit.OnClick = [this] { Form_Unload(); };
   main->OnClose = [this] { Form_Unload(); };
   for (ToolButton* button :
@@ -135,6 +146,11 @@ void Console::mnuProperties_Click() {
   session.PortChanged = false;
 }
 
+void Console::mnuPreferences_Click() {
+  platform.Windows.ShowModal(std::make_shared<frmPreferences>(platform.Preferences, session, *main),
+                             *main);
+}
+
 void Console::Form_Unload() {
   if (ending) return;
   if (!mainLoaded) {
@@ -163,7 +179,7 @@ void Console::SendLogout() {
   if (!session.LogoutOnQuit) return;
   try {
     if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);
-    if (main->EchoIsOff) platform.MSComm1.Output("eeco\r");
+    if (main->EchoIsOff) SwitchEcho(platform.MSComm1, *main, true);
     platform.MSComm1.Output("PASS NONE\r");
   } catch (const SerialError&) {
     return;  // nobody is there to be logged out

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "access/access_menus.h"
 #include "app/frmOrvalent.h"
 #include "app/frmSplash.h"
 #include "link/connection.h"
@@ -13,6 +14,8 @@
 #include "platform/platform.h"
 #include "radio/main_timer.h"
 #include "radio/read_cycle.h"
+#include "settings/option_rows.h"
+#include "settings/programming.h"
 
 namespace quillmark {
 
@@ -45,6 +48,7 @@ class Console {
   void tbrToolBar_ButtonClick(std::string_view key);
   void mnuAbout_Click();
   void mnuProperties_Click();
+  void mnuPreferences_Click();
   void SendLogout();
   // False when the user aborts.
   bool DrainOutput();
@@ -57,6 +61,9 @@ class Console {
   Receiver receiver;
   ReadCycle readCycle;
   MainTimer mainTimer;
+  SettingProgrammer programmer;
+  OptionRows optionRows;
+  AccessMenus access;
   std::weak_ptr<frmSplash> splash;
   bool mainLoaded = false;
   bool ending = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -15,7 +16,8 @@ class ListBox : public Control {
       : Control(form, container, std::move(name)), Items(*this, std::move(items)) {}
 
   Property<std::vector<std::string>> Items;
-  Property<std::vector<std::string>> ItemTips{*this, {}};  // tool tips, item by item
+  Property<std::vector<std::string>> ItemTips{*this, {}};       // tool tips, item by item
+  Property<std::vector<std::uint32_t>> ItemColours{*this, {}};  // swatches, &HBBGGRR, item by item
   Property<bool> Editable{*this, false};
 
   // From 0; -1 when none is chosen.

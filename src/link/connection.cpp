@@ -4,6 +4,7 @@
 #include <string>
 
 #include "config/presets.h"
+#include "link/echo.h"
 #include "link/serial_failure.h"
 #include "prefs/utilities.h"
 #include "text/text.h"
@@ -59,7 +60,7 @@ void Connection::mnuOpen_Click() {
 void Connection::Open() {
   main.ConnectCancelled = false;
   main.NotConnected = false;
-  main.ReplyIsSecret = false;
+  main.SecretReplies = 0;
   main.EchoIsOff = false;
   try {
     OpenAndWake();
@@ -204,8 +205,7 @@ bool Connection::WakeRound(int tries) {
 
 void Connection::SendClos() {
   // A radio must not be left without its echo.
-  if (main.EchoIsOff) platform.MSComm1.Output("eeco\r");
-  main.EchoIsOff = false;
+  if (main.EchoIsOff) SwitchEcho(platform.MSComm1, main, true);
   platform.MSComm1.Output("CLOS\r");
   main.txtTerm.Text = main.txtTerm.Text() +
                       "*** CLOS command sent to the radio before disabling the COMM port. ***\r\n";
@@ -222,6 +222,14 @@ void Connection::DisconnectRadio() {
     platform.Dialogs.Message(
         {error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
   }
+  ShowDisconnected();
+  main.txtTerm.Text = main.txtTerm.Text() + "Disconnected";
+  main.pnl_Status.Text = "Status: ";
+  main.DirectPortMode = false;
+  main.NotConnected = true;
+}
+
+void Connection::ShowDisconnected() {
   for (Control* control : std::initializer_list<Control*>{
            &main.tbr_TransmitTextFile, &main.tbr_Disconnect, &main.tbr_Login, &main.tbr_Logout}) {
     control->Enabled = false;
@@ -231,11 +239,7 @@ void Connection::DisconnectRadio() {
   main.mnuOpen.Checked = false;
   ShowLamp(false);
   EnableRadioMenus(false);
-  main.txtTerm.Text = main.txtTerm.Text() + "Disconnected";
-  main.pnl_Status.Text = "Status: ";
   DisableRadioActions();
-  main.DirectPortMode = false;
-  main.NotConnected = true;
 }
 
 void Connection::LogoutRadio() {
@@ -292,6 +296,7 @@ void Connection::EnableRadioActions() {
 
 void Connection::StartConnectTimer() {
   main.ConnectStart = platform.Events.LocalSeconds();
+  main.pnl_ConnectTime.Text = "00:00:00 ";
   main.Timer1.Enabled = true;
 }
 

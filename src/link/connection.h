@@ -26,6 +26,8 @@ class Connection {
   // Sends bursts until the radio shows a prompt, for 45 s at most. Throws SerialError.
   void WakeLink();
 
+  // Shows on toolbar, lamp, menus and status bar that there is no link.
+  void ShowDisconnected();
   void EnableRadioActions();
   void DisableRadioActions();
 

@@ -13,6 +13,9 @@ namespace {
 constexpr std::size_t terminalLimit = 16000;  // characters, before the last arrival
 constexpr std::size_t terminalCut = 4096;
 constexpr char backspace = 8;
+constexpr const char* vanishedDetails =
+    "The serial adapter was unplugged, or its driver gave it up. Plug it in again, then click "
+    "Connect...";
 constexpr std::size_t longestPromptLine = 16;  // a line end and a prompt, with room to spare
 
 // Each backspace takes the character in front of it away; one that has none there is told by
@@ -82,8 +85,12 @@ void Receiver::ReportError(const std::string& wording) {
   if (main.ShowCommStatus) main.pnl_Status.Text = "Status: " + wording;
   platform.Desktop.Beep();
   errorBoxUp = true;
-  const Answer answer = platform.Dialogs.Message(
-      {wording, "Click Cancel to quit, OK to ignore.", Icon::None, Buttons::OkCancel});
+  // The box may stay up for long; the window must not go on showing a link meanwhile.
+  const bool vanished = !platform.MSComm1.PortOpen();
+  if (vanished) connection.ShowDisconnected();
+  const Answer answer =
+      platform.Dialogs.Message({wording, "Click Cancel to quit, OK to ignore.", Icon::None,
+                                Buttons::OkCancel, vanished ? vanishedDetails : ""});
   errorBoxUp = false;
   // A port that closed itself is gone, whatever the answer.
   if (answer == Answer::Cancel || !platform.MSComm1.PortOpen()) {
@@ -96,16 +103,15 @@ void Receiver::ReportError(const std::string& wording) {
 
 // A radio may echo a secret against its orders: nothing of its reply is shown or logged. The reply
 // ends at the prompt, which stands at the head of a line.
-std::string Receiver::BehindSecretReply(const std::string& data) {
+std::string Receiver::BehindSecretReplies(const std::string& data) {
   for (std::size_t at = 0; at < data.size(); ++at) {
     if (secretLine.size() < longestPromptLine) secretLine += data[at];
     const bool prompted =
         secretLine == "\n>" || secretLine == "\nSETUP>" || secretLine == "\nLOADER>";
     if (data[at] == '\n') secretLine = "\n";
     if (!prompted) continue;
-    main.ReplyIsSecret = false;
     secretLine.clear();
-    return data.substr(at + 1);
+    if (--main.SecretReplies == 0) return data.substr(at + 1);
   }
   return {};
 }
@@ -120,7 +126,7 @@ void Receiver::ReceiveText(TextBox& term, std::string& data) {
   const std::size_t termLength = term.Text().size();
   session.RxBuffer.Append(data);
   if (session.RxBuffer.HoldsClosed()) connection.DisableRadioActions();
-  if (main.ReplyIsSecret) data = BehindSecretReply(data);
+  if (main.SecretReplies > 0) data = BehindSecretReplies(data);
   term.SetSelStart(termLength);
   bool reachesBack = false;
   data = WithoutBackspaces(data, reachesBack);
@@ -136,6 +142,8 @@ void Receiver::ReceiveText(TextBox& term, std::string& data) {
 
 char Receiver::txtTerm_KeyPress(char key) {
   if (!platform.MSComm1.PortOpen()) return key;
+  // Half a line in front of a password would make it something else.
+  if (main.SecretWindows > 0) return 0;
   WithLinkErrors(platform.Dialogs, [&] { platform.MSComm1.Output(std::string(1, key)); });
   if (session.LocalEcho) return key;
   main.txtTerm.SetSelStart(main.txtTerm.Text().size());

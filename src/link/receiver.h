@@ -26,7 +26,7 @@ class Receiver {
   char txtTerm_KeyPress(char key);
 
  private:
-  std::string BehindSecretReply(const std::string& data);
+  std::string BehindSecretReplies(const std::string& data);
   void ShowCommStatusText(const std::string& wording);
   void ReportError(const std::string& wording);
 

@@ -45,8 +45,9 @@ struct LinkState {
   bool ShowCommStatus = true;           // comm events may write the status panel
   bool TerminalEcho = true;             // received text goes into the terminal
   bool DiscardReceived = false;         // received text is thrown away
-  bool EchoIsOff = false;               // the radio's, for the length of the login probe
-  bool ReplyIsSecret = false;           // until the next prompt nothing is shown or logged
+  bool EchoIsOff = false;               // the radio's, by our own "deco"
+  int SecretReplies = 0;                // so many replies are neither shown nor logged
+  int SecretWindows = 0;                // so many windows have the line to themselves for a secret
   bool NotConnected = false;            // the last connect failed, or the user closed the link
   bool ConnectCancelled = false;        // stop the wake attempt
   bool ConnectOnLaunchPending = false;  // the first tick connects

@@ -59,21 +59,31 @@ bool TerminalLog::Prepare(const fs::path& path, Answer replace) {
 
 void TerminalLog::OpenFile(const fs::path& path) {
   mnuCloseLog_Click();
-  file.reset(std::fopen(path.c_str(), FileExists(path) ? "r+b" : "w+b"));
+  // Each write goes to the end, whoever else writes or cuts the file.
+  file.reset(std::fopen(path.c_str(), "ab"));
   if (!file) {
     ShowError(LastError().message());
     return;
   }
   // Unbuffered, so that a full disk shows at the write that meets it.
   std::setvbuf(file.get(), nullptr, _IONBF, 0);
-  std::fseek(file.get(), 0, SEEK_END);
+  name = path;
   main.Caption = "Radio Terminal - " + PathText(path.filename());
   ShowOpen(true);
+}
+
+void TerminalLog::FollowName() {
+  if (FileExists(name)) return;
+  if (std::FILE* const anew = std::fopen(name.c_str(), "ab")) {
+    std::setvbuf(anew, nullptr, _IONBF, 0);
+    file.reset(anew);
+  }
 }
 
 void TerminalLog::mnuCloseLog_Click() {
   file.reset();
   heldBack.clear();
+  missing = 0;
   ShowOpen(false);
 }
 
@@ -86,35 +96,38 @@ void TerminalLog::ShowOpen(bool open) {
 
 void TerminalLog::Write(std::string_view text) {
   if (!file) return;
-  if (asking) {
-    if (heldBack.size() + text.size() <= heldBackLimit) heldBack.append(text);
-    return;
+  if (heldBack.size() + text.size() <= heldBackLimit) {
+    heldBack.append(text);
+  } else {
+    missing += text.size();
   }
-  heldBack = text;
+  if (asking) return;
   while (file && !heldBack.empty()) {
-    const std::string next = std::move(heldBack);
-    heldBack.clear();
-    if (WriteAll(next)) continue;
-    asking = true;
-    const Answer answer =
-        dialogs.Message({writeError.message(), ProgramTitle, Icon::Critical, Buttons::RetryCancel});
-    asking = false;
-    if (answer == Answer::Retry) {
-      heldBack.insert(0, next);
-    } else {
-      mnuCloseLog_Click();
+    if (!WriteAll(heldBack)) {
+      AskAboutFailure();
+    } else if (missing > 0) {
+      heldBack = "\r\n*** " + std::to_string(missing) + " characters are missing here ***\r\n";
+      missing = 0;
     }
   }
 }
 
-bool TerminalLog::WriteAll(std::string_view text) {
-  const long end = std::ftell(file.get());
+void TerminalLog::AskAboutFailure() {
+  asking = true;
+  const Answer answer =
+      dialogs.Message({writeError.message(), ProgramTitle, Icon::Critical, Buttons::RetryCancel});
+  asking = false;
+  if (answer != Answer::Retry) mnuCloseLog_Click();
+}
+
+bool TerminalLog::WriteAll(std::string& text) {
+  FollowName();
   errno = 0;
-  if (std::fwrite(text.data(), 1, text.size(), file.get()) == text.size()) return true;
+  const std::size_t written = std::fwrite(text.data(), 1, text.size(), file.get());
   writeError = LastError();
+  text.erase(0, written);
+  if (text.empty()) return true;
   std::clearerr(file.get());
-  // What got through goes out again with the rest; it must not stand twice.
-  std::fseek(file.get(), end, SEEK_SET);
   return false;
 }
 

@@ -23,8 +23,8 @@ class TerminalLog {
 
   bool Open() const { return file != nullptr; }
   // Writes the text when a log is open. When that fails, the user may try again as often as he
-  // likes, or give the log up; text that arrives while he is asked is written behind it, 1 MiB
-  // at most.
+  // likes, or give the log up; text that arrives while he is asked is written behind it. What
+  // goes beyond 1 MiB is lost, and the log says how much.
   void Write(std::string_view text);
 
  private:
@@ -35,8 +35,12 @@ class TerminalLog {
   // Makes room for a new file or keeps the old one to append to; false when it can't be done.
   bool Prepare(const std::filesystem::path& path, Answer replace);
   void OpenFile(const std::filesystem::path& path);
-  // False when the system failed to write all of it; the next write starts where this one did.
-  bool WriteAll(std::string_view text);
+  // Takes away what was written from the front of `text`; false when the system failed to write
+  // all.
+  bool WriteAll(std::string& text);
+  void AskAboutFailure();
+  // A log that was deleted meanwhile goes on in a new file of its name.
+  void FollowName();
   void ShowError(std::string_view text);
   void ShowOpen(bool open);
 
@@ -45,7 +49,9 @@ class TerminalLog {
   std::unique_ptr<std::FILE, Closer> file;
   std::error_code writeError;
   bool asking = false;
-  std::string heldBack;
+  std::filesystem::path name;
+  std::string heldBack;     // still to be written
+  std::size_t missing = 0;  // characters that heldBack had no room for
 };
 
 }  // namespace quillmark

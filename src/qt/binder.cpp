@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSlider>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -78,6 +79,7 @@ void Binder::Join() {
       &Binder::TryJoin<MenuItem, QAction, &Binder::JoinMenuItem>,
       &Binder::TryJoin<Menu, QMenu, &Binder::JoinMenu>,
       &Binder::TryJoin<CheckBox, QCheckBox, &Binder::JoinCheckBox>,
+      &Binder::TryJoin<OptionButton, QRadioButton, &Binder::JoinOption>,
       &Binder::TryJoin<Frame, QWidget, &Binder::JoinFrame>,
       &Binder::TryJoin<StatusPanel, QLabel, &Binder::JoinPanel>,
       &Binder::TryJoin<TextBox, QWidget, &Binder::JoinTextBox>,
@@ -100,6 +102,7 @@ void Binder::Join() {
     for (const std::string& problem : problems) all += "\n  " + problem;
     throw std::logic_error(all);
   }
+  NameValues();
   GatherRows();
 }
 
@@ -133,7 +136,14 @@ void Binder::ActOn(Control& control, const std::function<void()>& act) {
 void Binder::MoveFocus(const Control& control) {
   const auto found = widgets.find(&control);
   if (found == widgets.end()) return;
-  if (auto* widget = qobject_cast<QWidget*>(found->second)) widget->setFocus();
+  auto* widget = qobject_cast<QWidget*>(found->second);
+  if (widget == nullptr) return;
+  // As if the user had come by the tab key: what stands in a line is selected, to be typed over.
+  widget->setFocus(Qt::TabFocusReason);
+  const auto* box = dynamic_cast<const TextBox*>(&control);
+  auto* line = qobject_cast<QLineEdit*>(widget);
+  if (box == nullptr || line == nullptr || box->SelLength() == 0) return;
+  line->setSelection(static_cast<int>(box->SelStart()), static_cast<int>(box->SelLength()));
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
@@ -148,6 +158,13 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     acts.ActAfterwards([box] { box->UserLeave(); });
   }
   return false;
+}
+
+// A label explains the value that it is the buddy of.
+void Binder::NameValues() {
+  for (CaptionLabel* label : window.findChildren<CaptionLabel*>()) {
+    if (auto* box = qobject_cast<ValueBox*>(label->buddy())) box->SetCaption(label);
+  }
 }
 
 // A frame with a grid lays its rows out by their Top: each value and the label made right after it.

@@ -10,11 +10,13 @@
 #include "controls/choices.h"
 #include "controls/clickable.h"
 #include "controls/form.h"
+#include "controls/option_button.h"
 #include "controls/text_box.h"
 #include "controls/timer.h"
 
 class QAbstractButton;
 class QAction;
+class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -22,6 +24,7 @@ class QLineEdit;
 class QMenu;
 class QProgressBar;
 class QPushButton;
+class QRadioButton;
 class QSlider;
 class QTabBar;
 class QToolButton;
@@ -75,6 +78,7 @@ class Binder : public QObject, public ControlView {
   void JoinLamp(Lamp& control, QToolButton& button);
   void JoinButton(Button& control, QPushButton& button);
   void JoinCheckBox(CheckBox& control, QCheckBox& box);
+  void JoinOption(OptionButton& control, QRadioButton& button);
   void JoinValueField(ValueField& control, ValueBox& box);
   void JoinLabel(Label& control, CaptionLabel& label);
   void JoinPanel(StatusPanel& control, QLabel& label);
@@ -98,6 +102,8 @@ class Binder : public QObject, public ControlView {
   bool Locked(const Control& control) const { return lockTips.count(&control) != 0; }
   QString TipOf(const Control& control) const;
 
+  void ShowOptions(QButtonGroup& group);
+  void NameValues();
   void GatherRows();
   void PickFrontFrame(QWidget& stacked);
   void FindStrayWidgets();

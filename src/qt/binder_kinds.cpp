@@ -1,19 +1,23 @@
 // How each kind of control is joined to its widget.
 
 #include <QAction>
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QToolButton>
+#include <algorithm>
 
 #include "qt/binder.h"
 #include "qt/clickable_text.h"
@@ -50,6 +54,32 @@ void ShowColor(const Clickable& control, QWidget& widget) {
   widget.setPalette(palette);
 }
 
+// A square of a colour, in a frame so that it shows on a ground of the same colour.
+QIcon Swatch(std::uint32_t blueGreenRed, const QWidget& where) {
+  const int side = where.fontMetrics().height();
+  const qreal scale = where.devicePixelRatioF();
+  QPixmap picture(QSize(side, side) * scale);
+  picture.setDevicePixelRatio(scale);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  QColor edge = where.palette().color(QPalette::Text);
+  edge.setAlphaF(0.5F);
+  painter.setPen(edge);
+  painter.setBrush(ToColor(blueGreenRed));
+  painter.drawRect(QRectF(0.5, 0.5, side - 1, side - 1));
+  return QIcon(picture);
+}
+
+void ShowSwatches(const ListBox& control, QComboBox& box) {
+  const auto& colours = control.ItemColours();
+  if (colours.empty()) return;
+  const int side = box.fontMetrics().height();
+  box.setIconSize({side, side});
+  for (std::size_t i = 0; i < colours.size() && i < control.Items().size(); ++i) {
+    box.setItemIcon(static_cast<int>(i), Swatch(colours[i], box));
+  }
+}
+
 void ShowItems(const ListBox& control, QComboBox& box) {
   const auto& items = control.Items();
   bool same = box.count() == static_cast<int>(items.size());
@@ -59,11 +89,21 @@ void ShowItems(const ListBox& control, QComboBox& box) {
   if (!same) {
     box.clear();
     for (const std::string& item : items) box.addItem(ToQt(item));
+    ShowSwatches(control, box);
   }
   const auto& tips = control.ItemTips();
   for (std::size_t i = 0; i < tips.size() && i < items.size(); ++i) {
     box.setItemData(static_cast<int>(i), PlainTip(tips[i]), Qt::ToolTipRole);
   }
+}
+
+void ShowSecrecy(const TextBox& control, QLineEdit& line) {
+  const auto mode = control.Secret() ? QLineEdit::Password : QLineEdit::Normal;
+  if (line.echoMode() == mode) return;
+  line.setEchoMode(mode);
+  // Style sheets are Qt's only way to choose the character that stands for a secret one: "*".
+  line.setStyleSheet(control.Secret() ? QStringLiteral("lineedit-password-character: 42")
+                                      : QString());
 }
 
 }  // namespace
@@ -143,6 +183,42 @@ void Binder::JoinCheckBox(CheckBox& control, QCheckBox& box) {
   });
 }
 
+// The buttons that exclude each other are a group, so that the arrow keys move between them. The
+// controls have the last word: a click that did not reach its control is taken back from all.
+void Binder::JoinOption(OptionButton& control, QRadioButton& button) {
+  const QString name = ToQt(control.Name()).section(QLatin1Char('_'), 0, -2);
+  auto* group = window.findChild<QButtonGroup*>(name);
+  if (group == nullptr) {
+    group = new QButtonGroup(&window);
+    group->setObjectName(name);
+  }
+  group->addButton(&button);
+  JoinClick(control, button);
+  Follow(control, [this, &control, &button, group] {
+    ShowCommon(control, button);
+    const QString caption = ToQt(control.Text());
+    if (button.text() != caption) button.setText(caption);
+    ShowOptions(*group);
+  });
+}
+
+void Binder::ShowOptions(QButtonGroup& group) {
+  // A group that excludes keeps its last choice.
+  group.setExclusive(false);
+  for (QAbstractButton* button : group.buttons()) {
+    auto* option = dynamic_cast<OptionButton*>(form.Find(FromQt(button->objectName())));
+    if (option != nullptr) button->setChecked(option->Checked());
+  }
+  group.setExclusive(true);
+  const auto buttons = group.buttons();
+  const bool anyChosen = std::any_of(buttons.begin(), buttons.end(),
+                                     [](QAbstractButton* button) { return button->isChecked(); });
+  // The tab key leads to the one that is chosen.
+  for (QAbstractButton* button : buttons) {
+    button->setFocusPolicy(button->isChecked() || !anyChosen ? Qt::StrongFocus : Qt::ClickFocus);
+  }
+}
+
 void Binder::JoinValueField(ValueField& control, ValueBox& box) {
   connect(&box, &ClickableText::Clicked, this,
           [this, &control] { ActOn(control, [&control] { control.Click(); }); });
@@ -162,7 +238,9 @@ void Binder::JoinLabel(Label& control, CaptionLabel& label) {
     ShowCommon(control, label, false);
     ShowFont(control, label);
     ShowColor(control, label);
-    label.setText(ToQt(control.Text()));
+    label.setText(InLines(control.Text()));
+    // A label that nothing happens at promises nothing.
+    if (!control.OnClick) label.setToolTip({});
     label.SetClickable(control.OnClick && !Locked(control));
   });
 }
@@ -205,7 +283,7 @@ void Binder::JoinLine(TextBox& control, QLineEdit& line) {
   });
   Follow(control, [this, &control, &line] {
     ShowCommon(control, line);
-    line.setEchoMode(control.Secret() ? QLineEdit::Password : QLineEdit::Normal);
+    ShowSecrecy(control, line);
     line.setMaxLength(control.MaxLength() == 0 ? 32767 : static_cast<int>(control.MaxLength()));
     const QString text = ToQt(control.Text());
     if (line.text() != text) line.setText(text);

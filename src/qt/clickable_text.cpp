@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyle>
 #include <QToolTip>
 #include <algorithm>
 
@@ -15,6 +14,8 @@ namespace {
 // Of a value, in average characters.
 constexpr int usualWidth = 30;
 constexpr int leastWidth = 20;
+
+constexpr float mutedInk = 0.65F;
 
 }  // namespace
 
@@ -78,8 +79,14 @@ void ClickableText::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
 }
 
+void CaptionLabel::TakeFocusInPlaceOfValue(bool take) {
+  inPlaceOfValue = take;
+  LookChanged();
+}
+
 void CaptionLabel::LookChanged() {
-  const bool underlined = Live() && Hovered();
+  setFocusPolicy(Live() && inPlaceOfValue ? Qt::TabFocus : Qt::NoFocus);
+  const bool underlined = Live() && (Hovered() || hasFocus());
   if (font().underline() != underlined) {
     QFont next = font();
     next.setUnderline(underlined);
@@ -97,6 +104,11 @@ ValueBox::ValueBox(QWidget* parent) : ClickableText(parent) {
   const int down = std::max(3, fontMetrics().height() / 4);
   setContentsMargins(across, down, across, down);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void ValueBox::SetCaption(CaptionLabel* next) {
+  caption = next;
+  LookChanged();
 }
 
 QSize ValueBox::sizeHint() const {
@@ -122,8 +134,17 @@ bool ValueBox::event(QEvent* event) {
   return true;
 }
 
+void ValueBox::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1 && !caption.isNull() && caption->IsClickable()) {
+    emit caption->Clicked();
+  } else {
+    ClickableText::keyPressEvent(event);
+  }
+}
+
 void ValueBox::LookChanged() {
   setFocusPolicy(Live() ? Qt::StrongFocus : Qt::NoFocus);
+  if (!caption.isNull()) caption->TakeFocusInPlaceOfValue(!Live());
   if (Live()) {
     setCursor(Qt::PointingHandCursor);
   } else {
@@ -145,8 +166,11 @@ void ValueBox::paintEvent(QPaintEvent*) {
     const double inset = width / 2;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
   }
-  style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
-                        isEnabled(), Elided(), QPalette::WindowText);
+  // What can't be changed now is still there to be read.
+  QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
+  if (!isEnabled()) ink.setAlphaF(mutedInk);
+  painter.setPen(ink);
+  painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, Elided());
 }
 
 }  // namespace quillmark

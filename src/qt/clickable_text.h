@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPointer>
 
 namespace quillmark {
 
@@ -40,36 +41,49 @@ class ClickableText : public QLabel {
   bool pressed = false;
 };
 
-// The label in front of a value or an input; underlined under the mouse where it can be clicked.
+// The label in front of a value or an input; underlined, where it can be clicked, under the mouse
+// and while it has the focus. It takes the focus in place of a value that does not.
 class CaptionLabel : public ClickableText {
   Q_OBJECT
 
  public:
   using ClickableText::ClickableText;
 
+  void TakeFocusInPlaceOfValue(bool take);
+
  protected:
   void LookChanged() override;
+
+ private:
+  bool inPlaceOfValue = false;
 };
 
 // A value of the radio, on one line. One that can be clicked stands in a fine frame; the others are
 // flat text in the same place. Its size does not depend on the value, so that the window stays
-// calm; a value that is too long ends in dots, and the tool tip has the whole.
+// calm; a value that is too long ends in dots, and the tool tip has the whole. F1
+// clicks the label that explains it.
 class ValueBox : public ClickableText {
   Q_OBJECT
 
  public:
   explicit ValueBox(QWidget* parent = nullptr);
 
+  // The label may die first.
+  void SetCaption(CaptionLabel* next);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  protected:
   bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void LookChanged() override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QString Elided() const;
+
+  QPointer<CaptionLabel> caption;
 };
 
 }  // namespace quillmark

@@ -10,9 +10,18 @@
 #include <QStatusBar>
 
 #include "qt/qt_windows.h"
+#include "ui_frmDLINKOptions.h"
+#include "ui_frmDTYPEOptions.h"
+#include "ui_frmLogin.h"
 #include "ui_frmOrvalent.h"
+#include "ui_frmPreferences.h"
 #include "ui_frmProperties.h"
+#include "ui_frmRTUOptions.h"
+#include "ui_frmSetPass.h"
+#include "ui_frmSetup.h"
+#include "ui_frmSimpleXMAP.h"
 #include "ui_frmSplash.h"
+#include "ui_frmXMAP.h"
 
 namespace quillmark {
 
@@ -95,10 +104,17 @@ QWidget* MakeSplash(QWidget* parent) {
   return window;
 }
 
-QWidget* MakeProperties(QWidget* parent) {
-  Ui::frmProperties ui;
+// A form can't measure in characters: its property "widthInCharacters" is a widget's least width.
+template <class Drawn>
+QWidget* MakeDialog(QWidget* parent) {
+  Drawn ui;
   auto* window = Draw<QDialog>(parent, ui);
-  ui.SelectPort->setMinimumWidth(window->fontMetrics().averageCharWidth() * 60);
+  for (QWidget* widget : window->template findChildren<QWidget*>()) {
+    const int characters = widget->property("widthInCharacters").toInt();
+    if (characters > 0) {
+      widget->setMinimumWidth(widget->fontMetrics().averageCharWidth() * characters);
+    }
+  }
   return window;
 }
 
@@ -110,7 +126,16 @@ struct Row {
 constexpr Row rows[] = {
     {"frmOrvalent", MakeMain},
     {"frmSplash", MakeSplash},
-    {"frmProperties", MakeProperties},
+    {"frmProperties", MakeDialog<Ui::frmProperties>},
+    {"frmDLINKOptions", MakeDialog<Ui::frmDLINKOptions>},
+    {"frmDTYPEOptions", MakeDialog<Ui::frmDTYPEOptions>},
+    {"frmRTUOptions", MakeDialog<Ui::frmRTUOptions>},
+    {"frmXMAP", MakeDialog<Ui::frmXMAP>},
+    {"frmSimpleXMAP", MakeDialog<Ui::frmSimpleXMAP>},
+    {"frmLogin", MakeDialog<Ui::frmLogin>},
+    {"frmSetPass", MakeDialog<Ui::frmSetPass>},
+    {"frmSetup", MakeDialog<Ui::frmSetup>},
+    {"frmPreferences", MakeDialog<Ui::frmPreferences>},
 };
 
 }  // namespace

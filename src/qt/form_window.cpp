@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMainWindow>
+#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 
@@ -19,6 +20,14 @@ namespace quillmark {
 namespace {
 
 constexpr int mouseLook = 20;  // ms between looks for the release of a mouse button
+
+// The button that Escape clicks, whatever it is called; null when the window has none.
+QPushButton* CancelButton(const QWidget& window) {
+  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton"}) {
+    if (auto* button = window.findChild<QPushButton*>(QLatin1String(name))) return button;
+  }
+  return nullptr;
+}
 
 }  // namespace
 
@@ -55,7 +64,8 @@ void FormWindow::Show() {
   if (const Control* focus = form->Focus()) binder->MoveFocus(*focus);
 }
 
-// The form's own size where it has one, the layout's otherwise; in the middle of the screen.
+// The form's own size where it has one, the layout's otherwise; in the middle of its owner, or of
+// the screen.
 void FormWindow::TakeSize() {
   sizing = true;
   window->ensurePolished();
@@ -70,7 +80,9 @@ void FormWindow::TakeSize() {
   if (QGuiApplication::platformName() != QLatin1String("offscreen")) {
     window->resize(window->size().boundedTo(screen.size()).expandedTo(window->minimumSizeHint()));
   }
-  window->move(screen.center() - window->rect().center());
+  const QWidget* owner = window->parentWidget();
+  const QRect around = owner != nullptr && owner->isVisible() ? owner->geometry() : screen;
+  window->move(around.center() - window->rect().center());
   sizing = false;
 }
 
@@ -141,17 +153,15 @@ void FormWindow::RunPostponed() {
   });
 }
 
-// A key that no control took. Escape acts as the close box does, but a window without a title bar
-// has none.
+// A key that no control took. A dialog without a Cancel button is not left by Escape.
 bool FormWindow::KeyPressed(int key) {
-  const bool dialog = qobject_cast<QDialog*>(window.data()) != nullptr;
-  if (dialog && key != Qt::Key_Escape) return false;
-  if (dialog) {
-    Act([this] { form->UserClose(); });
-  } else {
+  if (qobject_cast<QDialog*>(window.data()) == nullptr) {
     Act([this] { form->UserKey(); });
+    return false;
   }
-  return dialog;
+  if (key != Qt::Key_Escape) return false;
+  if (QPushButton* cancel = CancelButton(*window)) cancel->click();
+  return true;
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {

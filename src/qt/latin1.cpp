@@ -23,6 +23,12 @@ std::string OnOneLine(const std::string& text) {
   return line;
 }
 
+QString InLines(const std::string& text) {
+  QString lines = ToQt(text);
+  lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  return lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
 QString WithoutMnemonics(const std::string& text) {
   return ToQt(text).replace(QLatin1Char('&'), QLatin1String("&&"));
 }

@@ -18,6 +18,9 @@ std::string FromQt(const QString& text);
 // Line ends and other control characters as blanks, a line end as one.
 std::string OnOneLine(const std::string& text);
 
+// A text of several lines: the radio's world ends them with CR LF or with CR.
+QString InLines(const std::string& text);
+
 // For places where Qt would take "&" as a mnemonic and the text means the character.
 QString WithoutMnemonics(const std::string& text);
 

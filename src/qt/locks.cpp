@@ -32,19 +32,10 @@ constexpr Lock locks[] = {
     {"frmOrvalent.ButtonRSSI", "The RSSI meter"},
     {"frmOrvalent.mnuSendText", "Upgrading the firmware"},
     {"frmOrvalent.tbr_TransmitTextFile", "Upgrading the firmware"},
-    {"frmOrvalent.tbr_Login", "Logging in"},
-    {"frmOrvalent.mnuAccessCode", "Logging in"},
-    {"frmOrvalent.mnuSetPass", "Setting the password"},
-    {"frmOrvalent.mnuEncryptCode", "Entering the encryption code"},
-    {"frmOrvalent.mnuSetupMode", "The setup mode"},
     {"frmOrvalent.mnuConfigRestore", "The store and restore window"},
-    {"frmOrvalent.mnuPreferences", "Changing preferences here"},
+    {"frmSimpleXMAP.cmdHelp", "The explanation of repeaters"},
 };
 // clang-format on
-
-// Whole kinds: the rows of the settings view, and the labels before rows and inputs.
-constexpr std::string_view settingsLocked = "Changing settings";
-constexpr std::string_view labelsLocked = "The explanation of settings";
 
 const Lock* Listed(const Control& control) {
   const std::string name = control.Owner().Name() + "." + control.Name();
@@ -63,13 +54,7 @@ bool IsOneOf(const Control& control) {
 // Whether a user would expect something of a click.
 bool PromisesClick(const Clickable& control) {
   if (IsOneOf<Button, ToolButton, MenuItem, Lamp>(control)) return true;
-  if (IsOneOf<ValueField>(control)) return control.MousePointer() == Pointer::Arrow;
-  return IsOneOf<Label>(control) && !control.ToolTip().empty();
-}
-
-std::string_view KindLock(const Control& control) {
-  if (IsOneOf<ValueField>(control)) return settingsLocked;
-  return IsOneOf<Label>(control) ? labelsLocked : std::string_view();
+  return IsOneOf<ValueField>(control) && control.MousePointer() == Pointer::Arrow;
 }
 
 }  // namespace
@@ -78,8 +63,8 @@ std::optional<std::string> LockTip(const Control& control) {
   const auto* clickable = dynamic_cast<const Clickable*>(&control);
   if (clickable == nullptr || clickable->OnClick || !PromisesClick(*clickable)) return std::nullopt;
   const Lock* listed = Listed(control);
-  const std::string_view what = listed != nullptr ? listed->What : KindLock(control);
-  return std::string(what) + " comes in a later version.";
+  if (listed == nullptr) return std::nullopt;
+  return std::string(listed->What) + " comes in a later version.";
 }
 
 std::vector<std::string> LockProblems(const Form& form) {
@@ -90,8 +75,7 @@ std::vector<std::string> LockProblems(const Form& form) {
     const bool listed = Listed(*control) != nullptr;
     if (clickable->OnClick && listed) {
       problems.push_back(control->Name() + " works, but is still in the table of locks");
-    } else if (!clickable->OnClick && PromisesClick(*clickable) && !listed &&
-               KindLock(*control).empty()) {
+    } else if (!clickable->OnClick && PromisesClick(*clickable) && !listed) {
       problems.push_back(control->Name() + " does nothing, and is not in the table of locks");
     }
   }

@@ -29,7 +29,7 @@ int Run(const Options& options) {
 
   std::optional<Report> report;
   if (!options.Report.empty()) {
-    report.emplace(console, machine.Shown, machine.Events, options.Report);
+    report.emplace(console, platform, machine.Shown, silentBoxes, options.Report);
     silentBoxes.OnTrouble = [&report] { report->GiveUp("The radio could not be read."); };
     report->Start();
   }

@@ -71,17 +71,19 @@ QStyle::StandardPixmap PictureOf(Icon symbol) {
   }
 }
 
-// A text with the line ends of the radio's world, set in a column of comfortable width.
+// Of a column of text that reads well, in average characters.
+constexpr int columnWidth = 64;
+// Of a line to type into, and so of the title above it.
+constexpr int lineWidth = 48;
+
 QLabel* MakeText(const std::string& text, const char* name, QWidget* parent) {
-  QString shown = ToQt(text);
-  shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-  shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  const QString shown = InLines(text);
   auto* label = new QLabel(parent);
   label->setObjectName(QLatin1String(name));
   label->setTextFormat(Qt::PlainText);
   label->setText(shown);
   const QFontMetrics metrics = label->fontMetrics();
-  const int widest = metrics.averageCharWidth() * 80;
+  const int widest = metrics.averageCharWidth() * columnWidth;
   label->setWordWrap(true);
   label->setMinimumWidth(
       std::min(metrics.boundingRect(QRect(), Qt::AlignLeft, shown).width() + 1, widest));
@@ -172,6 +174,7 @@ InputWindow::InputWindow(const InputBox& box, QWidget* parent)
   line->setObjectName(QStringLiteral("inputLine"));
   line->setAccessibleName(prompt->text());
   line->setText(ToQt(box.Default));
+  line->setMinimumWidth(line->fontMetrics().averageCharWidth() * lineWidth);
   line->selectAll();
   line->setFocus();
   column->addWidget(line);

@@ -1,6 +1,6 @@
 #include "qt/qt_windows.h"
 
-#include <QWidget>
+#include <QMainWindow>
 #include <algorithm>
 #include <stdexcept>
 
@@ -76,13 +76,21 @@ bool QtWindows::Blocked(const FormWindow* asking) const {
   return front != open.end() && std::find(open.begin(), front, asking) != front;
 }
 
+// A window that is shown beside the main one stays in front of it.
+QWidget* QtWindows::MainWindow() const {
+  for (const FormWindow* window : open) {
+    if (qobject_cast<QMainWindow*>(window->Window()) != nullptr) return window->Window();
+  }
+  return nullptr;
+}
+
 void QtWindows::Show(const std::shared_ptr<Form>& form) {
   if (QWidget* shown = WindowOf(*form)) {
     shown->show();
     shown->raise();
     return;
   }
-  Open(form, nullptr).Show();
+  Open(form, MainWindow()).Show();
 }
 
 void QtWindows::ShowModal(const std::shared_ptr<Form>& form, Form& owner) {

@@ -37,6 +37,7 @@ class QtWindows : public QObject, public Windows {
  private:
   FormWindow& Open(const std::shared_ptr<Form>& form, QWidget* parent);
   std::unique_ptr<FormWindow> Make(const std::shared_ptr<Form>& form, QWidget* parent);
+  QWidget* MainWindow() const;
   bool Blocked(const FormWindow* asking) const;
 
   QtEventLoop& events;

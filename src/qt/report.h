@@ -5,23 +5,27 @@
 #include <string>
 
 #include "platform/dialogs.h"
+#include "platform/platform.h"
+#include "qt/window_pictures.h"
 
 namespace quillmark {
 
 class Console;
-class EventLoop;
-class Form;
 class frmOrvalent;
 class QtWindows;
 
-// For a run without a person: boxes are told on stderr and answered as if they had been closed.
+// For a run without a person: boxes are told on stderr and answered as if they had been closed,
+// unless they are wanted for their pictures.
 class ReportDialogs : public Dialogs {
  public:
   // Told of each box that reports trouble.
   std::function<void()> OnTrouble;
+  // While they are set the boxes go to them, and nothing is told.
+  std::function<Answer(const MessageBox&)> OnMessage;
+  std::function<void(const InputBox&)> OnInput;
 
   Answer Message(const MessageBox& box) override;
-  std::string Input(const InputBox&) override { return {}; }
+  std::string Input(const InputBox& box) override;
   std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return {}; }
   std::optional<std::filesystem::path> SaveFile(const FileDialog&) override { return {}; }
 };
@@ -33,7 +37,8 @@ std::string RowTable(const frmOrvalent& main);
 // folder, and ends the program. Everything given to it outlives it.
 class Report {
  public:
-  Report(Console& console, QtWindows& windows, EventLoop& events, std::string folder);
+  Report(Console& console, Platform& platform, QtWindows& windows, ReportDialogs& dialogs,
+         const std::string& folder);
 
   // Begins to wait; call before the event loop runs.
   void Start();
@@ -43,16 +48,11 @@ class Report {
 
  private:
   void Write();
-  void TakeMainPictures();
-  void TakeSetup();
-  void TakeAbout();
-  void Picture(const Form& form, const std::string& name);
   void End();
 
   Console& console;
-  QtWindows& windows;
   EventLoop& events;
-  std::string folder;
+  WindowPictures pictures;
   QTimer patience;
   int exitCode = 1;
   bool ended = false;

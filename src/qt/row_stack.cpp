@@ -39,7 +39,8 @@ void RowStack::LayOut() {
   for (const Row& row : order) {
     grid->addWidget(row.LabelWidget, place, 0);
     grid->addWidget(row.ValueWidget, place, 1);
-    if (before != nullptr) QWidget::setTabOrder(before, row.ValueWidget);
+    if (before != nullptr) QWidget::setTabOrder(before, row.LabelWidget);
+    QWidget::setTabOrder(row.LabelWidget, row.ValueWidget);
     before = row.ValueWidget;
     ++place;
   }

@@ -36,6 +36,11 @@ constexpr Role roles[] = {
     {QPalette::LinkVisited, 0xFFB79BE8, 0xFF868C95},
 };
 
+// The style draws the rim of check boxes and radio buttons darker than the ground, which is lost on
+// a dark one; so they are filled with a lighter colour.
+constexpr QRgb indicatorFill = 0xFF4C525A;
+constexpr QRgb indicatorFillWhenDisabled = 0xFF363A40;
+
 }  // namespace
 
 void UseDarkTheme() {
@@ -46,6 +51,9 @@ void UseDarkTheme() {
     palette.setColor(QPalette::Disabled, role.Colored, QColor::fromRgb(role.WhenDisabled));
   }
   QApplication::setPalette(palette);
+  palette.setColor(QPalette::Base, QColor::fromRgb(indicatorFill));
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor::fromRgb(indicatorFillWhenDisabled));
+  for (const char* kind : {"QCheckBox", "QRadioButton"}) QApplication::setPalette(palette, kind);
 }
 
 }  // namespace quillmark

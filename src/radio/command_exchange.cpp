@@ -9,7 +9,8 @@ void CommandExchange(Session& session, SerialPort& port, EventLoop& events, cons
   session.RxBuffer = " ";
   const Duration sent = events.Now();
   port.Output(text + "\r");
-  WaitUntil(events, limit - (events.Now() - sent), answered);
+  // A port that was closed meanwhile brings nothing more.
+  WaitUntil(events, limit - (events.Now() - sent), [&] { return answered() || !port.PortOpen(); });
 }
 
 void CommandExchange(Session& session, SerialPort& port, EventLoop& events, const std::string& text,

@@ -13,8 +13,8 @@ namespace quillmark {
 // One command and its reply: primes RxBuffer with a single blank, sends `text` and a carriage
 // return, and waits until RxBuffer holds both `awaited` and ">", in whatever case, or `limit`
 // has passed. The caller looks at RxBuffer to see which; the blank keeps every position in it one
-// higher than in the reply. Only one exchange may run at a time. Throws SerialError on a closed
-// port.
+// higher than in the reply. Only one exchange may run at a time. Ends early when the port is
+// closed meanwhile; throws SerialError on one that is closed already.
 void CommandExchange(Session& session, SerialPort& port, EventLoop& events, const std::string& text,
                      std::string_view awaited, Duration limit);
 

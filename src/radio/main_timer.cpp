@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 
 #include "link/serial_failure.h"
 
@@ -28,11 +29,29 @@ MainTimer::MainTimer(Platform& machine, Session& shared, frmOrvalent& window, Co
     : platform(machine), session(shared), main(window), connection(link), readCycle(cycle) {}
 
 bool MainTimer::LineHeld() const {
-  return main.DirectPortMode || LineHolders > 0 || connection.Connecting();
+  return main.DirectPortMode || LineHolders > 0 || main.SecretWindows > 0 ||
+         connection.Connecting();
 }
 
 void MainTimer::Timer1_Timer() {
-  WithLinkErrors(platform.Dialogs, [this] { Tick(); });
+  ticking = true;
+  struct Ended {
+    bool& flag;
+    ~Ended() { flag = false; }
+  };
+  {
+    const Ended ended{ticking};
+    WithLinkErrors(platform.Dialogs, [this] { Tick(); });
+  }
+  if (const auto act = std::exchange(deferred, nullptr)) act();
+}
+
+void MainTimer::AfterTick(std::function<void()> act) {
+  if (ticking) {
+    deferred = std::move(act);
+  } else {
+    act();
+  }
 }
 
 void MainTimer::Tick() {

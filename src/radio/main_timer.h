@@ -19,6 +19,10 @@ class MainTimer {
 
   void Timer1_Timer();
 
+  // Runs it now, or when the tick that is running has ended: for what must not come into the middle
+  // of a read. Only the last one asked for is kept.
+  void AfterTick(std::function<void()> act);
+
   // True while something else has the line to itself, so that no keep-alive and no read may start.
   // Windows that need that count themselves in and out of LineHolders.
   bool LineHeld() const;
@@ -38,6 +42,8 @@ class MainTimer {
   frmOrvalent& main;
   Connection& connection;
   ReadCycle& readCycle;
+  bool ticking = false;
+  std::function<void()> deferred;
 };
 
 }  // namespace quillmark

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "link/echo.h"
 #include "prefs/utilities.h"
 #include "radio/command_exchange.h"
 #include "radio/reply.h"
@@ -178,6 +179,7 @@ bool ReadCycle::ReplyIsDoubtful(std::string_view word, bool answered) {
 // A reply without an echo: somebody left the radio's echo off.
 void ReadCycle::RepairEcho() {
   CommandExchange(session, platform.MSComm1, platform.Events, "eeco", ">", readTimeOut);
+  main.EchoIsOff = false;
 }
 
 // The revision stands behind the echo, a part number of ten characters and their line ends.
@@ -200,8 +202,7 @@ void ReadCycle::TakeRevision() {
 void ReadCycle::ProbeLogin() {
   if (!main.LoginProbePending || !ownerNameIsWhole) return;
   main.LoginProbePending = false;
-  main.EchoIsOff = true;
-  platform.MSComm1.Output("deco\r");
+  SwitchEcho(platform.MSComm1, main, false);
   session.RxBuffer = " ";
   platform.MSComm1.Output("own " + main.OwnerName.Text() + "\r");
   WaitUntil(platform.Events, Milliseconds(200), [] { return false; });
@@ -209,8 +210,7 @@ void ReadCycle::ProbeLogin() {
   const bool denied = Contains(session.RxBuffer, "DENIED");
   main.tbr_Login.Enabled = denied;
   main.tbr_Logout.Enabled = !denied;
-  platform.MSComm1.Output("eeco\r");
-  main.EchoIsOff = false;
+  SwitchEcho(platform.MSComm1, main, true);
   AwaitProbeReplies();
 }
 

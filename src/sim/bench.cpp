@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "controls/option_button.h"
+
 namespace quillmark::sim {
 
 Bench::Bench()
@@ -42,6 +44,7 @@ void Bench::Start() {
 
 void Bench::Restart() {
   console.reset();
+  user.ForgetWindows();
   port.SetPortOpen(false);
   secondPort.SetPortOpen(false);
   loop.Reopen();
@@ -54,6 +57,13 @@ bool Bench::Connect(Duration limit) {
   const int before = readCycles;
   if (!Click("tbr_Connect")) return false;
   return RunUntil([&] { return readCycles > before; }, limit);
+}
+
+void Bench::StartConnected(SimRadioOptions options) {
+  UseRadio(std::move(options));
+  Start();
+  if (!Connect()) ADD_FAILURE() << "The radio could not be connected and read";
+  ClearLog();
 }
 
 bool Bench::Refresh(Duration limit) {
@@ -228,6 +238,7 @@ std::string Bench::Text(const std::string& name) {
 bool Bench::Checked(const std::string& name) {
   Control& control = Find(name);
   if (auto* item = dynamic_cast<MenuItem*>(&control)) return item->Checked();
+  if (auto* option = dynamic_cast<OptionButton*>(&control)) return option->Checked();
   return As<CheckBox>(name).Checked();
 }
 

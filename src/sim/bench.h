@@ -68,9 +68,13 @@ class Bench : public ::testing::Test {
   // Clicks Connect and runs until a read cycle has ended, for `limit` at most; tells whether one
   // has. Boxes that it brings must be expected before.
   bool Connect(Duration limit = Seconds(120));
+  // All three in one: another radio, the start, the connect; the log of the line is empty then.
+  // Fails the test when that does not work.
+  void StartConnected(SimRadioOptions options = {});
   // Requests a read (as the Refresh button) and runs until it has ended.
   bool Refresh(Duration limit = Seconds(300));
-  // Lets time pass.
+  // Lets time pass; returns late when it falls into something that waits, a read cycle say: acts
+  // for the middle of one go into After or OnCommand.
   void Run(Duration time);
   // Until the condition holds, for `limit` at most; tells whether it holds.
   bool RunUntil(const std::function<bool()>& condition, Duration limit = Seconds(60));
@@ -116,7 +120,7 @@ class Bench : public ::testing::Test {
   // For sessions with faults at random: unexpected boxes and dialogs are closed without failing the
   // test. Boxes() tells them all the same.
   void TolerateBoxes(bool tolerated = true) { user.Tolerate(tolerated); }
-  // Everything that came up, in the order of coming.
+  // Every box and dialog that came up, in the order of coming.
   const std::vector<ScriptedUser::Seen>& Boxes() const { return user.SeenBoxes(); }
 
   // --- What can be read ---
@@ -145,6 +149,8 @@ class Bench : public ::testing::Test {
   frmOrvalent& Main() { return console->Main(); }
   Session& Shared() { return console->Shared(); }
   Console& Application() { return *console; }
+  // The virtual machine, as the program's windows are given it.
+  Platform& Machine() { return platform; }
 
   // --- The radio and its line ---
 

@@ -89,6 +89,8 @@ class ScriptedUser : public Dialogs, public Windows {
   // From now on a box or dialog that nobody expected is closed without a word.
   void Tolerate(bool tolerated) { tolerant = tolerated; }
 
+  // Nothing is on the screen any more.
+  void ForgetWindows() { windows.clear(); }
   // The windows on the screen, the newest last.
   const std::vector<std::shared_ptr<Form>>& OpenWindows();
   // The window on the screen of that name, the newest first, or null.

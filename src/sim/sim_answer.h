@@ -9,7 +9,7 @@
 namespace quillmark::sim {
 
 // What the simulated radio or its loader has to say to one line, before it goes on the wire.
-struct Answer {
+struct RadioAnswer {
   // What happens to the radio once the answer has been given.
   enum class Next { Stay, EnterLoader, StartFirmware };
 
@@ -19,7 +19,7 @@ struct Answer {
   Next Then = Next::Stay;
 };
 
-inline Answer Says(std::string text) { return {.Text = std::move(text)}; }
-inline Answer PromptOnly() { return {}; }
+inline RadioAnswer Says(std::string text) { return {.Text = std::move(text)}; }
+inline RadioAnswer PromptOnly() { return {}; }
 
 }  // namespace quillmark::sim

@@ -10,7 +10,7 @@ void SimLoader::Enter() {
   receiving = false;
 }
 
-Answer SimLoader::Execute(std::string_view line) {
+RadioAnswer SimLoader::Execute(std::string_view line) {
   const std::string word = Lowered(Trimmed(line));
   if (word == "erase") {
     erased = true;
@@ -26,7 +26,8 @@ Answer SimLoader::Execute(std::string_view line) {
   }
   if (word == "exit") {
     if (version.empty()) return Says("NO FIRMWARE");
-    return {.Text = "STARTING " + version, .Prompt = false, .Then = Answer::Next::StartFirmware};
+    return {
+        .Text = "STARTING " + version, .Prompt = false, .Then = RadioAnswer::Next::StartFirmware};
   }
   return Says("INVALID COMMAND");
 }

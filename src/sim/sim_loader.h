@@ -44,7 +44,7 @@ class SimLoader {
   void Enter();  // the old firmware is gone
 
   // ERASE, PROGRAM and EXIT; anything else is an invalid command.
-  Answer Execute(std::string_view line);
+  RadioAnswer Execute(std::string_view line);
 
   // True from PROGRAM to the verdict: bytes are image data, not typed lines.
   bool Receiving() const { return receiving; }

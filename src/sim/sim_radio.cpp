@@ -77,7 +77,7 @@ std::string SimRadio::Setting(std::string_view word) const {
 }
 
 bool SimRadio::Program(std::string_view word, std::string_view value) {
-  const SettingRow* row = settings.Row(word);
+  const RadioSetting* row = settings.Row(word);
   return row != nullptr && settings.Program(*row, value) == "PROGRAMMED OK";
 }
 
@@ -188,19 +188,19 @@ void SimRadio::Remember(Time at, const std::string& text) {
   if (OnLine) OnLine(lines.back());
 }
 
-Answer SimRadio::Execute(Time at, const std::string& text) {
+RadioAnswer SimRadio::Execute(Time at, const std::string& text) {
   if (session.At != Level::Loader) return commands.Execute(at, text);
   if (Trimmed(text).empty() || text.starts_with('#')) return PromptOnly();
   if (const auto answer = commands.ExecuteSessionWord(text)) return *answer;
   return loader.Execute(text);
 }
 
-void SimRadio::Give(Time at, const std::string& text, Answer answer) {
+void SimRadio::Give(Time at, const std::string& text, RadioAnswer answer) {
   Reply reply{text.empty() ? commandCount + 1 : commandCount, text.empty(),
               at + std::max(options.ThinkTime, answer.Busy), std::string(lineEnd),
               answer.Prompt ? Prompt() : ""};
   if (answer.Text) reply.Text += *answer.Text + std::string(lineEnd);
-  if (const Answer* other = Override(text)) {
+  if (const RadioAnswer* other = Override(text)) {
     reply.Text = *other->Text;
     if (!other->Prompt) reply.Prompt.clear();
   }
@@ -208,11 +208,11 @@ void SimRadio::Give(Time at, const std::string& text, Answer answer) {
   nextReport = reply.Start;
   if (OnReply) OnReply(reply);
   if (!IsMuted(reply.Command)) Send(reply.Start, reply.Text + reply.Prompt);
-  if (answer.Then != Answer::Next::Stay) Restart(at, answer.Then);
+  if (answer.Then != RadioAnswer::Next::Stay) Restart(at, answer.Then);
 }
 
-const Answer* SimRadio::Override(const std::string& text) const {
-  const Answer* found = nullptr;
+const RadioAnswer* SimRadio::Override(const std::string& text) const {
+  const RadioAnswer* found = nullptr;
   std::size_t length = 0;
   for (const auto& [word, answer] : overrides) {
     if (!ValueAfter(text, word) || (found != nullptr && word.size() < length)) continue;
@@ -222,8 +222,8 @@ const Answer* SimRadio::Override(const std::string& text) const {
   return found;
 }
 
-void SimRadio::Restart(Time at, Answer::Next how) {
-  const bool toLoader = how == Answer::Next::EnterLoader;
+void SimRadio::Restart(Time at, RadioAnswer::Next how) {
+  const bool toLoader = how == RadioAnswer::Next::EnterLoader;
   busyUntil = at + (toLoader ? options.Loader.EnterTime : options.Loader.StartTime);
   std::string password = std::move(session.Password);
   session = {};

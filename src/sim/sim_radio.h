@@ -103,10 +103,10 @@ class SimRadio {
   void TakeImageByte(Time at, char byte);
   void EndLine(Time at);
   void Remember(Time at, const std::string& text);
-  Answer Execute(Time at, const std::string& text);
-  void Give(Time at, const std::string& text, Answer answer);
-  const Answer* Override(const std::string& text) const;
-  void Restart(Time at, Answer::Next how);
+  RadioAnswer Execute(Time at, const std::string& text);
+  void Give(Time at, const std::string& text, RadioAnswer answer);
+  const RadioAnswer* Override(const std::string& text) const;
+  void Restart(Time at, RadioAnswer::Next how);
   void GiveVerdict(Time at, const std::string& verdict);
   void RunTimers(Time now);
   std::optional<Time> NextTimer() const;
@@ -123,7 +123,7 @@ class SimRadio {
   SimLoader loader;
   SimOutput output;
   std::mt19937 random;
-  std::map<std::string, Answer, std::less<>> overrides;  // by word or line; Text is raw
+  std::map<std::string, RadioAnswer, std::less<>> overrides;  // by word or line; Text is raw
 
   int rssi;  // dBm
   int baud;

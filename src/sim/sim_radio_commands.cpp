@@ -13,10 +13,10 @@ constexpr int lowestKilohertz = 902'200;
 constexpr int highestKilohertz = 927'600;
 constexpr std::size_t longestPassword = 4;
 
-Answer Denied() { return Says("ACCESS DENIED"); }
-Answer InvalidEntry() { return Says("INVALID ENTRY"); }
-Answer InvalidCommand() { return Says("INVALID COMMAND"); }
-Answer Programmed() { return Says("PROGRAMMED OK"); }
+RadioAnswer Denied() { return Says("ACCESS DENIED"); }
+RadioAnswer InvalidEntry() { return Says("INVALID ENTRY"); }
+RadioAnswer InvalidCommand() { return Says("INVALID COMMAND"); }
+RadioAnswer Programmed() { return Says("PROGRAMMED OK"); }
 
 }  // namespace
 
@@ -27,7 +27,7 @@ struct SimRadioCommands::Word {
   enum class Where { Anywhere, InSetup };
 
   std::string_view Typed;  // small letters
-  Answer (SimRadioCommands::*Run)(Time at, std::string_view value);
+  RadioAnswer (SimRadioCommands::*Run)(Time at, std::string_view value);
   Takes Argument = Takes::Nothing;
   Does Effect = Does::Show;
   Where Known = Where::Anywhere;
@@ -66,7 +66,7 @@ const SimRadioCommands::Word SimRadioCommands::words[] = {
     {"program", &SimRadioCommands::NewFirmware, Word::Takes::Nothing, Word::Does::Change},
 };
 
-Answer SimRadioCommands::Execute(Time at, std::string_view line) {
+RadioAnswer SimRadioCommands::Execute(Time at, std::string_view line) {
   if (const auto answer = ExecutePending(Trimmed(line))) return *answer;
   session.Pending = SimSession::Waits::No;
   if (Trimmed(line).empty() || line.starts_with('#')) return PromptOnly();
@@ -76,7 +76,7 @@ Answer SimRadioCommands::Execute(Time at, std::string_view line) {
     if (!value) continue;
     return Finish(word, at, *value);
   }
-  for (const SettingRow& row : SettingRows()) {
+  for (const RadioSetting& row : SettingRows()) {
     const auto value = ValueAfter(line, row.Word);
     if (!value || settings.Row(row.Word) != &row) continue;
     const bool programs =
@@ -86,7 +86,7 @@ Answer SimRadioCommands::Execute(Time at, std::string_view line) {
   return InvalidCommand();
 }
 
-std::optional<Answer> SimRadioCommands::ExecuteSessionWord(std::string_view line) {
+std::optional<RadioAnswer> SimRadioCommands::ExecuteSessionWord(std::string_view line) {
   const std::string word = Lowered(Trimmed(line));
   if (word == "clos") {
     session.Open = false;
@@ -101,15 +101,15 @@ std::optional<Answer> SimRadioCommands::ExecuteSessionWord(std::string_view line
   return PromptOnly();
 }
 
-Answer SimRadioCommands::Finish(const Word& word, Time at, std::string_view value) {
+RadioAnswer SimRadioCommands::Finish(const Word& word, Time at, std::string_view value) {
   if (word.Known == Word::Where::InSetup && session.At != Level::Setup) return InvalidCommand();
   if (word.Argument == Word::Takes::Nothing && !Trimmed(value).empty()) return InvalidEntry();
   if (word.Effect == Word::Does::Change && !session.MayChange()) return Denied();
   return (this->*word.Run)(at, Trimmed(value));
 }
 
-Answer SimRadioCommands::ExecuteSetting(const SettingRow& row, std::string_view value,
-                                        bool programs) {
+RadioAnswer SimRadioCommands::ExecuteSetting(const RadioSetting& row, std::string_view value,
+                                             bool programs) {
   if (!programs) return Says(settings.Read(row));
   if (!session.MayChange()) return Denied();
   return Says(settings.Program(row, value));
@@ -117,7 +117,7 @@ Answer SimRadioCommands::ExecuteSetting(const SettingRow& row, std::string_view 
 
 // An answer to a question, or the next page. Any other line drops what was pending and is an
 // ordinary line.
-std::optional<Answer> SimRadioCommands::ExecutePending(std::string_view line) {
+std::optional<RadioAnswer> SimRadioCommands::ExecutePending(std::string_view line) {
   switch (session.Pending) {
     case SimSession::Waits::WhileReporting:
       session.Pending = SimSession::Waits::No;
@@ -131,14 +131,15 @@ std::optional<Answer> SimRadioCommands::ExecutePending(std::string_view line) {
         return Says("FIRMWARE KEPT");
       }
       if (!SameWord(line, "yes")) return std::nullopt;
-      return Answer{.Text = "ERASING", .Prompt = false, .Then = Answer::Next::EnterLoader};
+      return RadioAnswer{
+          .Text = "ERASING", .Prompt = false, .Then = RadioAnswer::Next::EnterLoader};
     case SimSession::Waits::No:
       break;
   }
   return std::nullopt;
 }
 
-Answer SimRadioCommands::NextPage() {
+RadioAnswer SimRadioCommands::NextPage() {
   const auto pages = StatusPages(session, settings, options);
   const std::size_t page = session.NextPage++;
   const bool more = session.NextPage < pages.size();
@@ -146,68 +147,71 @@ Answer SimRadioCommands::NextPage() {
   return Says(pages[page]);
 }
 
-Answer SimRadioCommands::Serial(Time, std::string_view) {
+RadioAnswer SimRadioCommands::Serial(Time, std::string_view) {
   return Says("SN " + options.SerialNumber);
 }
-Answer SimRadioCommands::Release(Time, std::string_view) {
+RadioAnswer SimRadioCommands::Release(Time, std::string_view) {
   return Says(ReleaseText(settings.Traits().Revision));
 }
-Answer SimRadioCommands::Temperature(Time, std::string_view) { return Says("TEMP 31 C"); }
-Answer SimRadioCommands::AlarmState(Time, std::string_view) { return Says("NO ALARMS"); }
-Answer SimRadioCommands::AlarmCode(Time, std::string_view) {
+RadioAnswer SimRadioCommands::Temperature(Time, std::string_view) { return Says("TEMP 31 C"); }
+RadioAnswer SimRadioCommands::AlarmState(Time, std::string_view) { return Says("NO ALARMS"); }
+RadioAnswer SimRadioCommands::AlarmCode(Time, std::string_view) {
   return Says("00000000 Minor\r\nNo active alarms");
 }
-Answer SimRadioCommands::Status(Time, std::string_view) {
+RadioAnswer SimRadioCommands::Status(Time, std::string_view) {
   session.NextPage = 0;
   return NextPage();
 }
-Answer SimRadioCommands::ShowSync(Time, std::string_view) { return Says(SyncText(settings)); }
-Answer SimRadioCommands::ShowPower(Time, std::string_view) {
+RadioAnswer SimRadioCommands::ShowSync(Time, std::string_view) { return Says(SyncText(settings)); }
+RadioAnswer SimRadioCommands::ShowPower(Time, std::string_view) {
   return Says("POWER " + settings.Value("pwr"));
 }
-Answer SimRadioCommands::Features(Time, std::string_view) { return Says(FeatureText(settings)); }
+RadioAnswer SimRadioCommands::Features(Time, std::string_view) {
+  return Says(FeatureText(settings));
+}
 
-Answer SimRadioCommands::SignalReports(Time, std::string_view) {
+RadioAnswer SimRadioCommands::SignalReports(Time, std::string_view) {
   // A master hears its remotes only now and then; it can report a level on the bench alone.
   if (settings.IsMaster() && session.At != Level::Setup) return Says("RSSI n/a");
   session.Pending = SimSession::Waits::WhileReporting;
   return {.Text = std::nullopt, .Prompt = false};
 }
 
-Answer SimRadioCommands::ZoneData(Time at, std::string_view) {
+RadioAnswer SimRadioCommands::ZoneData(Time at, std::string_view) {
   zones.Pass(at, options.ZoneTraffic, settings.Value("skip"));
   return Says(zones.Text());
 }
-Answer SimRadioCommands::ZoneClear(Time at, std::string_view) {
+RadioAnswer SimRadioCommands::ZoneClear(Time at, std::string_view) {
   zones.Clear(at);
   return Programmed();
 }
 
-Answer SimRadioCommands::EnterSetup(Time, std::string_view) {
+RadioAnswer SimRadioCommands::EnterSetup(Time, std::string_view) {
   session.At = Level::Setup;
   return PromptOnly();
 }
-Answer SimRadioCommands::LeaveSetup(Time, std::string_view) {
+RadioAnswer SimRadioCommands::LeaveSetup(Time, std::string_view) {
   session.At = Level::Command;
   session.Keyed = false;
   return PromptOnly();
 }
-Answer SimRadioCommands::KeyTransmitter(Time, std::string_view) {
+RadioAnswer SimRadioCommands::KeyTransmitter(Time, std::string_view) {
   session.Keyed = true;
   return PromptOnly();
 }
-Answer SimRadioCommands::UnkeyTransmitter(Time, std::string_view) {
+RadioAnswer SimRadioCommands::UnkeyTransmitter(Time, std::string_view) {
   session.Keyed = false;
   return PromptOnly();
 }
-Answer SimRadioCommands::ReceiveFrequency(Time, std::string_view value) {
+RadioAnswer SimRadioCommands::ReceiveFrequency(Time, std::string_view value) {
   return Frequency(session.RxKilohertz, "RX", value);
 }
-Answer SimRadioCommands::TransmitFrequency(Time, std::string_view value) {
+RadioAnswer SimRadioCommands::TransmitFrequency(Time, std::string_view value) {
   return Frequency(session.TxKilohertz, "TX", value);
 }
 
-Answer SimRadioCommands::Frequency(int& kilohertz, std::string_view word, std::string_view value) {
+RadioAnswer SimRadioCommands::Frequency(int& kilohertz, std::string_view word,
+                                        std::string_view value) {
   if (value.empty()) return Says(std::string(word) + " " + MegahertzText(kilohertz));
   if (!session.MayChange()) return Denied();
   const auto wanted = KilohertzOf(value);
@@ -216,7 +220,7 @@ Answer SimRadioCommands::Frequency(int& kilohertz, std::string_view word, std::s
   return Programmed();
 }
 
-Answer SimRadioCommands::Login(Time, std::string_view value) {
+RadioAnswer SimRadioCommands::Login(Time, std::string_view value) {
   if (SameWord(value, "none")) {
     session.LoggedIn = false;
     return Says("LOGGED OUT");
@@ -226,7 +230,7 @@ Answer SimRadioCommands::Login(Time, std::string_view value) {
   return Says("PASSWORD OK");
 }
 
-Answer SimRadioCommands::SetPassword(Time, std::string_view value) {
+RadioAnswer SimRadioCommands::SetPassword(Time, std::string_view value) {
   // "pass none" logs out, so that word can be no password.
   if (value.size() > longestPassword || SameWord(value, "none")) return InvalidEntry();
   session.Password = value;
@@ -234,13 +238,13 @@ Answer SimRadioCommands::SetPassword(Time, std::string_view value) {
   return Programmed();
 }
 
-Answer SimRadioCommands::EncryptionCode(Time, std::string_view value) {
+RadioAnswer SimRadioCommands::EncryptionCode(Time, std::string_view value) {
   const auto code = WholeNumber(value);
   const bool valid = SameWord(value, "none") || (code && *code >= 1 && *code <= 255);
   return valid ? Programmed() : InvalidEntry();
 }
 
-Answer SimRadioCommands::NewFirmware(Time, std::string_view) {
+RadioAnswer SimRadioCommands::NewFirmware(Time, std::string_view) {
   session.Pending = SimSession::Waits::ForConfirmation;
   return Says("ARE YOU SURE?");
 }
@@ -258,7 +262,7 @@ std::string SimRadioCommands::Masked(std::string_view line) {
                                          "yes",  "no",   "erase", "exit"};
   const bool plain = std::any_of(std::begin(others), std::end(others), known) ||
                      std::any_of(SettingRows().begin(), SettingRows().end(),
-                                 [&](const SettingRow& row) { return known(row.Word); });
+                                 [&](const RadioSetting& row) { return known(row.Word); });
   return plain ? std::string(line) : "(unknown, " + std::to_string(line.size()) + " characters)";
 }
 

@@ -44,9 +44,9 @@ class SimRadioCommands {
                    const SimRadioOptions& itsOptions)
       : session(itsSession), settings(itsSettings), zones(itsZones), options(itsOptions) {}
 
-  Answer Execute(Time at, std::string_view line);
+  RadioAnswer Execute(Time at, std::string_view line);
   // OPEN, CLOS, deco and eeco, which the loader knows as well; nothing for any other line.
-  std::optional<Answer> ExecuteSessionWord(std::string_view line);
+  std::optional<RadioAnswer> ExecuteSessionWord(std::string_view line);
 
   // A line as it may be shown to people or written to a log: values of secret words are masked, and
   // of an unknown line only its length is told, since it may be a mistyped password.
@@ -56,34 +56,34 @@ class SimRadioCommands {
   struct Word;
   static const Word words[];
 
-  Answer Finish(const Word& word, Time at, std::string_view value);
-  Answer ExecuteSetting(const SettingRow& row, std::string_view value, bool programs);
-  std::optional<Answer> ExecutePending(std::string_view line);
-  Answer NextPage();
+  RadioAnswer Finish(const Word& word, Time at, std::string_view value);
+  RadioAnswer ExecuteSetting(const RadioSetting& row, std::string_view value, bool programs);
+  std::optional<RadioAnswer> ExecutePending(std::string_view line);
+  RadioAnswer NextPage();
 
-  Answer Serial(Time at, std::string_view value);
-  Answer Release(Time at, std::string_view value);
-  Answer Temperature(Time at, std::string_view value);
-  Answer AlarmState(Time at, std::string_view value);
-  Answer AlarmCode(Time at, std::string_view value);
-  Answer Status(Time at, std::string_view value);
-  Answer ShowSync(Time at, std::string_view value);
-  Answer ShowPower(Time at, std::string_view value);
-  Answer Features(Time at, std::string_view value);
-  Answer SignalReports(Time at, std::string_view value);
-  Answer ZoneData(Time at, std::string_view value);
-  Answer ZoneClear(Time at, std::string_view value);
-  Answer EnterSetup(Time at, std::string_view value);
-  Answer LeaveSetup(Time at, std::string_view value);
-  Answer KeyTransmitter(Time at, std::string_view value);
-  Answer UnkeyTransmitter(Time at, std::string_view value);
-  Answer ReceiveFrequency(Time at, std::string_view value);
-  Answer TransmitFrequency(Time at, std::string_view value);
-  Answer Frequency(int& kilohertz, std::string_view word, std::string_view value);
-  Answer Login(Time at, std::string_view value);
-  Answer SetPassword(Time at, std::string_view value);
-  Answer EncryptionCode(Time at, std::string_view value);
-  Answer NewFirmware(Time at, std::string_view value);
+  RadioAnswer Serial(Time at, std::string_view value);
+  RadioAnswer Release(Time at, std::string_view value);
+  RadioAnswer Temperature(Time at, std::string_view value);
+  RadioAnswer AlarmState(Time at, std::string_view value);
+  RadioAnswer AlarmCode(Time at, std::string_view value);
+  RadioAnswer Status(Time at, std::string_view value);
+  RadioAnswer ShowSync(Time at, std::string_view value);
+  RadioAnswer ShowPower(Time at, std::string_view value);
+  RadioAnswer Features(Time at, std::string_view value);
+  RadioAnswer SignalReports(Time at, std::string_view value);
+  RadioAnswer ZoneData(Time at, std::string_view value);
+  RadioAnswer ZoneClear(Time at, std::string_view value);
+  RadioAnswer EnterSetup(Time at, std::string_view value);
+  RadioAnswer LeaveSetup(Time at, std::string_view value);
+  RadioAnswer KeyTransmitter(Time at, std::string_view value);
+  RadioAnswer UnkeyTransmitter(Time at, std::string_view value);
+  RadioAnswer ReceiveFrequency(Time at, std::string_view value);
+  RadioAnswer TransmitFrequency(Time at, std::string_view value);
+  RadioAnswer Frequency(int& kilohertz, std::string_view word, std::string_view value);
+  RadioAnswer Login(Time at, std::string_view value);
+  RadioAnswer SetPassword(Time at, std::string_view value);
+  RadioAnswer EncryptionCode(Time at, std::string_view value);
+  RadioAnswer NewFirmware(Time at, std::string_view value);
 
   SimSession& session;
   SimRadioSettings& settings;

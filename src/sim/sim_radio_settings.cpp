@@ -13,7 +13,7 @@ bool MasterOnly(Rule rule) {
          rule == Rule::MasterLowPower;
 }
 
-std::string OnlyAtMaster(const SettingRow& row) {
+std::string OnlyAtMaster(const RadioSetting& row) {
   return std::string(row.Label) + " PROGRAMMABLE ONLY AT MASTER";
 }
 
@@ -22,20 +22,20 @@ std::string OnlyAtMaster(const SettingRow& row) {
 SimRadioSettings::SimRadioSettings(RadioTraits radioTraits, std::string_view mode,
                                    std::string_view unit)
     : traits(std::move(radioTraits)) {
-  for (const SettingRow& row : SettingRows()) values[std::string(row.Word)] = row.Factory;
+  for (const RadioSetting& row : SettingRows()) values[std::string(row.Word)] = row.Factory;
   values["mode"] = mode;
   values["unit"] = unit;
 }
 
-const SettingRow* SimRadioSettings::Row(std::string_view word) const {
+const RadioSetting* SimRadioSettings::Row(std::string_view word) const {
   const int revision = RevisionNumber(traits.Revision);
-  for (const SettingRow& row : SettingRows()) {
+  for (const RadioSetting& row : SettingRows()) {
     if (row.Word == word && revision >= row.From && revision < row.Below) return &row;
   }
   return nullptr;
 }
 
-std::string SimRadioSettings::Read(const SettingRow& row) const {
+std::string SimRadioSettings::Read(const RadioSetting& row) const {
   if (!Offered(row)) return "NOT A SELECTED OPTION";
   const std::string value = Value(row.Word);
   const bool inapplicable = (row.Applies == Rule::NeedsCtsKey && Value("device") == "DCE") ||
@@ -48,7 +48,7 @@ std::string SimRadioSettings::Read(const SettingRow& row) const {
   return row.Label.empty() ? value : std::string(row.Label) + " " + value;
 }
 
-std::string SimRadioSettings::Program(const SettingRow& row, std::string_view typed) {
+std::string SimRadioSettings::Program(const RadioSetting& row, std::string_view typed) {
   if (!Offered(row)) return "NOT A SELECTED OPTION";
   if (MasterOnly(row.Applies) && !IsMaster()) return OnlyAtMaster(row);
   const auto checked = CheckedValue(row, Value(row.Word), typed);
@@ -62,7 +62,7 @@ std::string SimRadioSettings::Value(std::string_view word) const {
   return found == values.end() ? std::string() : found->second;
 }
 
-bool SimRadioSettings::Offered(const SettingRow& row) const {
+bool SimRadioSettings::Offered(const RadioSetting& row) const {
   switch (row.Applies) {
     case Rule::LowPower:
     case Rule::MasterLowPower:

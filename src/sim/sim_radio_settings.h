@@ -27,16 +27,16 @@ class SimRadioSettings {
   bool IsMaster() const { return Value("mode") == "M"; }
 
   // The row that this revision has for the word (small letters), or null.
-  const SettingRow* Row(std::string_view word) const;
+  const RadioSetting* Row(std::string_view word) const;
   // The reply text to the bare word.
-  std::string Read(const SettingRow& row) const;
+  std::string Read(const RadioSetting& row) const;
   // The reply text to the word with a value; changes the setting when it is "PROGRAMMED OK".
-  std::string Program(const SettingRow& row, std::string_view typed);
+  std::string Program(const RadioSetting& row, std::string_view typed);
   // The value as printed, without the word; "" for a word that is no setting.
   std::string Value(std::string_view word) const;
 
  private:
-  bool Offered(const SettingRow& row) const;
+  bool Offered(const RadioSetting& row) const;
 
   RadioTraits traits;
   std::map<std::string, std::string, std::less<>> values;

@@ -17,7 +17,7 @@ constexpr int r3 = 30000;
 constexpr int r32 = 30200;
 
 // clang-format off
-constexpr SettingRow rows[] = {
+constexpr RadioSetting rows[] = {
     // word     label            from below    rule                    shape            least most  choices    unit   factory
     {"unit",    "UNIT",          any, noLimit, Rule::Plain,            Shape::Unit,     10000, 65000, "",      "",    "3456"},
     {"own",     "",              any, noLimit, Rule::Plain,            Shape::Text,     0,     30,  "",        "",    "Quillmark SS"},
@@ -68,13 +68,13 @@ Checked OneOf(std::string_view choices, std::string_view typed) {
   return std::nullopt;
 }
 
-Checked InRange(const SettingRow& row, std::string_view typed) {
+Checked InRange(const RadioSetting& row, std::string_view typed) {
   const auto number = WholeNumber(typed);
   if (!number || *number < row.Least || *number > row.Most) return std::nullopt;
   return std::to_string(*number);
 }
 
-Checked CheckedNumber(const SettingRow& row, const std::string& typed) {
+Checked CheckedNumber(const RadioSetting& row, const std::string& typed) {
   if (auto word = OneOf(row.Choices, typed)) return word;
   if (row.Unit.empty()) return InRange(row, typed);
   std::string_view digits = typed;
@@ -87,7 +87,7 @@ Checked CheckedNumber(const SettingRow& row, const std::string& typed) {
   return *number + " " + std::string(row.Unit);
 }
 
-Checked CheckedUnit(const SettingRow& row, const std::string& typed) {
+Checked CheckedUnit(const RadioSetting& row, const std::string& typed) {
   const bool digits = typed.find_first_not_of("0123456789") == std::string::npos;
   if (digits && typed.size() == 4) return typed;
   return InRange(row, typed);
@@ -102,7 +102,8 @@ bool IsFormat(std::string_view text) {
   return true;
 }
 
-Checked CheckedDataRate(const SettingRow& row, std::string_view current, const std::string& typed) {
+Checked CheckedDataRate(const RadioSetting& row, std::string_view current,
+                        const std::string& typed) {
   std::vector<std::string> parts = Tokens(current);
   std::vector<std::string> given = Tokens(Raised(typed));
   if (given.empty() || given.size() > 2) return std::nullopt;
@@ -144,7 +145,7 @@ Checked CheckedMap(const std::string& typed) {
   return std::string(8 - digits->size(), '0') + *digits;
 }
 
-Checked CheckedZones(const SettingRow& row, const std::string& typed) {
+Checked CheckedZones(const RadioSetting& row, const std::string& typed) {
   if (auto word = OneOf(row.Choices, typed)) return word;
   std::string listed;
   for (const char zone : std::string_view("12345678")) {
@@ -157,7 +158,7 @@ Checked CheckedZones(const SettingRow& row, const std::string& typed) {
   return listed;
 }
 
-Checked CheckedSwitch(const SettingRow& row, std::string_view current, const std::string& typed) {
+Checked CheckedSwitch(const RadioSetting& row, std::string_view current, const std::string& typed) {
   std::vector<std::string> parts = Tokens(current);
   const std::vector<std::string> given = Tokens(Raised(typed));
   if (given.empty() || given.size() > 2) return std::nullopt;
@@ -179,7 +180,7 @@ Checked CheckedSwitch(const SettingRow& row, std::string_view current, const std
 
 }  // namespace
 
-std::span<const SettingRow> SettingRows() { return rows; }
+std::span<const RadioSetting> SettingRows() { return rows; }
 
 int RevisionNumber(std::string_view revision) {
   int number = 0;
@@ -192,7 +193,7 @@ int RevisionNumber(std::string_view revision) {
   return number;
 }
 
-Checked CheckedValue(const SettingRow& row, std::string_view current, std::string_view typed) {
+Checked CheckedValue(const RadioSetting& row, std::string_view current, std::string_view typed) {
   const std::string squeezed = Squeezed(typed);
   switch (row.Value) {
     case Shape::Number:

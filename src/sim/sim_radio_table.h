@@ -43,7 +43,7 @@ enum class Rule {
   SoftwareRtu        // only with the software RTU feature
 };
 
-struct SettingRow {
+struct RadioSetting {
   std::string_view Word;   // as typed, small letters
   std::string_view Label;  // printed in front of the value with a blank; "" for the value alone
   int From;                // first revision that has it
@@ -57,11 +57,11 @@ struct SettingRow {
   std::string_view Factory;
 };
 
-std::span<const SettingRow> SettingRows();
+std::span<const RadioSetting> SettingRows();
 
 // The value as the radio keeps and prints it, made from what was typed; `current` completes a
 // value that may be typed in part. Nothing when the radio would call it an invalid entry.
-std::optional<std::string> CheckedValue(const SettingRow& row, std::string_view current,
+std::optional<std::string> CheckedValue(const RadioSetting& row, std::string_view current,
                                         std::string_view typed);
 
 }  // namespace quillmark::sim

@@ -32,8 +32,12 @@ std::size_t NumberLength(std::string_view text) {
 double Convert(std::string_view number) {
   if (!number.empty() && number.front() == '+') number.remove_prefix(1);
   double value = 0;
-  std::from_chars(number.data(), number.data() + number.size(), value, std::chars_format::fixed);
-  return value;
+  const auto result = std::from_chars(number.data(), number.data() + number.size(), value,
+                                      std::chars_format::fixed);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  // Too large for a number, or too small to differ from nothing.
+  const bool large = number.substr(0, number.find('.')).find_first_of("123456789") != number.npos;
+  return !large ? 0 : number.front() == '-' ? -HUGE_VAL : HUGE_VAL;
 }
 
 int HexDigit(char c) {

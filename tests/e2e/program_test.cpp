@@ -3,7 +3,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <signal.h>
 
 #include <QAction>
 #include <QApplication>
@@ -17,16 +16,10 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTabBar>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
-#include <memory>
 
-#include "app/console.h"
-#include "qt/clickable_text.h"
-#include "qt/machine.h"
-#include "qt/message_window.h"
-#include "qt/terminal_view.h"
+#include "e2e/program_fixture.h"
 
 namespace quillmark {
 namespace {
@@ -34,39 +27,6 @@ namespace {
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
-
-// The simulated radio as a program, behind a link that lasts.
-class RadioProgram {
- public:
-  explicit RadioProgram(const QString& folder)
-      : link(folder + "/radio"), log(folder + "/radio.log") {}
-  ~RadioProgram() {
-    process.terminate();
-    process.waitForFinished(3000);
-  }
-
-  void Start(const QStringList& options = {}) {
-    process.start(
-        QCoreApplication::applicationDirPath() + "/quillmark-radio",
-        QStringList{"--link", link, "--log", log, "--pace", "none", "--think-ms", "1"} + options);
-    ASSERT_TRUE(process.waitForStarted());
-    ASSERT_TRUE(process.waitForReadyRead(5000));
-    ASSERT_TRUE(QFile::exists(link));
-  }
-  void HangUp() const { kill(static_cast<pid_t>(process.processId()), SIGUSR1); }
-  bool Present() const { return QFile::exists(link); }
-  // What it has been sent, passwords masked.
-  std::string Lines() const {
-    QFile file(log);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "";
-  }
-
-  const QString link;
-
- private:
-  const QString log;
-  QProcess process;
-};
 
 // Whether a process has a handler for a signal by now.
 bool Catches(qint64 process, int signal) {
@@ -78,89 +38,12 @@ bool Catches(qint64 process, int signal) {
   return (caught >> (signal - 1) & 1) != 0;
 }
 
-// Answers every box with the button of that name, and keeps their texts.
-class BoxAnswerer {
- public:
-  BoxAnswerer() {
-    QObject::connect(&look, &QTimer::timeout, [this] {
-      QWidget* box = QApplication::activeModalWidget();
-      if (box == nullptr || box->objectName() != "MessageBox") return;
-      Texts.push_back(box->findChild<QLabel*>("messageText")->text().toStdString());
-      auto* details = box->findChild<QLabel*>("messageDetails");
-      Details.push_back(details == nullptr ? "" : details->text().toStdString());
-      box->findChild<QPushButton*>(Button)->click();
-    });
-    look.start(10);
-  }
-
-  QString Button = "Ok";
-  std::vector<std::string> Texts;
-  std::vector<std::string> Details;
-
- private:
-  QTimer look;
-};
-
 struct PaintCount : QObject {
   bool eventFilter(QObject*, QEvent* event) override {
     Count += event->type() == QEvent::Paint ? 1 : 0;
     return false;
   }
   int Count = 0;
-};
-
-class Program : public testing::Test {
- protected:
-  Program() {
-    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-    // A test before may have ended its program; the next loop is a new one's.
-    QTimer::singleShot(0, [] { QCoreApplication::exit(); });
-    QApplication::exec();
-  }
-  ~Program() override {
-    if (machine) machine->Shown.CloseAll();
-  }
-
-  void Prefer(const QString& connectOnLaunch) {
-    IniPreferenceStore store(IniPreferenceStore::UsualFile());
-    store.Write("Ports", "Com1", radio.link.toStdString());
-    store.Write("Preferences", "ConnectOnLaunch", connectOnLaunch.toStdString());
-  }
-  void Launch() {
-    machine.emplace();
-    platform.emplace(machine->AsPlatform(machine->Boxes));
-    console.emplace(*platform);
-    console->OnReadCycleDone = [this] { ++readCycles; };
-    machine->Events.Deliver([this] { console->Start(); });
-    ASSERT_TRUE(Until([this] { return machine->Shown.WindowOf(console->Main()) != nullptr; }));
-    window = machine->Shown.WindowOf(console->Main());
-  }
-  bool Until(std::function<bool()> done, double seconds = 10) {
-    return WaitUntil(machine->Events, Seconds(seconds), done);
-  }
-  template <class Widget>
-  Widget& Find(const char* name) const {
-    auto* widget = window->findChild<Widget*>(name);
-    if (widget == nullptr) throw std::runtime_error(std::string("no widget ") + name);
-    return *widget;
-  }
-  std::string Value(const char* name) const { return Find<ValueBox>(name).text().toStdString(); }
-  std::string Terminal() const { return Find<TerminalView>("txtTerm").toPlainText().toStdString(); }
-  void Type(const std::string& keys) {
-    for (const char key : keys) {
-      QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(QLatin1Char(key)));
-      QCoreApplication::sendEvent(&Find<TerminalView>("txtTerm"), &press);
-    }
-  }
-
-  QTemporaryDir home;
-  RadioProgram radio{home.path()};
-  std::optional<Machine> machine;
-  std::optional<Platform> platform;
-  std::optional<Console> console;
-  QWidget* window = nullptr;
-  int readCycles = 0;
 };
 
 TEST_F(Program, ConnectsReadsShowsSurvivesAnUnplugAndComesBack) {
@@ -311,16 +194,22 @@ TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   const QString program = QCoreApplication::applicationDirPath() + "/quillmark-console";
   QProcess report;
   report.start(program, {"--port", radio.link, "--report", home.filePath("pictures")});
+  // Meanwhile another user's.
+  const QTemporaryDir other;
+  auto environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("XDG_CONFIG_HOME", other.path());
+  environment.insert("XDG_DATA_HOME", other.path());
   QProcess silent;
+  silent.setProcessEnvironment(environment);
+  silent.start(program, {"--port", "/dev/ttyNONE", "--report", other.filePath("pictures")});
   ASSERT_TRUE(report.waitForFinished(20'000));
   const std::string table = report.readAllStandardOutput().toStdString();
   EXPECT_EQ(report.exitCode(), 0) << report.readAllStandardError().toStdString();
   EXPECT_THAT(table, HasSubstr("\nStore and Forward Settings\n"
                                "  Store and Forward         SAF OFF\n"));
   EXPECT_THAT(table, HasSubstr("  Radio Mode                MODE M\n"));
-  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 9);
+  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 19);
 
-  silent.start(program, {"--port", "/dev/ttyNONE", "--report", home.filePath("pictures")});
   ASSERT_TRUE(silent.waitForFinished(5'000));
   EXPECT_EQ(silent.exitCode(), 1);
   EXPECT_THAT(silent.readAllStandardError().toStdString(),

@@ -237,6 +237,7 @@ TEST_F(ConnectionTest, AnAdapterPulledAndPluggedInAgain) {
     ExpectBox("Click Cancel to quit, OK to ignore.")
         .Saying("Unknown error or event")
         .With(Buttons::OkCancel)
+        .Do([&] { ExpectShown(false); })  // not only when it has been answered
         .Reply(answer);
   };
   // While idle: told at once, and nothing pretends to be connected.

@@ -20,11 +20,10 @@ std::string FileText(const std::filesystem::path& path) {
 
 class TerminalTest : public sim::Bench {
  public:
-  void StartConnected() {
-    Start();
-    ASSERT_TRUE(Connect());
+  // Connected, with an empty terminal.
+  void StartEmpty(sim::SimRadioOptions options = {}) {
+    StartConnected(std::move(options));
     Main().txtTerm.Text = "";
-    ClearLog();
   }
   // The radio says something by itself, in one piece.
   void RadioSays(const std::string& text) {
@@ -41,7 +40,7 @@ class TerminalTest : public sim::Bench {
 };
 
 TEST_F(TerminalTest, ReceivedTextIsFilteredForTheBoxAndKeptRawForTheProgram) {
-  StartConnected();
+  StartEmpty();
   const struct {
     std::string Before, Received, Shown;
   } cases[] = {
@@ -68,7 +67,7 @@ TEST_F(TerminalTest, ReceivedTextIsFilteredForTheBoxAndKeptRawForTheProgram) {
 }
 
 TEST_F(TerminalTest, TheBoxIsCutAtItsHead) {
-  StartConnected();
+  StartEmpty();
   Main().txtTerm.Text = std::string(4096, 'a') + std::string(11904, 'b');  // 16000: not yet
   RadioSays("x");
   EXPECT_EQ(Text("txtTerm").size(), 16001U);
@@ -77,7 +76,7 @@ TEST_F(TerminalTest, TheBoxIsCutAtItsHead) {
 }
 
 TEST_F(TerminalTest, TheFlagsThatGuardTheBox) {
-  StartConnected();
+  StartEmpty();
   const auto log = OpenLog("session.log");
   Main().TerminalEcho = false;
   Shared().RxBuffer = " ";
@@ -96,7 +95,7 @@ TEST_F(TerminalTest, TheFlagsThatGuardTheBox) {
 }
 
 TEST_F(TerminalTest, ClosedInAnyReplyDisablesTheRadioActions) {
-  StartConnected();
+  StartEmpty();
   RadioSays("clo");
   EXPECT_TRUE(Enabled("cmdMaster"));
   RadioSays("sed");
@@ -107,8 +106,7 @@ TEST_F(TerminalTest, ClosedInAnyReplyDisablesTheRadioActions) {
 }
 
 TEST_F(TerminalTest, AMegabyteWithoutAPromptIsBounded) {
-  UseRadio({.Paced = false});
-  StartConnected();
+  StartEmpty({.Paced = false});
   const auto expectFullAndEndingIn = [&](const std::string& end) {
     const auto received = Shared().RxBuffer.View();
     EXPECT_EQ(received.size(), 1024U * 1024U);
@@ -138,7 +136,7 @@ TEST_F(TerminalTest, KeysGoToTheRadioWhileThePortIsOpen) {
 }
 
 TEST_F(TerminalTest, EventsAndErrorsOfThePort) {
-  StartConnected();
+  StartEmpty();
   const struct {
     int Code;
     const char* Wording;
@@ -203,7 +201,7 @@ TEST_F(TerminalTest, EventsAndErrorsOfThePort) {
 }
 
 TEST_F(TerminalTest, ALogIsOpenedReplacedAppendedToAndClosed) {
-  StartConnected();
+  StartEmpty();
   const auto log = OpenLog("a.log");
   EXPECT_EQ(Text("frmOrvalent"), "Radio Terminal - a.log");
   EXPECT_FALSE(Enabled("mnuOpenLog"));
@@ -245,7 +243,7 @@ TEST_F(TerminalTest, ALogIsOpenedReplacedAppendedToAndClosed) {
 }
 
 TEST_F(TerminalTest, ALogThatCantBeOpenedHarmsNothing) {
-  StartConnected();
+  StartEmpty();
   namespace fs = std::filesystem;
   const fs::path folder = ScratchFolder() / "folder";
   fs::create_directory(folder);
@@ -272,7 +270,7 @@ TEST_F(TerminalTest, ALogThatCantBeOpenedHarmsNothing) {
 }
 
 TEST_F(TerminalTest, AFullDiskAsksAndLosesNothingMeanwhile) {
-  StartConnected();
+  StartEmpty();
   ExpectSaveFile("Open a Communications Log File").Choose("/dev/full");
   ExpectBox(ProgramTitle).Containing("Replace existing file").Reply(Answer::No);
   ASSERT_TRUE(Click("mnuOpenLog"));
@@ -294,8 +292,48 @@ TEST_F(TerminalTest, AFullDiskAsksAndLosesNothingMeanwhile) {
   EXPECT_EQ(Text("txtTerm"), "textmore goes on");
 }
 
+TEST_F(TerminalTest, ALogThatOthersTouchLosesNothing) {
+  StartEmpty();
+  const auto log = OpenLog("shared.log");
+  RadioSays("one ");
+  std::ofstream(log, std::ios::app) << "[another] ";
+  RadioSays("two ");
+  EXPECT_EQ(FileText(log), "one [another] two ");
+  std::ofstream(log, std::ios::trunc).flush();
+  RadioSays("three ");
+  EXPECT_EQ(FileText(log), "three ");
+  std::filesystem::remove(log);
+  RadioSays("four");
+  EXPECT_EQ(FileText(log), "four");
+}
+
+TEST_F(TerminalTest, WhatALongQuestionCostsIsToldInTheLog) {
+  UseRadio({.Paced = false});
+  StartEmpty({.Paced = false});
+  const auto log = OpenLog("long.log");
+  std::filesystem::remove(log);
+  std::filesystem::create_symlink("/dev/full", log);
+  // The log's name now stands for a full disk, until somebody makes room.
+  ExpectSaveFile("Open a Communications Log File").Choose(log);
+  ExpectBox(ProgramTitle).Containing("Replace existing file").Reply(Answer::No);
+  ASSERT_TRUE(Click("tbr_CloseLogFile"));
+  ASSERT_TRUE(Click("tbr_OpenLogFile"));
+  ExpectBox(ProgramTitle)
+      .Saying("No space left on device")
+      .Do([&] {
+        for (int i = 0; i < 5; ++i) RadioSays(std::string(256 * 1024, 'x'));
+        std::filesystem::remove(log);
+      })
+      .Reply(Answer::Retry);
+  RadioSays("head ");
+  const std::string text = FileText(log);
+  EXPECT_EQ(text.substr(0, 6), "head x");
+  const std::string notice = "\r\n*** 524288 characters are missing here ***\r\n";
+  EXPECT_EQ(text.substr(text.size() - notice.size()), notice);
+}
+
 TEST_F(TerminalTest, TheAddressOfANewRadioIsChecked) {
-  StartConnected();
+  StartEmpty();
   const std::string notNumeric =
       "The ADDR entered is not numeric.\r\n\r\nThe value must be a number between 1 and 65000";
   const std::string outside = "The valid ADDR range is 1-65000.";

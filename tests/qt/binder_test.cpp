@@ -3,20 +3,33 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSlider>
 #include <memory>
 #include <stdexcept>
 
+#include "access/frmLogin.h"
+#include "access/frmSetPass.h"
+#include "access/frmSetup.h"
 #include "app/console.h"
 #include "app/frmSplash.h"
 #include "link/frmProperties.h"
+#include "prefs/frmPreferences.h"
 #include "qt/clickable_text.h"
 #include "qt/machine.h"
+#include "qt/report.h"
+#include "settings/frmDLINKOptions.h"
+#include "settings/frmDTYPEOptions.h"
+#include "settings/frmRTUOptions.h"
+#include "settings/frmSimpleXMAP.h"
+#include "settings/frmXMAP.h"
 
 namespace quillmark {
 namespace {
@@ -39,17 +52,35 @@ std::string MisfitsOf(Form& form, QWidget& window) {
 
 TEST(Binder, EveryWindowFitsItsForm) {
   Machine machine;
-  Platform platform = machine.AsPlatform(machine.Boxes);
+  ReportDialogs boxes;
+  Platform platform = machine.AsPlatform(boxes);
   Console console(platform);
-  const auto splash =
-      std::make_shared<frmSplash>(machine.Events, machine.Screen, console.Shared(), [] {});
-  const auto setup =
-      std::make_shared<frmProperties>(platform, console.Shared(), console.Main(), [] {});
-  for (Form* form : {static_cast<Form*>(&console.Main()), static_cast<Form*>(splash.get()),
-                     static_cast<Form*>(setup.get())}) {
+  frmOrvalent& main = console.Main();
+  Session& session = console.Shared();
+  const auto code = frmLogin::Command::Code;
+  const std::shared_ptr<Form> forms[] = {
+      std::make_shared<frmSplash>(machine.Events, machine.Screen, session, [] {}),
+      std::make_shared<frmProperties>(platform, session, main, [] {}),
+      std::make_shared<frmPreferences>(platform.Preferences, session, main),
+      std::make_shared<frmDLINKOptions>(platform, main),
+      std::make_shared<frmDTYPEOptions>(platform, main),
+      std::make_shared<frmRTUOptions>(platform, main),
+      std::make_shared<frmXMAP>(platform, session, main, "0000000F"),
+      std::make_shared<frmSimpleXMAP>(platform, main),
+      std::make_shared<frmLogin>(platform, session, main, code),
+      std::make_shared<frmSetPass>(platform, session, main),
+      std::make_shared<frmSetup>(platform, session, main),
+      main.shared_from_this(),
+  };
+  for (const auto& form : forms) {
     const std::unique_ptr<QWidget> window(MakeWindow(form->Name(), nullptr));
     ASSERT_NE(window, nullptr) << form->Name();
     EXPECT_EQ(MisfitsOf(*form, *window), "");
+    // What can be acted on by keyboard is told to who can't see it.
+    for (QLineEdit* line : window->findChildren<QLineEdit*>()) {
+      EXPECT_NE(QAccessible::queryAccessibleInterface(line)->text(QAccessible::Name), "")
+          << line->objectName().toStdString();
+    }
   }
 }
 
@@ -63,6 +94,10 @@ struct SmallForm : Form {
   TextBox txtName{*this, this, "txtName", "n"};
   Slider sldPower{*this, this, "sldPower", 20, 30, 25};
   ValueField Mode{*this, this, "Mode", "n/a"};
+  Label RmdLabel{*this, this, "RmdLabel", "Radio Mode"};
+  OptionButton Rate_0{*this, this, "Rate_0", "1200"};
+  OptionButton Rate_1{*this, this, "Rate_1", "2400"};
+  OptionButton On_0{*this, this, "On_0", "On"};
   int Clicks = 0;
 };
 
@@ -79,6 +114,10 @@ struct SmallWindow : QWidget {
   QLineEdit* txtName = Add<QLineEdit>("txtName");
   QSlider* sldPower = Add<QSlider>("sldPower");
   ValueBox* Mode = Add<ValueBox>("Mode");
+  CaptionLabel* RmdLabel = Add<CaptionLabel>("RmdLabel");
+  QRadioButton* Rate_0 = Add<QRadioButton>("Rate_0");
+  QRadioButton* Rate_1 = Add<QRadioButton>("Rate_1");
+  QRadioButton* On_0 = Add<QRadioButton>("On_0");
 };
 
 TEST(Binder, TellsEveryMisfitAtOnce) {
@@ -141,16 +180,98 @@ TEST(Binder, TheWidgetFollowsTheControlAndTheControlTheUser) {
   EXPECT_EQ(form.sldPower.Value(), 28);
 }
 
-TEST(Binder, AValueLooksClickableOnlyWhereItIs) {
+TEST(Binder, OneOptionIsChosenAndTheControlsHaveTheLastWord) {
   SmallForm form;
   SmallWindow window;
   PlainActs acts;
   Binder binder(form, window, acts);
-  form.Mode.MousePointer = Pointer::Arrow;
   binder.Join();
-  // A promise without a handler is a lock.
+  const auto chosen = [&] {
+    return std::pair(window.Rate_0->isChecked(), window.Rate_1->isChecked());
+  };
+  EXPECT_EQ(chosen(), std::pair(false, false));
+  window.Rate_0->click();
+  EXPECT_TRUE(form.Rate_0.Checked());
+  form.Rate_1.SetChecked(true);
+  EXPECT_EQ(chosen(), std::pair(false, true));
+  window.On_0->click();
+  EXPECT_TRUE(window.On_0->isChecked());
+  EXPECT_EQ(chosen(), std::pair(false, true));
+  form.Enabled = false;
+  window.Rate_0->click();
+  EXPECT_EQ(chosen(), std::pair(false, true));
+  form.Rate_1.SetChecked(false);
+  EXPECT_EQ(chosen(), std::pair(false, false));
+}
+
+TEST(Binder, ASecretShowsAsStarsAndIsSelectedToBeTypedOver) {
+  SmallForm form;
+  SmallWindow window;
+  PlainActs acts;
+  Binder binder(form, window, acts);
+  form.txtName.Text = "abcd";
+  form.txtName.Secret = true;
+  form.txtName.MaxLength = 4;
+  binder.Join();
+  EXPECT_EQ(window.txtName->displayText(), "****");
+  EXPECT_EQ(window.txtName->maxLength(), 4);
+  form.txtName.SetSelStart(1);
+  form.txtName.SetSelLength(3);
+  binder.MoveFocus(form.txtName);
+  EXPECT_EQ(window.txtName->selectionStart(), 1);
+  EXPECT_EQ(window.txtName->selectionLength(), 3);
+}
+
+TEST(Binder, ColoursStandBesideTheirNames) {
+  SmallForm form;
+  SmallWindow window;
+  PlainActs acts;
+  Binder binder(form, window, acts);
+  form.cboRate.ItemColours = std::vector<std::uint32_t>{0x0000FF, 0xFFFFFF};
+  binder.Join();
+  const QImage red = window.cboRate->itemIcon(0).pixmap(16).toImage();
+  const QImage white = window.cboRate->itemIcon(1).pixmap(16).toImage();
+  EXPECT_EQ(red.pixelColor(red.rect().center()), QColor(255, 0, 0));
+  EXPECT_NE(white.pixelColor(0, 0), white.pixelColor(white.rect().center()));
+}
+
+TEST(Binder, AValueLooksClickableOnlyWhereItIsAndF1ExplainsIt) {
+  SmallForm form;
+  SmallWindow window;
+  PlainActs acts;
+  Binder binder(form, window, acts);
+  int explained = 0;
+  int changed = 0;
+  form.RmdLabel.ToolTip = "Click for more Information";
+  form.RmdLabel.OnClick = [&] { ++explained; };
+  form.Mode.OnClick = [&] { ++changed; };
+  form.Mode.MousePointer = Pointer::Arrow;
+  window.RmdLabel->setBuddy(window.Mode);
+  binder.Join();
+  const auto press = [](QWidget* widget, Qt::Key key) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &event);
+  };
+  press(window.Mode, Qt::Key_F1);
+  press(window.Mode, Qt::Key_Return);
+  EXPECT_EQ(explained, 1);
+  EXPECT_EQ(changed, 1);
+  EXPECT_EQ(window.RmdLabel->focusPolicy(), Qt::NoFocus);
+
+  // A mode in which it can't be changed: the tab key still leads to its explanation.
+  form.Mode.MousePointer = Pointer::NoDrop;
+  form.Mode.Enabled = false;
   EXPECT_FALSE(window.Mode->IsClickable());
-  EXPECT_EQ(window.Mode->toolTip(), "Changing settings comes in a later version.");
+  EXPECT_EQ(window.Mode->focusPolicy(), Qt::NoFocus);
+  EXPECT_EQ(window.RmdLabel->focusPolicy(), Qt::TabFocus);
+  press(window.RmdLabel, Qt::Key_Space);
+  EXPECT_EQ(explained, 2);
+
+  // A label without an explanation does not promise one.
+  form.RmdLabel.OnClick = nullptr;
+  form.RmdLabel.Text = "Mode";
+  EXPECT_EQ(window.RmdLabel->toolTip(), "");
+  EXPECT_FALSE(window.RmdLabel->IsClickable());
 }
 
 }  // namespace

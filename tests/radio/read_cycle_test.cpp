@@ -25,12 +25,6 @@ std::string Joined(const std::vector<std::string>& words) {
 
 class ReadCycleTest : public sim::Bench {
  public:
-  void StartConnected(sim::SimRadioOptions options = {}) {
-    UseRadio(std::move(options));
-    Start();
-    ASSERT_TRUE(Connect());
-    ClearLog();
-  }
   // The commands of one whole read.
   std::string ReadAgain() {
     ClearLog();

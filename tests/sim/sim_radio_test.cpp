@@ -173,7 +173,7 @@ TEST(SimRadio, TakesWhatIsInRangeAndKeepsIt) {
 TEST(SimRadio, TakesItsOwnPrintedValuesBack) {
   for (const std::string revision : {"1.9.0", "3.2.0"}) {
     Talk talk(Master(revision));
-    for (const SettingRow& row : SettingRows()) {
+    for (const RadioSetting& row : SettingRows()) {
       const std::string word(row.Word);
       const std::string value = talk.radio.Setting(word);
       const int number = RevisionNumber(revision);

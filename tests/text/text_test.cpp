@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "radio/reply.h"
 #include "text/numbers.h"
 #include "text/path_text.h"
@@ -50,6 +52,10 @@ TEST(Text, Numbers) {
                {" \t1", {}, 0},
                {"nan", {}, 0},
                {"99999999999999999999", 1e20, 1e20}};
+  const std::string nines(400, '9');
+  EXPECT_EQ(NumericValue(nines), HUGE_VAL);
+  EXPECT_EQ(NumericValue("-" + nines), -HUGE_VAL);
+  EXPECT_EQ(NumericValue("0." + std::string(400, '0') + "1"), 0);
   for (const auto& each : cases) {
     EXPECT_EQ(NumericValue(each.Text), each.Value) << each.Text;
     EXPECT_EQ(LeadingNumber(each.Text), each.Leading) << each.Text;

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+
+#include "access/frmLogin.h"
+#include "access/frmSetPass.h"
+#include "access/frmSetup.h"
+#include "app/frmOrvalent.h"
+#include "link/session.h"
+#include "platform/platform.h"
+#include "radio/main_timer.h"
+
+namespace quillmark {
+
+// The menus of radio access and of the bench test mode: they open the windows that do the work.
+// Everything given to it outlives it.
+class AccessMenus {
+ public:
+  AccessMenus(Platform& platform, Session& session, frmOrvalent& main, MainTimer& ticks);
+  ~AccessMenus();
+
+  // Joins the menus and the toolbar's Login to their handlers.
+  void Wire();
+
+ private:
+  void mnuAccessCode_Click();
+  void mnuEncryptCode_Click();
+  void mnuSetPass_Click();
+  void mnuSetupMode_Click();
+  // False, with a box, while the port is closed.
+  bool PortIsOpen();
+  void ShowLogin(frmLogin::Command command);
+  // Whether the radio refuses changes; asked with the echo off.
+  bool RadioDenies();
+  void EnterSetupMode();
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  MainTimer& ticks;
+  std::shared_ptr<frmSetPass> setPass;
+  std::shared_ptr<frmSetup> setup;
+  bool enteringSetup = false;  // its window is about to come
+};
+
+}  // namespace quillmark

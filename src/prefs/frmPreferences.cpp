@@ -1,0 +1,89 @@
+#include "prefs/frmPreferences.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "prefs/colours.h"
+#include "text/numbers.h"
+
+namespace quillmark {
+
+namespace {
+
+std::vector<std::string> ColourNames() {
+  std::vector<std::string> names;
+  for (const NamedColour& colour : Colours()) names.emplace_back(colour.Name);
+  return names;
+}
+
+std::vector<std::uint32_t> ColourValues() {
+  std::vector<std::uint32_t> values;
+  for (const NamedColour& colour : Colours()) values.push_back(colour.Value);
+  return values;
+}
+
+// A colour that is in no row counts as the first.
+int ColourIndex(std::uint32_t value) {
+  for (std::size_t i = 0; i < Colours().size(); ++i) {
+    if (Colours()[i].Value == value) return static_cast<int>(i);
+  }
+  return 0;
+}
+
+std::uint32_t ColourAt(int index) { return Colours()[static_cast<std::size_t>(index)].Value; }
+
+}  // namespace
+
+frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, frmOrvalent& window)
+    : Form("frmPreferences"),
+      ConnectOnLaunchCheck(*this, this, "ConnectOnLaunchCheck", "Connect On Application Launch"),
+      KeepAliveCheck(*this, this, "KeepAliveCheck", "Keep Radio Connection Alive"),
+      LogoutCheck(*this, this, "LogoutCheck", "Logout User On Program Exit"),
+      BoldCheck(*this, this, "BoldCheck", "Use Bold Text"),
+      lblTextColor(*this, this, "lblTextColor", "Text Color"),
+      lblBackgroundColor(*this, this, "lblBackgroundColor", "Text Background Color"),
+      TextColorList(*this, this, "TextColorList", ColourNames()),
+      BackgroundColorList(*this, this, "BackgroundColorList", ColourNames()),
+      OKButton(*this, this, "OKButton", "OK"),
+      CancelButton(*this, this, "CancelButton", "Cancel"),
+      store(preferences),
+      session(shared),
+      main(window) {
+  Caption = "Preferences";
+  KeepAliveCheck.ToolTip =
+      "If this is checked, the software will periodically send a carriage return to the radio, "
+      "keeping the connection active.";
+  LogoutCheck.ToolTip = "If this is checked, the application will logout the user on exiting.";
+  for (ListBox* list : {&TextColorList, &BackgroundColorList}) list->ItemColours = ColourValues();
+  TextColorList.SetListIndex(ColourIndex(main.txtTerm.ForeColor()));
+  BackgroundColorList.SetListIndex(ColourIndex(main.txtTerm.BackColor()));
+  ConnectOnLaunchCheck.Checked = session.ConnectOnLaunch;
+  KeepAliveCheck.Checked = session.KeepAlive;
+  LogoutCheck.Checked = session.LogoutOnQuit;
+  BoldCheck.Checked = main.txtTerm.Bold();
+  OKButton.OnClick = [this] { OKButton_Click(); };
+  CancelButton.OnClick = [this] { Unload(); };
+}
+
+void frmPreferences::SetFlag(const CheckBox& box, bool& flag, const char* key) {
+  flag = box.Checked();
+  store.Write("Preferences", key, BooleanText(flag));
+}
+
+void frmPreferences::OKButton_Click() {
+  SetFlag(ConnectOnLaunchCheck, session.ConnectOnLaunch, "ConnectOnLaunch");
+  SetFlag(KeepAliveCheck, session.KeepAlive, "KeepAlive");
+  SetFlag(LogoutCheck, session.LogoutOnQuit, "LogoutOnQuit");
+  TextBox& terminal = main.txtTerm;
+  terminal.Bold = BoldCheck.Checked();
+  store.Write("Preferences", "BoldText", BooleanText(terminal.Bold()));
+  terminal.ForeColor = ColourAt(TextColorList.ListIndex());
+  store.Write("Preferences", "TextColor", std::to_string(terminal.ForeColor()));
+  terminal.BackColor = ColourAt(BackgroundColorList.ListIndex());
+  store.Write("Preferences", "BackColor", std::to_string(terminal.BackColor()));
+  Unload();
+}
+
+}  // namespace quillmark

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "app/frmOrvalent.h"
+#include "controls/choices.h"
+#include "controls/clickable.h"
+#include "controls/form.h"
+#include "link/session.h"
+#include "platform/preference_store.h"
+
+namespace quillmark {
+
+// The program's preferences. Modal; OK puts them into force and stores them. Everything given to it
+// outlives it.
+class frmPreferences : public Form {
+ public:
+  frmPreferences(PreferenceStore& store, Session& session, frmOrvalent& main);
+
+  CheckBox ConnectOnLaunchCheck, KeepAliveCheck, LogoutCheck, BoldCheck;
+  Label lblTextColor, lblBackgroundColor;
+  ListBox TextColorList, BackgroundColorList;
+  Button OKButton, CancelButton;
+
+ private:
+  void OKButton_Click();
+  void SetFlag(const CheckBox& box, bool& flag, const char* key);
+
+  PreferenceStore& store;
+  Session& session;
+  frmOrvalent& main;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,194 @@
+#include "qt/window_pictures.h"
+
+#include <QDir>
+#include <QPixmap>
+#include <QTimer>
+#include <QWidget>
+#include <cstdio>
+#include <memory>
+
+#include "app/console.h"
+#include "qt/latin1.h"
+#include "qt/message_window.h"
+#include "qt/qt_windows.h"
+#include "qt/report.h"
+#include "settings/frmSimpleXMAP.h"
+
+namespace quillmark {
+
+namespace {
+
+// Long enough for layouts, and for the terminal's batches of text.
+constexpr Duration settleTime = Milliseconds(60);
+
+// The status bar has come to rest when the timer that clears it is off.
+constexpr Duration longestStatus = Seconds(3);
+
+constexpr int modalLook = 10;  // ms between looks for a window that is about to open
+
+// For a file name: "Radio Settings 1" as "radio-settings-1".
+std::string FileName(std::string title) {
+  for (char& c : title) {
+    if (c == ' ') c = '-';
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
+  }
+  return title;
+}
+
+void Click(Form& form, const std::string& name) {
+  if (auto* control = dynamic_cast<Clickable*>(form.Find(name))) control->Click();
+}
+
+void Type(Form& form, const char* name, const char* text) {
+  if (auto* box = dynamic_cast<TextBox*>(form.Find(name))) box->UserEdit(text);
+}
+
+// By the button that gives up, where the window has one.
+void Leave(Form& form) {
+  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton", "ExitButton"}) {
+    Click(form, name);
+  }
+  if (form.Loaded()) form.UserClose();
+}
+
+}  // namespace
+
+WindowPictures::WindowPictures(Console& theConsole, Platform& machine, QtWindows& shown,
+                               ReportDialogs& boxes, std::string target)
+    : console(theConsole),
+      platform(machine),
+      windows(shown),
+      dialogs(boxes),
+      folder(std::move(target)) {}
+
+bool WindowPictures::Take() {
+  if (!QDir().mkpath(QString::fromStdString(folder))) return false;
+  frmOrvalent& main = console.Main();
+  TakeShellWindows();
+  main.ButtonAdv.Click();
+  TakeBoxes();
+  TakeOptionWindows();
+  main.ButtonAdv.Click();
+  WaitUntil(platform.Events, longestStatus, [&main] { return !main.Timer2.Enabled(); });
+  TakeMain();
+  TakeAccessWindows();
+  return sound;
+}
+
+void WindowPictures::TakeMain() {
+  frmOrvalent& main = console.Main();
+  Picture(main, "quick-tasks");
+  main.ButtonAdv.Click();
+  for (int tab = 1; tab <= static_cast<int>(main.SettingsTab.Tabs.size()); ++tab) {
+    main.SettingsTab.UserSelect(tab);
+    const std::string title = main.SettingsTab.Tabs[static_cast<std::size_t>(tab - 1)];
+    Picture(main, "tab-" + std::to_string(tab) + "-" + FileName(title));
+  }
+  main.ButtonAdv.Click();
+}
+
+void WindowPictures::TakeBoxes() {
+  frmOrvalent& main = console.Main();
+  TakeBox("box-information", Answer::Ok, [&] { main.BaudRate.Caption.Click(); });
+  TakeBox("box-question", Answer::Cancel, [&] { main.DeviceType.Click(); });
+  TakeBox("box-input", Answer::Cancel, [&] { main.NetworkAddress.Click(); });
+}
+
+void WindowPictures::TakeOptionWindows() {
+  frmOrvalent& main = console.Main();
+  const auto checkSome = [](Form& form, const std::string& array) {
+    for (const int address : {0, 1, 5, 17, 31}) Click(form, array + std::to_string(address));
+  };
+  TakeModal("frmDLINKOptions", "dlink-options", [&] { main.DLINK.Click(); });
+  TakeModal("frmDTYPEOptions", "dtype-options", [&] { main.DTYPE.Click(); });
+  TakeModal("frmRTUOptions", "rtu-options", [&] { main.SoftRTU.Click(); });
+  TakeModal(
+      "frmXMAP", "extension-map", [&] { main.XMAP.Click(); },
+      [&](Form& form) { checkSome(form, "Check1_"); });
+  TakeModal(
+      "frmSimpleXMAP", "sub-remote-map",
+      [&] { platform.Windows.ShowModal(std::make_shared<frmSimpleXMAP>(platform, main), main); },
+      [&](Form& form) { checkSome(form, "chkXADDR_"); });
+}
+
+void WindowPictures::TakeShellWindows() {
+  frmOrvalent& main = console.Main();
+  TakeModal("frmProperties", "setup", [&] { main.mnuProperties.Click(); });
+  TakeModal("frmPreferences", "preferences", [&] { main.mnuPreferences.Click(); });
+  TakeShown("frmSplash", "about", [&] { main.mnuAbout.Click(); });
+}
+
+void WindowPictures::TakeAccessWindows() {
+  frmOrvalent& main = console.Main();
+  const Prepare typeSecret = [](Form& form) { Type(form, "txtPassword", "123"); };
+  TakeModal(
+      "frmLogin", "login", [&] { main.mnuAccessCode.Click(); }, typeSecret);
+  TakeModal(
+      "frmLogin", "encryption-code", [&] { main.mnuEncryptCode.Click(); }, typeSecret);
+  TakeShown("frmSetPass", "set-password", [&] { main.mnuSetPass.Click(); });
+  TakeBox("box-warning", Answer::Yes, [&] { main.mnuSetupMode.Click(); });
+  TakeShown("frmSetup", "setup-mode", [] {});
+}
+
+// The picture is taken from inside the window's own loop.
+void WindowPictures::TakeModal(const char* formName, const std::string& name,
+                               const std::function<void()>& open, const Prepare& prepare) {
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, &look, [&] {
+    Form* form = windows.FormNamed(formName);
+    if (form == nullptr) return;
+    look.stop();
+    platform.Events.Deliver([&] {
+      if (prepare) prepare(*form);
+      Picture(*form, name);
+      Leave(*form);
+    });
+  });
+  look.start(modalLook);
+  open();
+  // Nothing was programmed, so that no read is needed.
+  console.Shared().RefreshRequested = false;
+}
+
+void WindowPictures::TakeShown(const char* formName, const std::string& name,
+                               const std::function<void()>& open) {
+  open();
+  Form* form = windows.FormNamed(formName);
+  if (form == nullptr) return;
+  Picture(*form, name);
+  Leave(*form);
+  console.Shared().RefreshRequested = false;
+}
+
+void WindowPictures::TakeBox(const std::string& name, Answer answer,
+                             const std::function<void()>& open) {
+  QWidget* owner = windows.WindowOf(console.Main());
+  dialogs.OnMessage = [&](const MessageBox& box) {
+    MessageWindow window(box, owner);
+    Picture(window, name);
+    return answer;
+  };
+  dialogs.OnInput = [&](const InputBox& box) {
+    InputWindow window(box, owner);
+    Picture(window, name);
+  };
+  open();
+  dialogs.OnMessage = nullptr;
+  dialogs.OnInput = nullptr;
+}
+
+void WindowPictures::Picture(const Form& form, const std::string& name) {
+  if (QWidget* window = windows.WindowOf(form)) Picture(*window, name);
+}
+
+void WindowPictures::Picture(QWidget& window, const std::string& name) {
+  window.show();
+  window.activateWindow();
+  WaitUntil(platform.Events, settleTime, [] { return false; });
+  const QString file = QDir(QString::fromStdString(folder)).filePath(ToQt(name + ".png"));
+  if (window.grab().save(file)) return;
+  std::fprintf(stderr, "quillmark-console: %s could not be written\n", file.toUtf8().constData());
+  sound = false;
+}
+
+}  // namespace quillmark

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+
+class QWidget;
+
+namespace quillmark {
+
+class Console;
+class Form;
+class QtWindows;
+class ReportDialogs;
+
+// Leaves a picture of every window in a folder, as the windows look while a radio is connected: it
+// opens each as a user would, and closes it again without programming anything. The report makes
+// one. Everything given to it outlives it.
+class WindowPictures {
+ public:
+  WindowPictures(Console& console, Platform& platform, QtWindows& windows, ReportDialogs& dialogs,
+                 std::string folder);
+
+  // False when a picture could not be written.
+  bool Take();
+
+ private:
+  using Prepare = std::function<void(Form&)>;
+
+  void TakeMain();
+  void TakeBoxes();
+  void TakeOptionWindows();
+  void TakeShellWindows();
+  void TakeAccessWindows();
+
+  // Of a window that runs its own loop until it is closed. `open` may decline to open it.
+  void TakeModal(const char* formName, const std::string& name, const std::function<void()>& open,
+                 const Prepare& prepare = {});
+  // Of a window that is shown beside the others, and of a box that asks or tells something.
+  void TakeShown(const char* formName, const std::string& name, const std::function<void()>& open);
+  void TakeBox(const std::string& name, Answer answer, const std::function<void()>& open);
+  void Picture(const Form& form, const std::string& name);
+  void Picture(QWidget& window, const std::string& name);
+
+  Console& console;
+  Platform& platform;
+  QtWindows& windows;
+  ReportDialogs& dialogs;
+  std::string folder;
+  bool sound = true;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,24 @@
+#include "settings/frmDTYPEOptions.h"
+
+#include <string>
+
+namespace quillmark {
+
+frmDTYPEOptions::frmDTYPEOptions(Platform& machine, frmOrvalent& window)
+    : OptionWindow("frmDTYPEOptions", machine, window),
+      InfoLabel(*this, this, "InfoLabel", "Select the diagnostic type"),
+      RootButton(*this, this, "RootButton", "Root"),
+      NodeButton(*this, this, "NodeButton", "Node"),
+      CancelButton(*this, this, "CancelButton", "Cancel") {
+  Caption = "Diagnostic Type Options";
+  RootButton.OnClick = Handler([this] { Choose("root"); });
+  NodeButton.OnClick = Handler([this] { Choose("node"); });
+  CancelButton.OnClick = Handler([this] { Unload(); });
+}
+
+void frmDTYPEOptions::Choose(const char* type) {
+  Send(std::string("dtype ") + type);
+  Unload();
+}
+
+}  // namespace quillmark

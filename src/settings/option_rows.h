@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/frmOrvalent.h"
+#include "link/session.h"
+#include "platform/platform.h"
+#include "radio/main_timer.h"
+
+namespace quillmark {
+
+// The rows whose settings have windows of their own: a click opens them. Everything given to it
+// outlives it.
+class OptionRows {
+ public:
+  OptionRows(Platform& platform, Session& session, frmOrvalent& main, MainTimer& ticks);
+
+  void Wire();
+
+ private:
+  void XMAP_Click();
+  // The hex digits of the radio's map; empty when its reply can't be cut.
+  std::string ReadMap();
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  MainTimer& ticks;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "app/frmOrvalent.h"
+#include "link/session.h"
+#include "platform/platform.h"
+
+namespace quillmark {
+
+struct InputRow;
+struct OnOffRow;
+
+// Programs one setting at a click on its value: asks for a new one and sends one command. The radio
+// is the only judge of values; the read that follows shows what it holds now. Everything given to
+// it outlives it.
+class SettingProgrammer {
+ public:
+  SettingProgrammer(Platform& platform, Session& session, frmOrvalent& main);
+
+  // Joins the rows of the settings view to their handlers, but for those that open a window.
+  void Wire();
+
+ private:
+  void InputRow_Click(const InputRow& row);
+  void OnOffRow_Click(const OnOffRow& row);
+  void DeviceType_Click();
+  void ShowSync_Click();
+  void AlarmInfo_Click();
+  bool Allowed(const InputRow& row) const;
+  bool IsMaster() const;
+  // Sends the command and waits for the radio to take it, 3 s at most; the outcome shows in the
+  // read that it asks for. Silent on a closed port.
+  void Program(const std::string& command, std::string_view awaited = "PROGRAMMED OK");
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "app/frmOrvalent.h"
+#include "link/session.h"
+#include "platform/dialogs.h"
+
+namespace quillmark {
+
+// The built-in manual: a click on a label explains its setting. Joins the labels of the main window
+// to their texts; nothing is sent to the radio. Everything given to it outlives the window.
+void WireSettingTexts(frmOrvalent& main, Dialogs& dialogs, const Session& session);
+
+}  // namespace quillmark

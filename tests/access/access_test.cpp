@@ -1,0 +1,282 @@
+#include <gmock/gmock.h>
+
+#include <string>
+
+#include "sim/bench.h"
+
+namespace quillmark {
+namespace {
+
+class AccessTest : public sim::Bench {
+ public:
+  std::string InLogin(const std::string& click, std::function<void()> acts) {
+    ClearLog();
+    ExpectWindow("frmLogin").Do(std::move(acts));
+    EXPECT_TRUE(Click(click));
+    CheckExpectations();
+    return Sent();
+  }
+};
+
+TEST_F(AccessTest, LoggingInWithThePassword) {
+  StartConnected({.Password = "k9z!"});
+  ASSERT_TRUE(Enabled("tbr_Login"));
+  EXPECT_EQ(InLogin("tbr_Login",
+                    [&] {
+                      EXPECT_EQ(Text("frmLogin"), "Enter Password:");
+                      EXPECT_EQ(Text("Label"), "&Password:");
+                      EXPECT_EQ(Text("InfoLabel"), "Please enter a radio password:");
+                      EXPECT_FALSE(Visible("NoneButton"));
+                      EXPECT_TRUE(As<TextBox>("txtPassword").Secret());
+                      EXPECT_TRUE(Edit("txtPassword", "wrong"));
+                      EXPECT_EQ(Text("txtPassword"), "wron");
+                      ExpectBox("Login").Saying("Invalid Password, try again!").With(Icon::None);
+                      EXPECT_TRUE(Click("cmdOK"));
+                      EXPECT_TRUE(WindowOpen("frmLogin"));
+                      EXPECT_EQ(As<TextBox>("txtPassword").SelLength(), 4U);
+                      EXPECT_FALSE(Radio().Echo());
+                      EXPECT_TRUE(Edit("txtPassword", "k9z!"));
+                      EXPECT_TRUE(Click("cmdOK"));
+                    }),
+            "deco\rpass wron\rpass k9z!\r\reeco\r");
+  EXPECT_EQ(Text("txtTerm"), "*** PASSWORD ACCEPTED ***");
+  EXPECT_FALSE(Enabled("tbr_Login"));
+  EXPECT_TRUE(Enabled("tbr_Logout"));
+  Run(Seconds(3));
+  EXPECT_TRUE(Radio().LoggedIn());
+  EXPECT_TRUE(Radio().Echo());
+  EXPECT_FALSE(Shared().RefreshRequested);
+}
+
+TEST_F(AccessTest, TheWaysOutOfTheLogin) {
+  StartConnected({.Password = "abcd"});
+  const Duration began = Now();
+  EXPECT_EQ(InLogin("mnuAccessCode", [&] { EXPECT_TRUE(Click("cmdCancel")); }), "deco\reeco\r");
+  EXPECT_LT(Now() - began, Seconds(1));
+  // The close box sends nothing: the echo stays off until the next "eeco".
+  EXPECT_EQ(InLogin("mnuAccessCode", [&] { EXPECT_TRUE(CloseWindow("frmLogin")); }), "deco\r");
+  Run(Milliseconds(100));
+  EXPECT_FALSE(Radio().Echo());
+  // A silent radio is a refusal after three seconds; then the port goes, and nothing can be done.
+  Faults().SilentFrom = Radio().CommandCount() + 1;
+  EXPECT_EQ(InLogin("mnuAccessCode",
+                    [&] {
+                      const Duration asked = Now();
+                      ExpectBox("Login").Saying("Invalid Password, try again!");
+                      EXPECT_TRUE(Edit("txtPassword", "abcd"));
+                      EXPECT_TRUE(Click("cmdOK"));
+                      EXPECT_EQ(Now() - asked, Seconds(3));
+                      Port().SetPortOpen(false);
+                      EXPECT_TRUE(Click("cmdCancel"));
+                      EXPECT_TRUE(WindowOpen("frmLogin"));
+                      EXPECT_TRUE(Click("cmdOK"));
+                      EXPECT_TRUE(CloseWindow("frmLogin"));
+                    }),
+            "deco\rpass abcd\r");
+  for (const char* menu : {"mnuAccessCode", "mnuEncryptCode", "mnuSetupMode"}) {
+    ExpectBox("User Help").Saying("Please Toggle COMM Port open first.").With(Icon::None);
+    EXPECT_TRUE(Click(menu)) << menu;
+  }
+}
+
+TEST_F(AccessTest, NothingIsReadWhileALoginIsOpen) {
+  StartConnected();
+  EXPECT_EQ(InLogin("mnuAccessCode",
+                    [&] {
+                      Shared().RefreshRequested = true;
+                      Run(Seconds(600));
+                      EXPECT_TRUE(Click("cmdCancel"));
+                    }),
+            "deco\reeco\r");
+  ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
+}
+
+TEST_F(AccessTest, TheEncryptionCode) {
+  StartConnected();
+  const std::string probe = "deco\rADDR NONE\reeco\rdeco\r";
+  EXPECT_EQ(InLogin("mnuEncryptCode",
+                    [&] {
+                      EXPECT_EQ(Text("frmLogin"), "Enter Encryption Code:");
+                      EXPECT_EQ(Text("Label"), "&Code:");
+                      EXPECT_EQ(Text("InfoLabel"),
+                                "Please enter an encryption code (1-255), or click 'None' not to "
+                                "use an encryption code:");
+                      EXPECT_TRUE(Visible("NoneButton"));
+                      EXPECT_TRUE(Edit("txtPassword", "2560"));
+                      EXPECT_EQ(Text("txtPassword"), "256");
+                      ExpectBox("Login").Saying("Invalid Encryption Code.").With(Icon::None);
+                      EXPECT_TRUE(Click("cmdOK"));
+                      EXPECT_TRUE(Edit("txtPassword", "255"));
+                      EXPECT_TRUE(Click("cmdOK"));
+                    }),
+            probe + "code 256\rcode 255\r\reeco\r");
+  EXPECT_EQ(Text("txtTerm"), "*** ENCRYPTION CODE ACCEPTED ***");
+  EXPECT_EQ(InLogin("mnuEncryptCode", [&] { EXPECT_TRUE(Click("NoneButton")); }),
+            probe + "code none\r\reeco\r");
+  Run(Seconds(1));
+  EXPECT_TRUE(Radio().Echo());
+  // Not logged in: told before a code is asked for.
+  ASSERT_TRUE(Click("tbr_Disconnect"));
+  UseRadio({.Password = "abcd"});
+  ASSERT_TRUE(Connect());
+  ClearLog();
+  ExpectBox("Error!")
+      .Saying(
+          "Error! You are not currently logged in, and therefore will not be able to enter in "
+          "an encryption code.")
+      .With(Icon::Critical);
+  EXPECT_TRUE(Click("mnuEncryptCode"));
+  EXPECT_EQ(Sent(), "deco\rADDR NONE\reeco\r");
+  EXPECT_TRUE(Text("txtTerm").empty());
+}
+
+TEST_F(AccessTest, SettingAndRemovingThePassword) {
+  StartConnected();
+  ASSERT_TRUE(Click("mnuSetPass"));
+  EXPECT_EQ(Text("frmSetPass"), "Radio Password Setup");
+  EXPECT_TRUE(Checked("PassRadio_1"));
+  EXPECT_FALSE(Enabled("Pass1"));
+  EXPECT_EQ(Sent(), "deco\r");
+  EXPECT_TRUE(Click("PassRadio_0"));
+  EXPECT_TRUE(Enabled("Pass2"));
+  EXPECT_EQ(As<Form>("frmSetPass").Focus(), &Find("Pass1"));
+  EXPECT_TRUE(Type("txtTerm", "owm "));  // half a line would swallow the password
+  EXPECT_TRUE(Edit("Pass1", "a1b2"));
+  EXPECT_TRUE(Edit("Pass2", "A1b2"));
+  ExpectBox("Error!")
+      .Saying("The two passwords do not match!\rPlease reenter the password.")
+      .With(Icon::Critical);
+  EXPECT_TRUE(Click("frmSetPass.OKButton"));
+  EXPECT_TRUE(Edit("Pass2", "a1b2"));
+  EXPECT_TRUE(Click("frmSetPass.OKButton"));
+  EXPECT_FALSE(WindowOpen("frmSetPass"));
+  EXPECT_EQ(Sent(), "deco\rk7m2 a1b2\reeco\r");
+  EXPECT_EQ(Text("txtTerm"), "*** NEW PASSWORD ACCEPTED ***");
+  EXPECT_EQ(Stored("Preferences", "PassEnabled"), "True");
+  EXPECT_FALSE(Enabled("tbr_Login"));
+  Run(Seconds(1));
+  EXPECT_TRUE(Radio().Echo());
+
+  // Not logged in: nothing is removed.
+  Type("txtTerm", "pass none\r");
+  Run(Seconds(1));
+  ClearLog();
+  const auto remove = [&] {
+    ASSERT_TRUE(Click("mnuSetPass"));
+    EXPECT_TRUE(Checked("PassRadio_0"));
+    EXPECT_TRUE(Click("PassRadio_1"));
+    EXPECT_TRUE(Click("frmSetPass.OKButton"));
+    EXPECT_FALSE(WindowOpen("frmSetPass"));
+  };
+  ExpectBox("Error!")
+      .Saying("You must be logged in to disable password protection.")
+      .With(Icon::Critical);
+  remove();
+  EXPECT_EQ(Sent(), "deco\rk7m2\reeco\r");
+  EXPECT_EQ(Stored("Preferences", "PassEnabled"), "True");
+  Type("txtTerm", "pass a1b2\r");
+  Run(Seconds(1));
+  ClearLog();
+  remove();
+  EXPECT_EQ(Sent(), "deco\rk7m2\rPASS NONE\r\reeco\r");
+  EXPECT_EQ(Text("txtTerm").substr(0, 24), "*** PASSWORD REMOVED ***");
+  EXPECT_EQ(Stored("Preferences", "PassEnabled"), "False");
+  EXPECT_TRUE(Enabled("tbr_Login"));
+  EXPECT_FALSE(Enabled("tbr_Logout"));
+  // Cancel and the close box bring the echo back as well; a second click does not open a second
+  // one.
+  ClearLog();
+  ASSERT_TRUE(Click("mnuSetPass"));
+  ASSERT_TRUE(Click("mnuSetPass"));
+  EXPECT_TRUE(Click("frmSetPass.CancelButton"));
+  ASSERT_TRUE(Click("mnuSetPass"));
+  EXPECT_TRUE(CloseWindow("frmSetPass"));
+  EXPECT_EQ(Sent(), "deco\reeco\rdeco\reeco\r");
+}
+
+TEST_F(AccessTest, SetupModeReadsProgramsAndKeys) {
+  StartConnected({.Mode = 'M'});
+  const auto question = [&](Answer answer) {
+    ExpectBox("Warning")
+        .Saying(
+            "Setup mode is intended for bench testing only.\r\n\r\nAre you sure you want to "
+            "continue?")
+        .With(Icon::Exclamation)
+        .With(Buttons::YesNo)
+        .Reply(answer);
+  };
+  question(Answer::No);
+  EXPECT_TRUE(Click("mnuSetupMode"));
+  EXPECT_EQ(Sent(), "");
+  question(Answer::Yes);
+  EXPECT_TRUE(Click("mnuSetupMode"));
+  EXPECT_EQ(Sent(), "setup\rrx\rtx\r");
+  ASSERT_TRUE(WindowOpen("frmSetup"));
+  EXPECT_EQ(Text("RxFrequency"), Radio().Setting("rx").substr(0, 7));
+  EXPECT_TRUE(Enabled("ButtonRSSI"));
+  const struct {
+    const char *Field, *Title, *Typed, *Sent, *Shown;
+  } cases[] = {
+      {"RxFrequency", "Program Rx Frequency", "915.000", "rx 915.000\rrx\r", "915.000"},
+      {"TxFrequency", "Program Tx Frequency", "TX 902.200", "TX 902.200\rtx\r", "902.200"},
+      {"TxFrequency", "Program Tx Frequency", "tx 910.000", "tx tx 910.000\rtx\r", "902.200"},
+      {"RxFrequency", "Program Rx Frequency", "930.000", "rx 930.000\rrx\r", "915.000"}};
+  for (const auto& each : cases) {
+    ClearLog();
+    ExpectInput(each.Title).Offering(Text(each.Field)).Type(each.Typed);
+    EXPECT_TRUE(Click(each.Field));
+    EXPECT_EQ(Sent(), each.Sent);
+    EXPECT_EQ(Text(each.Field), each.Shown);
+  }
+  ClearLog();
+  EXPECT_FALSE(Click("DKey"));
+  EXPECT_TRUE(Click("Key"));
+  EXPECT_FALSE(Click("Key"));
+  Run(Milliseconds(100));
+  EXPECT_TRUE(Radio().Keyed());
+  EXPECT_TRUE(Click("DKey"));
+  ExpectBox("Transmit Frequency Information")
+      .Saying(
+          "This selects the test transmit frequency used in lieu of hopping when in setup "
+          "mode.\r\n\r\nThe test transmit frequency can be reprogrammed to any value\r\nbetween "
+          "902.200 MHz and 927.600 MHz, inclusive.");
+  EXPECT_TRUE(Click("TxLabel"));
+  EXPECT_TRUE(Type("txtTerm", "stat"));  // the terminal stays usable
+  EXPECT_TRUE(Click("ExitButton"));
+  EXPECT_EQ(Sent(), "KEY\rDKEY\rstatquit\r");
+  EXPECT_FALSE(Enabled("ButtonRSSI"));
+  EXPECT_FALSE(Shared().InSetupMode);
+  EXPECT_TRUE(Shared().RefreshRequested);
+}
+
+TEST_F(AccessTest, TheOtherWaysInAndOutOfSetupMode) {
+  StartConnected({.Password = "abcd"});
+  ExpectBox("Warning").Reply(Answer::Yes);
+  ExpectBox("Error!")
+      .Saying("You must be logged in before entering setup mode.")
+      .With(Icon::Exclamation);
+  EXPECT_TRUE(Click("mnuSetupMode"));
+  EXPECT_FALSE(WindowOpen("frmSetup"));
+  ASSERT_TRUE(Click("tbr_Disconnect"));
+  UseRadio({});
+  ASSERT_TRUE(Connect());
+  // Closed by its box the radio stays in the mode; the next read finds that out.
+  ExpectBox("Warning").Reply(Answer::Yes);
+  EXPECT_TRUE(Click("mnuSetupMode"));
+  EXPECT_TRUE(CloseWindow("frmSetup"));
+  EXPECT_FALSE(Shared().InSetupMode);
+  ASSERT_TRUE(Refresh());
+  EXPECT_TRUE(Shared().InSetupMode);
+  EXPECT_EQ(Text("Mode"), "MODE R");
+  // A silent radio: the window opens with nothing in its fields.
+  Faults().SilentFrom = 1;
+  ExpectBox("Warning").Reply(Answer::Yes);
+  const Duration began = Now();
+  EXPECT_TRUE(Click("mnuSetupMode"));
+  EXPECT_EQ(Now() - began, Seconds(3) + 2 * (Seconds(4) + Milliseconds(100)));
+  EXPECT_EQ(Text("RxFrequency"), "n/a");
+  EXPECT_TRUE(CloseWindow("frmSetup"));
+}
+
+}  // namespace
+}  // namespace quillmark

@@ -1,0 +1,169 @@
+// Settings, login and preferences in the real windows.
+
+#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
+#include <algorithm>
+
+#include "access/frmLogin.h"
+#include "access/frmSetPass.h"
+#include "access/frmSetup.h"
+#include "e2e/program_fixture.h"
+#include "prefs/frmPreferences.h"
+#include "settings/frmDLINKOptions.h"
+#include "settings/frmDTYPEOptions.h"
+
+namespace quillmark {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+// Types over what stands in a line, and ends with the key that stands for the default button.
+void Answer(QWidget& window, const char* line, const std::string& text) {
+  QWidget* found = window.findChild<QLineEdit*>(line);
+  TypeInto(*found, text);
+  Press(*found, Qt::Key_Return);
+}
+
+TEST_F(Program, LogsInWithThePasswordAndChangesASetting) {
+  radio.Start({"--password", "k9Zw"});
+  Prefer("True");
+  BoxAnswerer boxes;
+  Launch();
+  ASSERT_TRUE(Until([this] { return readCycles == 1; }));
+  EXPECT_TRUE(Find<QAction>("tbr_Login").isEnabled());
+
+  Hand hand;
+  hand.Plan(
+      "frmLogin", [](QWidget& login) { Answer(login, "txtPassword", "wrongly"); },
+      [](QWidget& login) { return login.findChild<QLineEdit*>("txtPassword")->hasFocus(); });
+  hand.Plan(
+      "frmLogin",
+      [](QWidget& login) {
+        EXPECT_EQ(login.findChild<QLineEdit*>("txtPassword")->displayText(), "****");
+        Answer(login, "txtPassword", "k9Zw");
+      },
+      [](QWidget& login) { return login.findChild<QLineEdit*>("txtPassword")->hasSelectedText(); });
+  hand.Start();
+  Find<QAction>("tbr_Login").trigger();
+  EXPECT_TRUE(hand.Done());
+  EXPECT_THAT(boxes.Texts, ElementsAre("Invalid Password, try again!"));
+  EXPECT_FALSE(Find<QAction>("tbr_Login").isEnabled());
+  EXPECT_TRUE(Find<QAction>("tbr_Logout").isEnabled());
+  EXPECT_TRUE(Until([this] { return Terminal() == "*** PASSWORD ACCEPTED ***\n>\n>"; }))
+      << Terminal();
+
+  Find<QPushButton>("ButtonAdv").click();
+  hand.Plan("InputBox", [](QWidget& box) {
+    EXPECT_EQ(box.findChild<QLabel*>("inputPrompt")->text(),
+              "Enter a new Power Level:\n\n20dBm through 30dBm in 1dBm steps");
+    EXPECT_EQ(box.findChild<QLineEdit*>("inputLine")->selectedText(), "PWR 30 dBm");
+    Answer(box, "inputLine", "25");
+  });
+  hand.Start();
+  ClickOn(Find<ValueBox>("PowerLevel"));
+  EXPECT_TRUE(hand.Done());
+  EXPECT_TRUE(Until([this] { return Value("PowerLevel") == "PWR 25 dBm"; }));
+  EXPECT_THAT(radio.Lines(), HasSubstr(" s: pwr 25\n"));
+  EXPECT_THAT(Terminal() + radio.Lines(), Not(HasSubstr("k9Zw")));
+
+  ClickOn(Find<CaptionLabel>("PowerLabel"));
+  EXPECT_THAT(boxes.Texts.back(), HasSubstr("is measured.\n\nIn the USA"));
+}
+
+// The names of what the tab key leads to, from where the focus is when a window opens.
+std::string TabOrder(QWidget& window) {
+  std::vector<std::string> names;
+  for (QWidget* at = window.focusWidget(); at != nullptr; at = window.focusWidget()) {
+    const std::string name = at->objectName().toStdString();
+    if (std::find(names.begin(), names.end(), name) != names.end()) break;
+    names.push_back(name);
+    Press(*at, Qt::Key_Tab);
+  }
+  std::string order;
+  for (const std::string& name : names) order += (order.empty() ? "" : " ") + name;
+  return order;
+}
+
+TEST_F(Program, TheTabKeyFollowsTheEye) {
+  Prefer("False");
+  BoxAnswerer boxes;
+  Launch();
+  frmOrvalent& main = console->Main();
+  Session& session = console->Shared();
+  main.DLINK.Text = "DLINK 19200 (OFF)";
+  const auto code = frmLogin::Command::Code;
+  struct Case {
+    std::shared_ptr<Form> Shown;
+    const char* Order;
+  };
+  const Case cases[] = {
+      {std::make_shared<frmLogin>(*platform, session, main, code),
+       "txtPassword NoneButton cmdOK cmdCancel"},
+      {std::make_shared<frmSetPass>(*platform, session, main), "PassRadio_1 OKButton CancelButton"},
+      {std::make_shared<frmSetup>(*platform, session, main),
+       "RxFrequency TxFrequency Key ExitButton"},
+      {std::make_shared<frmDTYPEOptions>(*platform, main), "NodeButton CancelButton RootButton"},
+      {std::make_shared<frmPreferences>(machine->Store, session, main),
+       "ConnectOnLaunchCheck KeepAliveCheck LogoutCheck BoldCheck TextColorList "
+       "BackgroundColorList OKButton CancelButton"},
+      {std::make_shared<frmDLINKOptions>(*platform, main),
+       "OnOption_1 BaudRate_4 OKButton CancelButton"},
+  };
+  for (const Case& each : cases) {
+    machine->Shown.Show(each.Shown);
+    QWidget* shown = machine->Shown.WindowOf(*each.Shown);
+    ASSERT_TRUE(Until([&] { return QApplication::activeWindow() == shown; }, 2));
+    EXPECT_EQ(TabOrder(*shown), each.Order) << each.Shown->Name();
+  }
+  // The arrow keys move among those that exclude each other.
+  auto& dlink = static_cast<frmDLINKOptions&>(*std::rbegin(cases)->Shown);
+  auto* rate = machine->Shown.WindowOf(dlink)->findChild<QWidget*>("BaudRate_4");
+  rate->setFocus();
+  Press(*rate, Qt::Key_Down);
+  EXPECT_TRUE(dlink.BaudRate[5].Checked());
+  EXPECT_TRUE(dlink.OnOption[1].Checked());
+}
+
+TEST_F(Program, PreferencesAreSeenAtOnceAndStandInTheFile) {
+  Prefer("False");
+  Launch();
+  const auto change = [](QWidget& window) {
+    Press(*window.findChild<QComboBox*>("TextColorList"), Qt::Key_Down);
+    Press(*window.findChild<QComboBox*>("BackgroundColorList"), Qt::Key_Down);
+    window.findChild<QAbstractButton*>("BoldCheck")->click();
+  };
+  Hand hand;
+  hand.Plan("frmPreferences", [&](QWidget& window) {
+    change(window);
+    Press(window, Qt::Key_Return);
+  });
+  hand.Plan("frmPreferences", [&](QWidget& window) {
+    change(window);
+    Press(window, Qt::Key_Escape);
+  });
+  hand.Start();
+  Find<QAction>("mnuPreferences").trigger();
+  Find<QAction>("mnuPreferences").trigger();
+  EXPECT_TRUE(hand.Done());
+
+  const auto& terminal = Find<TerminalView>("txtTerm");
+  EXPECT_EQ(terminal.palette().color(QPalette::Text), QColor(255, 0, 0));
+  EXPECT_EQ(terminal.palette().color(QPalette::Base), QColor(0, 0, 0));
+  EXPECT_FALSE(terminal.font().bold());
+
+  std::string stored;
+  IniPreferenceStore store(IniPreferenceStore::UsualFile());
+  for (const char* key :
+       {"ConnectOnLaunch", "KeepAlive", "LogoutOnQuit", "BoldText", "TextColor", "BackColor"}) {
+    stored += std::string(key) + "=" + store.Read("Preferences", key, "none") + "\n";
+  }
+  EXPECT_EQ(stored,
+            "ConnectOnLaunch=False\nKeepAlive=True\nLogoutOnQuit=True\nBoldText=False\n"
+            "TextColor=255\nBackColor=0\n");
+}
+
+}  // namespace
+}  // namespace quillmark

@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "sim/bench.h"
+
+namespace quillmark {
+namespace {
+
+class PreferencesWindowTest : public sim::Bench {
+ public:
+  void InWindow(std::function<void()> acts) {
+    ExpectWindow("frmPreferences").Do(std::move(acts));
+    ASSERT_TRUE(Click("mnuPreferences"));
+    CheckExpectations();
+  }
+};
+
+TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
+  Start();
+  InWindow([&] {
+    EXPECT_EQ(Text("frmPreferences"), "Preferences");
+    EXPECT_EQ(As<ListBox>("TextColorList").Items(),
+              (std::vector<std::string>{"White", "Black", "Light Blue", "Blue", "Navy Blue", "Red",
+                                        "Maroon", "Green", "Dark Green", "Light Yellow"}));
+    EXPECT_EQ(Text("TextColorList"), "Navy Blue");
+    EXPECT_EQ(Text("BackgroundColorList"), "White");
+    EXPECT_FALSE(Checked("ConnectOnLaunchCheck"));
+    EXPECT_TRUE(Checked("KeepAliveCheck"));
+    EXPECT_TRUE(Checked("LogoutCheck"));
+    EXPECT_TRUE(Checked("BoldCheck"));
+    EXPECT_TRUE(Click("OKButton"));
+  });
+  EXPECT_EQ(Stored("Preferences", "TextColor"), "10027008");
+  EXPECT_EQ(Stored("Preferences", "BackColor"), "16777215");
+  EXPECT_EQ(Stored("Preferences", "BoldText"), "True");
+  EXPECT_EQ(Stored("Preferences", "ConnectOnLaunch"), "False");
+
+  InWindow([&] {
+    EXPECT_TRUE(Click("ConnectOnLaunchCheck"));
+    EXPECT_TRUE(Click("KeepAliveCheck"));
+    EXPECT_TRUE(Click("LogoutCheck"));
+    EXPECT_TRUE(Click("BoldCheck"));
+    EXPECT_TRUE(Edit("TextColorList", "Light Yellow"));
+    EXPECT_TRUE(Edit("BackgroundColorList", "Black"));
+    EXPECT_FALSE(Shared().ConnectOnLaunch);  // not before OK
+    EXPECT_TRUE(Click("OKButton"));
+  });
+  const auto expectInForce = [&] {
+    EXPECT_TRUE(Shared().ConnectOnLaunch);
+    EXPECT_FALSE(Shared().KeepAlive);
+    EXPECT_FALSE(Shared().LogoutOnQuit);
+    EXPECT_FALSE(Main().txtTerm.Bold());
+    EXPECT_EQ(Main().txtTerm.ForeColor(), 0xD2FAFAU);
+    EXPECT_EQ(Main().txtTerm.BackColor(), 0U);
+  };
+  expectInForce();
+  Restart();
+  expectInForce();
+  InWindow([&] {
+    EXPECT_TRUE(Edit("TextColorList", "Red"));
+    EXPECT_TRUE(Click("CancelButton"));
+  });
+  expectInForce();
+  EXPECT_EQ(Stored("Preferences", "TextColor"), std::to_string(0xD2FAFA));
+  // A colour of no row leaves the list at its first.
+  Main().txtTerm.ForeColor = 0x123456;
+  InWindow([&] {
+    EXPECT_EQ(Text("TextColorList"), "White");
+    EXPECT_TRUE(CloseWindow("frmPreferences"));
+  });
+}
+
+}  // namespace
+}  // namespace quillmark

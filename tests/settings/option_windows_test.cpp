@@ -1,0 +1,237 @@
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <string>
+
+#include "settings/frmSimpleXMAP.h"
+#include "sim/bench.h"
+
+namespace quillmark {
+namespace {
+
+using ::testing::HasSubstr;
+
+const std::string lostRadio =
+    "There was an error communicating with the radio. Please reconnect and try again";
+
+class OptionWindowsTest : public sim::Bench {
+ public:
+  void ShowSettings(sim::SimRadioOptions options = {}) {
+    StartConnected(std::move(options));
+    ASSERT_TRUE(Click("ButtonAdv"));
+  }
+  // Opens the row's window, does the acts, and gives what went out meanwhile.
+  std::string InWindow(const std::string& row, const std::string& window,
+                       std::function<void()> acts) {
+    ClearLog();
+    ExpectWindow(window).Do(std::move(acts));
+    EXPECT_TRUE(Click(row));
+    CheckExpectations();
+    return Sent();
+  }
+};
+
+TEST_F(OptionWindowsTest, TheDiagnosticLink) {
+  ShowSettings();
+  const auto inWindow = [&](std::function<void()> acts) {
+    return InWindow("DLINK", "frmDLINKOptions", std::move(acts));
+  };
+  EXPECT_EQ(inWindow([&] {
+              EXPECT_EQ(Text("frmDLINKOptions"), "Diagnostic Link Options");
+              EXPECT_EQ(Text("InfoLabel"),
+                        "Select the baud rate for the diagnostic link,\rand select if the "
+                        "diagnostic link should be enabled.");
+              EXPECT_TRUE(Checked("OnOption_0"));
+              EXPECT_TRUE(Checked("BaudRate_4"));
+              EXPECT_TRUE(Click("CancelButton"));
+            }),
+            "\r");
+  EXPECT_TRUE(Shared().RefreshRequested);
+  const Duration began = Now();
+  EXPECT_EQ(inWindow([&] {
+              EXPECT_TRUE(Click("OnOption_1"));
+              EXPECT_FALSE(Checked("OnOption_0"));
+              EXPECT_TRUE(Click("BaudRate_7"));
+              EXPECT_FALSE(Checked("BaudRate_4"));
+              EXPECT_TRUE(Click("OKButton"));
+            }),
+            "dlink off\rdlink 115200\r\r");
+  EXPECT_EQ(Now() - began, Milliseconds(100));
+  ASSERT_TRUE(RunUntil([&] { return Text("DLINK") == "DLINK 115200 (OFF)"; }));
+  // Neither a rate nor ON in the field.
+  Main().DLINK.Text = "n/a";
+  EXPECT_EQ(inWindow([&] {
+              EXPECT_TRUE(Checked("OnOption_1"));
+              EXPECT_TRUE(Click("OnOption_0"));
+              EXPECT_TRUE(Click("OKButton"));
+            }),
+            "dlink on\r\r");
+  // The close box goes the same way.
+  EXPECT_EQ(inWindow([&] { EXPECT_TRUE(CloseWindow("frmDLINKOptions")); }), "\r");
+}
+
+TEST_F(OptionWindowsTest, TheDiagnosticType) {
+  ShowSettings();
+  const struct {
+    const char *Button, *Sent;
+  } cases[] = {
+      {"RootButton", "dtype root\r\r"}, {"NodeButton", "dtype node\r\r"}, {"CancelButton", "\r"}};
+  for (const auto& each : cases) {
+    EXPECT_EQ(InWindow("DTYPE", "frmDTYPEOptions", [&] { EXPECT_TRUE(Click(each.Button)); }),
+              each.Sent);
+  }
+}
+
+TEST_F(OptionWindowsTest, TheSoftwareRtu) {
+  ShowSettings();
+  const struct {
+    const char *Field, *Shown;
+    std::string Id;
+    bool On;
+    const char* Sent;
+    bool Refused;
+  } cases[] = {{"RTU 7 (OFF)", "7", "80", false, "rtu off\rrtu 80\r\r", false},
+               {"RTU 17 (ON)", "17", "0", true, "rtu on\rrtu 0\r\r", false},
+               {"RTU 80 (ON)", "80", "81", true, "rtu on\r\r", true},
+               {"n/a", "", "-1", false, "rtu off\r\r", true},
+               {"RTU 7 (OFF)", "7", "abc", false, "rtu off\r\r", true},
+               {"RTU 7 (OFF)", "7", "1.5", false, "rtu off\r\r", true},
+               {"RTU 7 (OFF)", "7", std::string(400, '9'), false, "rtu off\r\r", true},
+               {"RTU 7 (OFF)", "7", "", false, "rtu off\r\r", true}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Id);
+    Main().SoftRTU.Text = each.Field;
+    if (each.Refused) {
+      ExpectBox("Error")
+          .Saying("The RTU ID must be a number between 0 and 80, inclusive.")
+          .With(Icon::Information);
+    }
+    EXPECT_EQ(InWindow("SoftRTU", "frmRTUOptions",
+                       [&] {
+                         EXPECT_EQ(Text("RTUID"), each.Shown);
+                         EXPECT_EQ(Checked("OnOption_0"), each.On);
+                         EXPECT_TRUE(Edit("RTUID", each.Id));
+                         EXPECT_TRUE(Click("OKButton"));
+                       }),
+              each.Sent);
+  }
+}
+
+TEST_F(OptionWindowsTest, TheExtensionMap) {
+  ShowSettings();
+  ASSERT_TRUE(Radio().Program("xmap", "8000000A"));
+  const auto checkedBoxes = [&] {
+    std::string boxes;
+    for (int i = 0; i < 32; ++i) {
+      if (Checked("Check1_" + std::to_string(i))) boxes += std::to_string(i) + " ";
+    }
+    return boxes;
+  };
+  EXPECT_EQ(InWindow("XMAP", "frmXMAP",
+                     [&] {
+                       EXPECT_EQ(checkedBoxes(), "1 3 31 ");
+                       EXPECT_TRUE(Click("UnCheckAllButton"));
+                       EXPECT_EQ(checkedBoxes(), "");
+                       EXPECT_TRUE(Click("CurrentButton"));
+                       EXPECT_TRUE(Click("Check1_0"));
+                       EXPECT_TRUE(Click("Check1_31"));
+                       EXPECT_EQ(checkedBoxes(), "0 1 3 ");
+                       EXPECT_TRUE(Click("ProgramButton"));
+                     }),
+            "xmap\rxmap 0000000B\r");
+  EXPECT_TRUE(Shared().RefreshRequested);
+  Run(Seconds(1));
+  EXPECT_EQ(Radio().Setting("xmap"), "0000000B");
+  EXPECT_EQ(InWindow("XMAP", "frmXMAP",
+                     [&] {
+                       EXPECT_TRUE(Click("CheckAllButton"));
+                       EXPECT_TRUE(Click("CloseButton"));
+                     }),
+            "xmap\r");
+  // Replies of odd shapes leave the boxes empty, and nothing is programmed that nobody has set.
+  for (const char* reply : {"", "\r\n", "\r\nXMAP\r\n", "\r\nXMAP 0000000\r\n",
+                            "\r\nXMAP 0000000G\r\n", "\r\nXMAP 0000000F0\r\n"}) {
+    Radio().SetReply("xmap", reply);
+    InWindow("XMAP", "frmXMAP", [&] {
+      EXPECT_EQ(checkedBoxes(), "");
+      EXPECT_FALSE(Click("ProgramButton"));
+      EXPECT_TRUE(Click("Check1_3"));
+      EXPECT_TRUE(Enabled("ProgramButton"));
+      EXPECT_TRUE(Click("CloseButton"));
+    });
+  }
+}
+
+TEST_F(OptionWindowsTest, TheExtensionMapAskedForInTheMiddleOfARead) {
+  ShowSettings();
+  ASSERT_TRUE(Radio().Program("xmap", "8000000A"));
+  ExpectWindow("frmXMAP").Do([&] {
+    EXPECT_TRUE(Checked("Check1_31"));
+    EXPECT_TRUE(Checked("Check1_3"));
+    EXPECT_FALSE(Checked("Check1_0"));
+    EXPECT_TRUE(Click("CloseButton"));
+  });
+  OnCommand("pwr", [&] { EXPECT_TRUE(Click("XMAP")); });
+  ASSERT_TRUE(Refresh());
+}
+
+TEST_F(OptionWindowsTest, BothStagesOfTheGuidedMap) {
+  ShowSettings();
+  const auto show = [&](std::function<void()> acts) {
+    ClearLog();
+    ExpectWindow("frmSimpleXMAP").Do(std::move(acts));
+    Main().DirectPortMode = true;
+    Events().Deliver([&] {
+      Machine().Windows.ShowModal(std::make_shared<frmSimpleXMAP>(Machine(), Main()), Main());
+    });
+    Main().DirectPortMode = false;
+    CheckExpectations();
+    return Sent();
+  };
+  EXPECT_EQ(show([&] {
+              EXPECT_EQ(Text("frmSimpleXMAP"), "XMAP Setting");
+              EXPECT_EQ(Text("lblXMap"), "Current XMAP selection: 00000000");
+              EXPECT_TRUE(Click("chkXADDR_2"));
+              EXPECT_TRUE(Click("chkXADDR_31"));
+              EXPECT_EQ(Text("lblXMap"), "Current XMAP selection: 80000004");
+              EXPECT_TRUE(Click("cmdSet"));
+              EXPECT_EQ(Text("frmSimpleXMAP"), "XPRI Setting");
+              EXPECT_EQ(Text("lblMain"),
+                        "Select the AP/REPEATER from the XMAP that you want this remote to "
+                        "associate with first.");
+              EXPECT_FALSE(Visible("lblMaster"));
+              EXPECT_TRUE(Checked("chkXADDR_1"));
+              EXPECT_FALSE(Click("chkXADDR_1"));  // not in the map
+              EXPECT_TRUE(Click("chkXADDR_31"));
+              EXPECT_FALSE(Checked("chkXADDR_1"));
+              EXPECT_TRUE(Click("chkXADDR_2"));
+              EXPECT_TRUE(Click("cmdSet"));
+            }),
+            "XMAP 80000004\rXPRI 2\r");
+  EXPECT_EQ(Radio().Setting("xmap"), "80000004");
+  EXPECT_EQ(Radio().Setting("xpri"), "2");
+  EXPECT_EQ(show([&] {
+              EXPECT_TRUE(Click("chkXADDR_5"));
+              EXPECT_TRUE(Click("cmdSet"));
+              EXPECT_TRUE(Click("cmdSet"));  // box 1, though not in the map
+            }),
+            "XMAP 00000020\rXPRI 1\r");
+  EXPECT_EQ(show([&] { EXPECT_TRUE(Click("cmdCancel")); }), "");
+}
+
+TEST_F(OptionWindowsTest, ARadioLostUnderAWindowIsToldOnce) {
+  ShowSettings();
+  ExpectBox("Error").Saying(lostRadio).With(Icon::Exclamation);
+  EXPECT_EQ(InWindow("DLINK", "frmDLINKOptions",
+                     [&] {
+                       Port().SetPortOpen(false);
+                       EXPECT_TRUE(Click("OKButton"));
+                       EXPECT_FALSE(WindowOpen("frmDLINKOptions"));
+                     }),
+            "");
+  // Without a radio the map can't be asked for, and nothing comes up.
+  EXPECT_TRUE(Click("XMAP"));
+}
+
+}  // namespace
+}  // namespace quillmark
