@@ -34,16 +34,28 @@ ensure_packages() {
   mapfile -t missing < <(missing_packages "$@")
   [ ${#missing[@]} -gt 0 ] || return 0
 
-  local asRoot=()
-  if [ "$(id -u)" != 0 ]; then
-    if ! command -v sudo >/dev/null; then
-      say "Please install as root: ${missing[*]}"
-      return 1
-    fi
-    asRoot=(sudo)
+  if ! can_install; then
+    say "Please install as root: apt-get install --no-install-recommends ${missing[*]}"
+    return 1
   fi
-  say "Installing ${missing[*]}"
-  local apt=(${asRoot[@]+"${asRoot[@]}"} env DEBIAN_FRONTEND=noninteractive apt-get -q)
-  "${apt[@]}" update >&2 </dev/null || say "The package lists could not be renewed; going on"
-  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2 </dev/null
+  local asRoot=()
+  [ "$(id -u)" = 0 ] || asRoot=(sudo)
+  say "Installing ${missing[*]} and what they stand on; on a bare machine that takes a minute"
+  mkdir -p build
+  local apt=(${asRoot[@]+"${asRoot[@]}"} env DEBIAN_FRONTEND=noninteractive
+             apt-get -qq -o Dpkg::Use-Pty=0)
+  "${apt[@]}" update >build/packages.log 2>&1 </dev/null ||
+    say "The package lists could not be renewed; going on"
+  if ! "${apt[@]}" install -y --no-install-recommends "${missing[@]}" \
+      >>build/packages.log 2>&1 </dev/null; then
+    cat build/packages.log >&2
+    return 1
+  fi
+}
+
+# can_install: root can; others need sudo, and somebody there to give it a password if it wants one.
+can_install() {
+  [ "$(id -u)" != 0 ] || return 0
+  command -v sudo >/dev/null || return 1
+  [ -t 0 ] || sudo -n true 2>/dev/null
 }

@@ -1,8 +1,9 @@
 # shellcheck shell=bash
 # A console's session with a simulated radio, in folders of its own. Sourced by ./dev.
 
+# Windows come through X; a Wayland desktop offers that too.
 has_display() {
-  [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]
+  [ -n "${DISPLAY:-}" ]
 }
 
 # write_preferences FOLDER LINK: Com1 is the simulated radio, and the console connects at once.
@@ -52,11 +53,13 @@ with_simulated_radio() {
   return "$code"
 }
 
-# start_radio LINK LOG: the kernel ends the radio with this script, even if that is killed outright.
+# start_radio LINK LOG: the kernel ends the radio with this script, even if that is killed outright. In
+# a session of its own it does not get the keyboard's Ctrl+C, which would pull it from under a console
+# that is logging out.
 start_radio() {
   rm -f "$1"
   sessionLink=$1
-  setpriv --pdeathsig TERM build/release/quillmark-radio --link "$1" >"$2" 2>&1 </dev/null 9>&- &
+  setsid setpriv --pdeathsig TERM build/release/quillmark-radio --link "$1" >"$2" 2>&1 </dev/null 9>&- &
   sessionRadio=$!
   if ! wait_for_link "$1" "$sessionRadio"; then
     say "The simulated radio did not start:"

@@ -13,6 +13,10 @@ enum class Icon { None, Information, Question, Exclamation, Critical };
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore };
 enum class Answer { Ok, Cancel, Yes, No, Abort, Retry, Ignore };
 
+// What closing a box by its close box or Escape answers: Cancel where there is such a button, else
+// No, Abort or Ok, whichever the box has.
+Answer CloseAnswer(Buttons choice);
+
 // The application's title; also that of a box without a title of its own.
 inline constexpr const char* ProgramTitle = "KELVOR Quillmark SS Configuration";
 
@@ -42,8 +46,6 @@ class Dialogs {
  public:
   virtual ~Dialogs() = default;
 
-  // Closing a box by its close box or Escape answers Cancel where there is such a button, else No,
-  // Abort or Ok, whichever the box has.
   virtual Answer Message(const MessageBox& box) = 0;
   // One line without control characters; empty on Cancel.
   virtual std::string Input(const InputBox& box) = 0;

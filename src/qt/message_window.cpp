@@ -94,21 +94,8 @@ QLabel* MakeText(const std::string& text, const char* name, QWidget* parent) {
 
 }  // namespace
 
-Answer MessageWindow::EscapeAnswer(Buttons choice) {
-  switch (choice) {
-    case Buttons::Ok:
-      return Answer::Ok;
-    case Buttons::YesNo:
-      return Answer::No;
-    case Buttons::AbortRetryIgnore:
-      return Answer::Abort;
-    default:
-      return Answer::Cancel;
-  }
-}
-
 MessageWindow::MessageWindow(const MessageBox& box, QWidget* parent)
-    : QDialog(parent), answer(EscapeAnswer(box.Choice)) {
+    : QDialog(parent), answer(CloseAnswer(box.Choice)) {
   setObjectName(QStringLiteral("MessageBox"));
   setWindowTitle(ToQt(box.Title));
   auto* column = new QVBoxLayout(this);

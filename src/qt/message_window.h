@@ -19,9 +19,8 @@ class MessageWindow : public QDialog {
  public:
   MessageWindow(const MessageBox& box, QWidget* parent);
 
-  // Shows the box until it is answered; closing it answers what EscapeAnswer says.
+  // Shows the box until it is answered; closing it answers what CloseAnswer says.
   Answer Ask();
-  static Answer EscapeAnswer(Buttons choice);
 
  private:
   QWidget* MakeTexts(const MessageBox& box);

@@ -65,7 +65,7 @@ QString OneLine(QString text) {
 }  // namespace
 
 Answer QtDialogs::Message(const MessageBox& box) {
-  const Answer closed = MessageWindow::EscapeAnswer(box.Choice);
+  const Answer closed = CloseAnswer(box.Choice);
   if (events.Quitting()) return closed;
   const Held window(new MessageWindow(box, OwnerWindow()));
   const Answer answer = window->Ask();

@@ -25,23 +25,6 @@ const char* KindName(Expectation::Kind kind) {
   return "window";
 }
 
-// What closing the box by its close box answers.
-Answer CloseAnswer(Buttons choice) {
-  switch (choice) {
-    case Buttons::Ok:
-      return Answer::Ok;
-    case Buttons::YesNo:
-      return Answer::No;
-    case Buttons::AbortRetryIgnore:
-      return Answer::Abort;
-    case Buttons::OkCancel:
-    case Buttons::YesNoCancel:
-    case Buttons::RetryCancel:
-      break;
-  }
-  return Answer::Cancel;
-}
-
 // An hour of a modal window that nobody closes is a test that hangs.
 constexpr Duration longestModal = Seconds(3600);
 

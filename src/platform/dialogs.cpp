@@ -1,0 +1,21 @@
+#include "platform/dialogs.h"
+
+namespace quillmark {
+
+Answer CloseAnswer(Buttons choice) {
+  switch (choice) {
+    case Buttons::Ok:
+      return Answer::Ok;
+    case Buttons::YesNo:
+      return Answer::No;
+    case Buttons::AbortRetryIgnore:
+      return Answer::Abort;
+    case Buttons::OkCancel:
+    case Buttons::YesNoCancel:
+    case Buttons::RetryCancel:
+      break;
+  }
+  return Answer::Cancel;
+}
+
+}  // namespace quillmark
