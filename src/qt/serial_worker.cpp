@@ -17,7 +17,7 @@ namespace {
 // Counts the openings of all ports, so that no two of them are ever taken for each other.
 std::atomic<std::uint64_t> lastSession = 0;
 
-constexpr int hangUpCheckInterval = 1000;  // ms
+constexpr int hangUpCheckInterval = 1000;      // ms
 constexpr unsigned long gatheringTime = 1000;  // microseconds
 // The oldest input is cut off in pieces, so that a flood is not moved in memory at each arrival.
 constexpr std::size_t inputSlack = 64 * 1024;  // bytes
