@@ -18,12 +18,23 @@ void Tell(int) {
   [[maybe_unused]] const auto written = write(pipeEnd, &byte, 1);
 }
 
-void Handle(void (*handler)(int)) {
+void Handle(int signal, void (*handler)(int)) {
   struct sigaction action {};
   action.sa_handler = handler;
   action.sa_flags = SA_RESTART;
-  sigaction(SIGINT, &action, nullptr);
-  sigaction(SIGTERM, &action, nullptr);
+  sigaction(signal, &action, nullptr);
+}
+
+// Someone who started the program with "nohup" wants it to go on.
+bool Ignored(int signal) {
+  struct sigaction before {};
+  return sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_IGN;
+}
+
+void HandleAll(void (*handler)(int)) {
+  Handle(SIGINT, handler);
+  Handle(SIGTERM, handler);
+  if (!Ignored(SIGHUP)) Handle(SIGHUP, handler);
 }
 
 }  // namespace
@@ -33,14 +44,17 @@ EndSignals::EndSignals(std::function<void()> ended) {
   pipeEnd = ends[1];
   auto* notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [this, ended = std::move(ended)] {
-    char bytes[16];
-    if (read(ends[0], bytes, sizeof bytes) > 0) ended();
+    // One at a time: a second signal must reach whatever the first one is held up in.
+    char byte = 0;
+    if (read(ends[0], &byte, 1) > 0) ended();
   });
-  Handle(Tell);
+  HandleAll(Tell);
+  Handle(SIGPIPE, SIG_IGN);
 }
 
 EndSignals::~EndSignals() {
-  Handle(SIG_DFL);
+  HandleAll(SIG_DFL);
+  Handle(SIGPIPE, SIG_DFL);
   for (const int end : ends) {
     if (end >= 0) close(end);
   }

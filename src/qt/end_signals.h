@@ -6,8 +6,9 @@
 
 namespace quillmark {
 
-// SIGINT and SIGTERM as an event: `ended` is called from the event loop for each. One at most in a
-// program.
+// SIGINT, SIGTERM and SIGHUP (the session is over) as an event: `ended` is called from the event
+// loop for each. A SIGHUP that was ignored before stays so. While it lives, a reader that goes away
+// ends nothing: SIGPIPE is ignored. One at most in a program.
 class EndSignals : public QObject {
  public:
   explicit EndSignals(std::function<void()> ended);

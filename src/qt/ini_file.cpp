@@ -6,7 +6,6 @@ namespace quillmark {
 
 namespace {
 
-constexpr std::size_t largestFile = 1024 * 1024;  // bytes
 constexpr std::string_view blanks = " \t";
 
 bool Control(char c) {
@@ -60,7 +59,7 @@ std::string Unquoted(std::string_view text) {
 }
 
 bool LooksDamaged(std::string_view text) {
-  return text.size() > largestFile || std::any_of(text.begin(), text.end(), [](char c) {
+  return text.size() > IniFile::LargestText || std::any_of(text.begin(), text.end(), [](char c) {
            return Control(c) && c != '\t' && c != '\r' && c != '\n';
          });
 }

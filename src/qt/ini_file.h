@@ -12,11 +12,13 @@ namespace quillmark {
 // files.
 class IniFile {
  public:
+  static constexpr std::size_t LargestText = 1024 * 1024;  // bytes
+
   IniFile() = default;
   explicit IniFile(std::string_view text);
 
   // True when the text cannot have been written by a person or this program: control characters, or
-  // more than 1 MiB. Nothing of it is read then.
+  // more than LargestText. Nothing of it is read then.
   bool Damaged() const { return damaged; }
 
   // Null when there is no such key. Valid until the next Set.

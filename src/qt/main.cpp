@@ -10,6 +10,7 @@
 #include "qt/options.h"
 #include "qt/report.h"
 #include "qt/start_report.h"
+#include "qt/store_trouble_boxes.h"
 #include "qt/theme.h"
 
 namespace quillmark {
@@ -33,12 +34,16 @@ int Run(const Options& options) {
     silentBoxes.OnTrouble = [&report] { report->GiveUp("The radio could not be read."); };
     report->Start();
   }
+  std::optional<StoreTroubleBoxes> storeTroubles;
+  if (!report && !options.StartReport) {
+    storeTroubles.emplace(machine.Store, machine.Shown, machine.Boxes, machine.Events);
+  }
   std::optional<StartReport> startReport;
   if (options.StartReport) startReport.emplace(machine.Shown, machine.Events);
-  // A second signal ends a program that is held up, as does one while the first window is up.
+  // A second signal ends a program that is held up.
   bool asked = false;
   const EndSignals endSignals([&] {
-    if (asked || !console.Main().Enabled()) return machine.Events.Quit();
+    if (asked) return machine.Events.Quit();
     asked = true;
     machine.Events.Deliver([&console] { console.Form_Unload(); });
     asked = false;
@@ -50,6 +55,17 @@ int Run(const Options& options) {
     return 2;
   }
   return report ? report->ExitCode() : code;
+}
+
+QtMessageHandler usualMessages = nullptr;
+
+// Without a screen the platform complains of each window that it can't hint at; that helps nobody.
+void IgnorePlatformChatter() {
+  usualMessages = qInstallMessageHandler(
+      [](QtMsgType type, const QMessageLogContext& context, const QString& text) {
+        if (text.startsWith(QLatin1String("This plugin does not support"))) return;
+        usualMessages(type, context, text);
+      });
 }
 
 }  // namespace
@@ -70,6 +86,7 @@ int main(int argc, char* argv[]) {
     return printed->ExitCode;
   }
   const auto& options = std::get<quillmark::Options>(read);
+  if (!options.Report.empty()) quillmark::IgnorePlatformChatter();
   if (options.Dark) quillmark::UseDarkTheme();
   return quillmark::Run(options);
 }

@@ -14,10 +14,14 @@ namespace quillmark {
 
 namespace {
 
-// The window that a box belongs to: the topmost of ours.
+// The window that a box belongs to: the topmost of ours, but not the one that closes by itself.
 QWidget* OwnerWindow() {
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  return QApplication::activeWindow();
+  QWidget* top = QApplication::activeModalWidget();
+  if (top == nullptr) top = QApplication::activeWindow();
+  while (top != nullptr && top->objectName() == QLatin1String("frmSplash")) {
+    top = top->parentWidget();
+  }
+  return top;
 }
 
 // A dialog that may die with its owner while it is up.
@@ -62,20 +66,42 @@ QString OneLine(QString text) {
   return text;
 }
 
+QFileDialog* MakeFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode purpose) {
+  auto* window = new QFileDialog(OwnerWindow(), ToQt(dialog.Title));
+  const QStringList filters = Filters(dialog.Filter);
+  window->setObjectName(QStringLiteral("FileDialog"));
+  window->setAcceptMode(purpose);
+  window->setFileMode(purpose == QFileDialog::AcceptSave ? QFileDialog::AnyFile
+                                                         : QFileDialog::ExistingFile);
+  window->setOption(QFileDialog::DontConfirmOverwrite);
+  window->setNameFilters(filters);
+  if (purpose == QFileDialog::AcceptSave && !filters.isEmpty()) {
+    window->setDefaultSuffix(EndingOf(filters.front()));
+    QObject::connect(window, &QFileDialog::filterSelected, window,
+                     [window](const QString& f) { window->setDefaultSuffix(EndingOf(f)); });
+  }
+  return window;
+}
+
 }  // namespace
 
 Answer QtDialogs::Message(const MessageBox& box) {
   const Answer closed = CloseAnswer(box.Choice);
-  if (events.Quitting()) return closed;
-  const Held window(new MessageWindow(box, OwnerWindow()));
-  const Answer answer = window->Ask();
-  return events.Quitting() ? closed : answer;
+  while (!events.Quitting()) {
+    const Held window(new MessageWindow(box, OwnerWindow()));
+    const Answer answer = window->Ask();
+    if (window.Alive() && !events.Quitting()) return answer;
+  }
+  return closed;
 }
 
 std::string QtDialogs::Input(const InputBox& box) {
-  if (events.Quitting()) return {};
-  const Held window(new InputWindow(box, OwnerWindow()));
-  return FromQt(OneLine(window->Ask()));
+  while (!events.Quitting()) {
+    const Held window(new InputWindow(box, OwnerWindow()));
+    const QString typed = window->Ask();
+    if (window.Alive()) return FromQt(OneLine(typed));
+  }
+  return {};
 }
 
 std::optional<std::filesystem::path> QtDialogs::OpenFile(const FileDialog& dialog) {
@@ -88,26 +114,17 @@ std::optional<std::filesystem::path> QtDialogs::SaveFile(const FileDialog& dialo
 
 std::optional<std::filesystem::path> QtDialogs::AskForFile(const FileDialog& dialog,
                                                            Purpose purpose) {
-  if (events.Quitting()) return std::nullopt;
-  const Held window(new QFileDialog(OwnerWindow(), ToQt(dialog.Title)));
-  const QStringList filters = Filters(dialog.Filter);
-  window->setObjectName(QStringLiteral("FileDialog"));
-  window->setAcceptMode(purpose == Purpose::Save ? QFileDialog::AcceptSave
-                                                 : QFileDialog::AcceptOpen);
-  window->setFileMode(purpose == Purpose::Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  window->setOption(QFileDialog::DontConfirmOverwrite);
-  window->setNameFilters(filters);
-  if (purpose == Purpose::Save && !filters.isEmpty()) {
-    window->setDefaultSuffix(EndingOf(filters.front()));
-    QObject::connect(
-        window.operator->(), &QFileDialog::filterSelected, window.operator->(),
-        [held = window.operator->()](const QString& f) { held->setDefaultSuffix(EndingOf(f)); });
+  while (!events.Quitting()) {
+    const Held window(MakeFileDialog(
+        dialog, purpose == Purpose::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen));
+    const int result = window->exec();
+    if (!window.Alive()) continue;
+    if (result != QDialog::Accepted || events.Quitting()) return std::nullopt;
+    const QStringList files = window->selectedFiles();
+    if (files.isEmpty()) return std::nullopt;
+    return std::filesystem::path(QFile::encodeName(files.front()).toStdString());
   }
-  const int result = window->exec();
-  if (!window.Alive() || result != QDialog::Accepted || events.Quitting()) return std::nullopt;
-  const QStringList files = window->selectedFiles();
-  if (files.isEmpty()) return std::nullopt;
-  return std::filesystem::path(QFile::encodeName(files.front()).toStdString());
+  return std::nullopt;
 }
 
 }  // namespace quillmark

@@ -107,7 +107,7 @@ void QtEventLoop::ShowDefect(const std::string& what) {
                   tr("Something in this program went wrong. You can go on working, but please "
                      "report this text:\n\n%1")
                       .arg(ToQt(what)),
-                  QMessageBox::Ok, QApplication::activeWindow());
+                  QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
   box.exec();
   showingDefect = false;

@@ -3,13 +3,17 @@
 #include <fcntl.h>
 #include <grp.h>
 #include <pwd.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <limits>
+#include <string_view>
 #include <vector>
 
 namespace quillmark {
@@ -46,35 +50,81 @@ PortTrouble NotSerial(const std::string& device) {
               "or correct the entry in the section \"Ports\" of the preferences file."};
 }
 
+// Groups that a system keeps for the use of devices. Membership of any other may open far more than
+// a port.
+constexpr const char* deviceGroups[] = {"dialout", "uucp", "tty", "plugdev", "modem", "serial"};
+
+bool MeantForDevices(gid_t group, const std::string& name) {
+  return group != 0 && std::find(std::begin(deviceGroups), std::end(deviceGroups), name) !=
+                           std::end(deviceGroups);
+}
+
 PortTrouble Forbidden(const std::string& device, const struct stat& node) {
   const std::string group = GroupName(node.st_gid);
+  const bool open = (node.st_mode & S_IRGRP) != 0 && (node.st_mode & S_IWGRP) != 0;
   std::string details = "You may not use " + device + ". ";
-  if ((node.st_mode & S_IRGRP) != 0 && (node.st_mode & S_IWGRP) != 0) {
+  if (open && MeantForDevices(node.st_gid, group)) {
     details += "It belongs to the group \"" + group + "\". Add yourself to that group with\n\n" +
                "sudo usermod -aG " + group + " " + UserName() +
                "\n\nand then log out and in again.";
   } else {
-    details += "Its owner has not opened it to a group (\"" + group +
-               "\"). Ask the administrator of this computer for access.";
+    details += (open ? "It belongs to the group \"" + group + "\", which is not meant for devices. "
+                     : "Its owner has not opened it to a group (\"" + group + "\"). ") +
+               "Ask the administrator of this computer for access.";
   }
   return {"You have no right to use " + device + ".", details};
 }
 
-// The program that left a lock file for the device; empty when there is none.
-std::string LockHolder(const std::string& device) {
+// A lock file that a process has left for a device.
+struct LockMark {
+  std::string File;
+  pid_t Process = 0;
+  bool Living = false;
+  bool Classic = false;  // holds one line: the process, and perhaps names behind it
+};
+
+bool Alive(pid_t process) { return kill(process, 0) == 0 || errno == EPERM; }
+
+std::optional<LockMark> ReadLockMark(const std::string& file) {
+  std::ifstream lock(file);
+  long process = 0;
+  if (!(lock >> process) || process <= 0 || process > std::numeric_limits<pid_t>::max()) {
+    return std::nullopt;
+  }
+  std::string names;
+  std::string more;
+  std::getline(lock, names);
+  const auto number = static_cast<pid_t>(process);
+  return LockMark{file, number, Alive(number), !std::getline(lock, more)};
+}
+
+std::optional<LockMark> FindLockMark(const std::string& device) {
   std::string name = RealDevice(device);
   if (name.starts_with("/dev/")) name = name.substr(5);
-  for (char& letter : name) letter = letter == '/' ? '_' : letter;
+  std::replace(name.begin(), name.end(), '/', '_');
   for (const char* folder : {"/var/lock", "/run/lock", "/var/spool/locks", "/var/spool/uucp"}) {
-    std::ifstream lock(std::string(folder) + "/LCK.." + name);
-    long process = 0;
-    if (!(lock >> process)) continue;
-    std::ifstream about("/proc/" + std::to_string(process) + "/comm");
-    std::string program;
-    std::getline(about, program);
-    if (!program.empty()) return program + " (process " + std::to_string(process) + ")";
+    if (auto mark = ReadLockMark(std::string(folder) + "/LCK.." + name)) return mark;
   }
-  return {};
+  return std::nullopt;
+}
+
+// A program's name as it was started; empty when the system does not tell.
+std::string ProgramName(pid_t process) {
+  const std::string folder = "/proc/" + std::to_string(process);
+  std::error_code failure;
+  std::string program = std::filesystem::read_symlink(folder + "/exe", failure).string();
+  // Another user's program has no link to be read.
+  if (failure) std::getline(std::ifstream(folder + "/cmdline"), program, '\0');
+  constexpr std::string_view replaced = " (deleted)";
+  if (program.ends_with(replaced)) program.resize(program.size() - replaced.size());
+  return std::filesystem::path(program).filename().string();
+}
+
+std::string UserOf(const LockMark& mark) {
+  const std::string program = ProgramName(mark.Process);
+  const std::string process = std::to_string(mark.Process);
+  return program.empty() ? "The process " + process
+                         : "The program " + program + " (process " + process + ")";
 }
 
 }  // namespace
@@ -113,14 +163,22 @@ std::optional<PortTrouble> TroubleBeforeOpening(const std::string& device) {
   if (faccessat(AT_FDCWD, device.c_str(), R_OK | W_OK, AT_EACCESS) != 0) {
     return Forbidden(device, node);
   }
+  // The serial layer takes a lock file with nothing but a number for a leftover and deletes it.
+  const auto mark = FindLockMark(device);
+  if (mark && mark->Classic && mark->Living && mark->Process != getpid()) return Busy(device);
   return std::nullopt;
 }
 
 PortTrouble Busy(const std::string& device) {
-  const std::string holder = LockHolder(device);
-  return {device + " is in use by another program.",
-          (holder.empty() ? "Another program is using " + device + ". "
-                          : "The program " + holder + " is using " + device + ". ") +
+  const std::string text = device + " is in use by another program.";
+  const auto mark = FindLockMark(device);
+  if (mark && !mark->Living) {
+    return {text, "A program that has ended has left its lock file for " + device +
+                      ". Delete the file " + mark->File + " and connect again."};
+  }
+  return {text,
+          (mark ? UserOf(*mark) + " is using " + device + "; its lock file is " + mark->File + ". "
+                : "Another program is using " + device + ". ") +
               "It may be a second console, or a terminal program. Close it and connect again."};
 }
 

@@ -15,8 +15,8 @@ struct PortTrouble {
 
 // Nothing stands behind the number.
 PortTrouble NoDevice(int number);
-// What keeps the device from being opened at all; nothing when it is worth a try. `device` may be a
-// link. The device is not opened.
+// What keeps the device from being opened at all, another program's lock file included; nothing
+// when it is worth a try. `device` may be a link. The device is not opened.
 std::optional<PortTrouble> TroubleBeforeOpening(const std::string& device);
 // Another program has it.
 PortTrouble Busy(const std::string& device);

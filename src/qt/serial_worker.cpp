@@ -9,6 +9,7 @@
 
 #include "platform/serial_port.h"
 #include "qt/latin1.h"
+#include "qt/serial_access.h"
 
 namespace quillmark {
 
@@ -17,7 +18,10 @@ namespace {
 // Counts the openings of all ports, so that no two of them are ever taken for each other.
 std::atomic<std::uint64_t> lastSession = 0;
 
-constexpr int hangUpCheckInterval = 1000;      // ms
+constexpr int hangUpCheckInterval = 1000;  // ms
+// So many errors in a span are taken for trouble with another program, more for a dead device.
+constexpr int mostForgiven = 5;
+constexpr qint64 longestErrorSpan = 1000;      // ms
 constexpr unsigned long gatheringTime = 1000;  // microseconds
 // The oldest input is cut off in pieces, so that a flood is not moved in memory at each arrival.
 constexpr std::size_t inputSlack = 64 * 1024;  // bytes
@@ -55,6 +59,7 @@ SerialWorker::SerialWorker(std::shared_ptr<SerialQueues> shared) : queues(std::m
 SerialWorker::~SerialWorker() = default;
 
 OpenOutcome SerialWorker::Open(const std::string& device, const LineSettings& settings) {
+  path = device;
   port = std::make_unique<QSerialPort>();
   port->setPortName(QString::fromStdString(device));
   Configure(*port, settings);
@@ -83,6 +88,7 @@ bool SerialWorker::TakeFlock() const { return flock(port->handle(), LOCK_EX | LO
 
 void SerialWorker::StartSession() {
   failed = false;
+  errorSpan.invalidate();
   connect(port.get(), &QSerialPort::readyRead, this, &SerialWorker::Receive);
   connect(port.get(), &QSerialPort::bytesWritten, this, &SerialWorker::CountWritten);
   connect(port.get(), &QSerialPort::errorOccurred, this, &SerialWorker::NoteError);
@@ -178,19 +184,40 @@ void SerialWorker::NoteError(int error) {
   if (failed || !Fatal(static_cast<QSerialPort::SerialPortError>(error))) return;
   failed = true;
   // The device must not die inside its own signal.
-  QMetaObject::invokeMethod(this, &SerialWorker::GoneAway, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, &SerialWorker::JudgeError, Qt::QueuedConnection);
+}
+
+// Another program that reads along takes bytes that were announced here: an error, and yet the
+// device is well.
+void SerialWorker::JudgeError() {
+  if (!failed || port == nullptr) return;
+  if (HungUp() || !DeviceExists(path) || !Forgivable()) return GoneAway();
+  failed = false;
+  port->clearError();
+  // An error may have ended the wait for bytes and for room; asking for both begins it again.
+  Receive();
+  port->write("", 0);
+}
+
+bool SerialWorker::HungUp() const {
+  pollfd device{port->handle(), 0, 0};
+  return poll(&device, 1, 0) > 0 && (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+}
+
+bool SerialWorker::Forgivable() {
+  if (!errorSpan.isValid() || errorSpan.hasExpired(longestErrorSpan)) {
+    errorSpan.start();
+    forgiven = 0;
+  }
+  return ++forgiven <= mostForgiven;
 }
 
 // Some systems report nothing at all when the other side hangs up.
 void SerialWorker::LookForHangUp() {
-  pollfd device{port->handle(), 0, 0};
-  if (poll(&device, 1, 0) > 0 && (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
-    NoteError(QSerialPort::ResourceError);
-  }
+  if (HungUp()) NoteError(QSerialPort::ResourceError);
 }
 
 void SerialWorker::GoneAway() {
-  if (!failed || port == nullptr) return;
   quint64 session = 0;
   {
     const std::lock_guard lock(queues->Lock);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <atomic>
 #include <condition_variable>
@@ -69,6 +70,9 @@ class SerialWorker : public QObject {
   void CountWritten(qint64 bytes);
   void NoteError(int error);
   void LookForHangUp();
+  void JudgeError();
+  bool HungUp() const;
+  bool Forgivable();
   void GoneAway();
   void StartSession();
   void EndSession();
@@ -78,7 +82,10 @@ class SerialWorker : public QObject {
   std::unique_ptr<QSerialPort> port;
   std::unique_ptr<QTimer> hangUpCheck;
   std::atomic<bool> abandoned = false;
-  bool failed = false;  // the first fatal error has been seen; all later ones are its echoes
+  bool failed = false;  // a fatal error has been seen; later ones, until it is judged, are echoes
+  std::string path;     // of the open device
+  QElapsedTimer errorSpan;  // since the first of the errors that were forgiven in a row
+  int forgiven = 0;         // in that span
 };
 
 }  // namespace quillmark

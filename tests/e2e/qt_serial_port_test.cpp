@@ -6,8 +6,13 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <QProcess>
+#include <QScopeGuard>
+#include <QStandardPaths>
 #include <QTemporaryDir>
+#include <filesystem>
 #include <fstream>
+#include <sstream>
 
 #include "e2e/pty_pair.h"
 #include "qt/qt_event_loop.h"
@@ -17,7 +22,30 @@ namespace quillmark {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
+
+// The same line, held by a program that may change its mode behind the console's back.
+class OtherProgram {
+ public:
+  explicit OtherProgram(const std::string& path)
+      : device(open(path.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC)) {}
+  ~OtherProgram() { close(device); }
+  OtherProgram(const OtherProgram&) = delete;
+  OtherProgram& operator=(const OtherProgram&) = delete;
+
+  // In line mode an end-of-file makes the reader's read fail, as a program that reads along does.
+  void SetLineMode(bool on) const {
+    termios mode{};
+    tcgetattr(device, &mode);
+    mode.c_lflag = on ? mode.c_lflag | ICANON : mode.c_lflag & ~tcflag_t{ICANON};
+    mode.c_cc[on ? VEOF : VMIN] = on ? 4 : 1;
+    tcsetattr(device, TCSANOW, &mode);
+  }
+
+ private:
+  int device;
+};
 
 class SerialLine : public testing::Test {
  protected:
@@ -46,6 +74,17 @@ class SerialLine : public testing::Test {
       EXPECT_THAT(error.Details, HasSubstr(cure));
     }
     EXPECT_FALSE(port.PortOpen());
+  }
+  // "cat" may be one program of many names.
+  static std::string ProgramBehindCat() {
+    const auto found = QStandardPaths::findExecutable("cat").toStdString();
+    return std::filesystem::canonical(found).filename().string();
+  }
+  static std::vector<gid_t> TakeOffGroups() {
+    std::vector<gid_t> groups(static_cast<std::size_t>(getgroups(0, nullptr)));
+    getgroups(static_cast<int>(groups.size()), groups.data());
+    setgroups(0, nullptr);
+    return groups;
   }
   static double ProcessorSeconds() {
     rusage usage{};
@@ -112,20 +151,64 @@ TEST_F(SerialLine, TellsWhyAPortCannotBeOpened) {
 
 // Another user's rights, which a test that runs as root has to put on.
 TEST_F(SerialLine, TellsTheCureForAMissingRight) {
-  const char* node = line.Path().c_str();
   const uid_t user = geteuid();
-  struct group* dialout = getgrnam("dialout");
-  const bool canChange = user == 0 && dialout != nullptr;
-  ASSERT_EQ(canChange ? chown(node, 0, dialout->gr_gid) : 0, 0);
-  ASSERT_EQ(chmod(node, canChange ? 0660 : 0060), 0);
-  ASSERT_EQ(canChange ? seteuid(65534) : 0, 0);
-  const auto trouble = TroubleBeforeOpening(line.Path());
-  ASSERT_EQ(seteuid(user), 0);
-  ASSERT_TRUE(trouble);
-  EXPECT_EQ(trouble->Text, "You have no right to use " + line.Path() + ".");
-  EXPECT_THAT(trouble->Details,
-              HasSubstr(canChange ? "sudo usermod -aG dialout nobody" : "sudo usermod -aG "));
-  EXPECT_THAT(trouble->Details, HasSubstr("log out and in again"));
+  if (user != 0) GTEST_SKIP() << "needs root, who can give the device away";
+  const gid_t group = getegid();
+  const std::vector<gid_t> groups = TakeOffGroups();
+  const struct {
+    const char* Group;
+    mode_t Mode;
+    const char* Cure;
+  } cases[] = {
+      {"dialout", 0660, "sudo usermod -aG dialout nobody\n\nand then log out and in again."},
+      {"uucp", 0660, "sudo usermod -aG uucp nobody\n\nand then log out and in again."},
+      {"dialout", 0600, "Ask the administrator of this computer for access."},
+      {"root", 0660, "Ask the administrator of this computer for access."},
+      {"shadow", 0660, "Ask the administrator of this computer for access."},
+  };
+  for (const auto& c : cases) {
+    const struct group* owner = getgrnam(c.Group);
+    ASSERT_NE(owner, nullptr) << c.Group;
+    ASSERT_EQ(chown(line.Path().c_str(), 0, owner->gr_gid), 0);
+    ASSERT_EQ(chmod(line.Path().c_str(), c.Mode), 0);
+    ASSERT_TRUE(setegid(65534) == 0 && seteuid(65534) == 0);
+    const auto trouble = TroubleBeforeOpening(line.Path());
+    ASSERT_TRUE(seteuid(user) == 0 && setegid(group) == 0);
+    ASSERT_TRUE(trouble);
+    EXPECT_EQ(trouble->Text, "You have no right to use " + line.Path() + ".");
+    EXPECT_THAT(trouble->Details, EndsWith(c.Cure));
+    EXPECT_EQ(trouble->Details.find("sudo") != std::string::npos, *c.Cure == 's');
+  }
+  ASSERT_EQ(setgroups(groups.size(), groups.data()), 0);
+}
+
+// Programs of the old school leave nothing but their number.
+TEST_F(SerialLine, RespectsTheLockFilesOfOtherPrograms) {
+  const std::string lock = "/var/lock/LCK..pts_" + line.Path().substr(9);
+  const auto cleared = qScopeGuard([&] {
+    port.SetPortOpen(false);
+    std::filesystem::remove(lock);
+  });
+  QProcess living;
+  living.start("cat", QStringList());
+  ASSERT_TRUE(living.waitForStarted());
+  const std::string process = std::to_string(living.processId());
+  for (const std::string& text : {process + "\n", "      " + process + " cat root\n"}) {
+    std::ofstream(lock) << text;
+    ExpectTrouble(line.Path(), "in use by another program",
+                  "The program " + ProgramBehindCat() + " (process " + process + ") is using " +
+                      line.Path() + "; its lock file is " + lock + ". It may be");
+    std::stringstream left;
+    left << std::ifstream(lock).rdbuf();
+    EXPECT_EQ(left.str(), text);
+  }
+  living.kill();
+  living.waitForFinished();
+  // The program behind them has ended: one is taken away, the other is left to the person.
+  ExpectTrouble(line.Path(), "in use by another program", "Delete the file " + lock + " and");
+  std::ofstream(lock) << process + "\n";
+  port.SetPortOpen(true);
+  EXPECT_TRUE(port.PortOpen());
 }
 
 TEST_F(SerialLine, AnnouncesEachArrivalUnlessOneIsPending) {
@@ -234,6 +317,33 @@ TEST_F(SerialLine, APortThatVanishesIsClosedAndReportedOnce) {
   device = again.Path();
   port.SetPortOpen(true);
   EXPECT_TRUE(port.PortOpen());
+}
+
+TEST_F(SerialLine, AnErrorOfALivingDeviceDoesNotCloseIt) {
+  const OtherProgram other(line.Path());
+  port.SetPortOpen(true);
+  other.SetLineMode(true);
+  line.Send("\x04");
+  Settle();
+  other.SetLineMode(false);
+  line.Send("still here");
+  EXPECT_TRUE(Until([&] { return arrived == "still here"; })) << arrived;
+  port.Output("and well");
+  EXPECT_TRUE(Until([&] { return port.OutBufferCount() == 0; }));
+  EXPECT_EQ(line.Received(), "and well");
+  EXPECT_EQ(std::count(codes.begin(), codes.end(), comm::PortVanished), 0);
+}
+
+TEST_F(SerialLine, ADeviceThatOnlyFailsIsClosedInTheEnd) {
+  const OtherProgram other(line.Path());
+  port.SetPortOpen(true);
+  other.SetLineMode(true);
+  const double before = ProcessorSeconds();
+  line.Send(std::string(100, '\x04'));
+  EXPECT_TRUE(Until([&] { return !port.PortOpen(); }));
+  Settle();
+  EXPECT_LE(ProcessorSeconds() - before, 0.2);
+  EXPECT_THAT(codes, ElementsAre(comm::PortVanished));
 }
 
 TEST_F(SerialLine, AClosingByTheLogicHidesTheHangUpThatItRaced) {

@@ -1,13 +1,25 @@
 #include "qt/ini_preference_store.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
+#include <QElapsedTimer>
+#include <QLockFile>
 #include <QTemporaryDir>
+#include <csignal>
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 namespace quillmark {
 namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 class StoreFile : public testing::Test {
  protected:
@@ -24,7 +36,30 @@ class StoreFile : public testing::Test {
     return text.str();
   }
 
+  std::ptrdiff_t FilesInFolder() const {
+    return std::distance(std::filesystem::directory_iterator(File().parent_path()), {});
+  }
+  void Listen(IniPreferenceStore& store) {
+    store.TellTroubles([this](const auto& trouble) { told.push_back(trouble.Text); });
+  }
+  // The most memory that this process has held so far, in KiB.
+  static long MostMemory() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+  }
+  // No file grows over so many bytes; returns what held before.
+  static rlim_t LimitFiles(rlim_t size) {
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlim_t before = std::exchange(limit.rlim_cur, size);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    return before;
+  }
+
   QTemporaryDir folder;
+  std::vector<std::string> told;
 };
 
 TEST_F(StoreFile, ReadsWhatPeopleWriteByHand) {
@@ -75,7 +110,7 @@ TEST_F(StoreFile, KeepsCommentsOrderAndTheKeysOfAnotherConsole) {
   EXPECT_EQ(TextOf(File()),
             "# mine\n[Ports]\n; radio on the roof\nCom1=/dev/ttyUSB8\nCom2=/dev/ttyS0\n\n"
             "[Preferences]\nBoldText=True\nKeepAlive=False\n\n[Properties]\nCommPort=2\n");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(File().parent_path()), {}), 1);
+  EXPECT_EQ(FilesInFolder(), 1);
 }
 
 TEST_F(StoreFile, ADamagedFileGivesTheDefaultsAndIsKeptAside) {
@@ -89,11 +124,97 @@ TEST_F(StoreFile, ADamagedFileGivesTheDefaultsAndIsKeptAside) {
   EXPECT_EQ(TextOf(File().string() + ".bak"), damaged);
 }
 
-TEST_F(StoreFile, AFileThatCannotBeWrittenLastsAsLongAsTheProgram) {
-  std::filesystem::create_directories(File());
+TEST_F(StoreFile, AHugeFileIsDamagedAndNotReadAsAWhole) {
+  Put("[Preferences]\nBoldText=False\n");
+  std::filesystem::resize_file(File(), 256 * 1024 * 1024);
+  const long before = MostMemory();
+  const IniPreferenceStore store(File());
+  EXPECT_LT(MostMemory() - before, 16 * 1024);  // KiB
+  EXPECT_EQ(store.Read("Preferences", "BoldText", "True"), "True");
+}
+
+TEST_F(StoreFile, WhatCannotBeSavedIsKeptAndToldOnce) {
+  std::filesystem::create_directories(File());  // in the file's place
   IniPreferenceStore store(File());
+  Listen(store);
   store.Write("Properties", "CommPort", "4");
+  store.Write("Properties", "CommPort", "5");
+  store.Reload();
+  EXPECT_EQ(store.Read("Properties", "CommPort", "1"), "5");
+  EXPECT_THAT(told, ElementsAre("The preferences file cannot be read."));
+
+  // It goes into the file as soon as that works, and from then on the file holds.
+  std::filesystem::remove(File());
+  Put("[Preferences]\nBoldText=False\n");
+  store.Write("Preferences", "KeepAlive", "False");
+  EXPECT_EQ(TextOf(File()),
+            "[Preferences]\nBoldText=False\nKeepAlive=False\n\n[Properties]\nCommPort=5\n");
+  Put("[Properties]\nCommPort=6\n");
+  store.Reload();
+  EXPECT_EQ(store.Read("Properties", "CommPort", "1"), "6");
+}
+
+// A limit on the size of files cuts a write short in the way a full disk does.
+TEST_F(StoreFile, AFullDiskLeavesTheOldFileWhole) {
+  const std::string old = "; " + std::string(4000, 'x') + "\n[Properties]\nCommPort=3\n";
+  Put(old);
+  IniPreferenceStore store(File());
+  Listen(store);
+  const rlim_t roomy = LimitFiles(2000);
+  for (int again = 0; again < 2; ++again) store.Write("Properties", "CommPort", "4");
+  LimitFiles(roomy);
+  EXPECT_EQ(TextOf(File()), old);
+  EXPECT_EQ(FilesInFolder(), 1);
   EXPECT_EQ(store.Read("Properties", "CommPort", "1"), "4");
+  EXPECT_THAT(told, ElementsAre("The preferences file cannot be written."));
+}
+
+TEST_F(StoreFile, AFileThatCannotBeReadIsNotOverwritten) {
+  const uid_t user = geteuid();
+  if (user != 0) GTEST_SKIP() << "needs root, who can put on another user's rights";
+  const std::string theirs = "[Properties]\nCommPort=3\n";
+  Put(theirs);
+  std::filesystem::permissions(File(), std::filesystem::perms::none);
+  for (auto path = File().parent_path(); path != "/tmp" && path.has_relative_path();
+       path = path.parent_path()) {
+    std::filesystem::permissions(path, std::filesystem::perms::all);
+  }
+  ASSERT_EQ(seteuid(65534), 0);
+  IniPreferenceStore store(File());
+  Listen(store);
+  store.Write("Properties", "CommPort", "4");
+  const std::string seen = store.Read("Properties", "CommPort", "1");
+  ASSERT_EQ(seteuid(user), 0);
+  EXPECT_EQ(TextOf(File()), theirs);
+  EXPECT_EQ(seen, "4");
+  EXPECT_THAT(told, ElementsAre("The preferences file cannot be read."));
+}
+
+TEST_F(StoreFile, TellsEachKindOfTroubleWithItsCure) {
+  Put(std::string("\0", 1));
+  IniPreferenceStore store(File());
+  std::vector<std::string> details;
+  store.TellTroubles([&](const auto& trouble) { details.push_back(trouble.Details); });
+  std::filesystem::remove(File());
+  std::filesystem::create_directories(File());
+  store.Reload();
+  const std::string name = "The file " + File().string();
+  EXPECT_THAT(details, ElementsAre(AllOf(StartsWith(name), HasSubstr("\".bak\"")),
+                                   AllOf(StartsWith(name), HasSubstr("cannot be read"))));
+}
+
+TEST_F(StoreFile, AForeignLockDoesNotHoldTheWindowUp) {
+  IniPreferenceStore store(File());
+  std::filesystem::create_directories(File().parent_path());
+  QLockFile foreign(QString::fromStdString(File().string() + ".lock"));
+  ASSERT_TRUE(foreign.tryLock());
+  QElapsedTimer time;
+  time.start();
+  for (const char* key : {"BoldText", "KeepAlive", "LogoutOnQuit"}) {
+    store.Write("Preferences", key, "False");
+  }
+  EXPECT_LT(time.elapsed(), 250);
+  EXPECT_EQ(TextOf(File()), "[Preferences]\nBoldText=False\nKeepAlive=False\nLogoutOnQuit=False\n");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <fstream>
 #include <set>
 
 #include "qt/ini_preference_store.h"
@@ -77,6 +78,17 @@ TEST_F(PortsOfAMachine, ANamedDeviceGetsANumberAndKeepsIt) {
     EXPECT_EQ(numbers.NumberFor("/dev/ttyS0"), 1);
     EXPECT_EQ(numbers.DeviceOf(2), "/dev/pts/77");
   }
+}
+
+TEST_F(PortsOfAMachine, ANamedDeviceKeepsItsNumberThoughItCannotBeStored) {
+  const auto plain = folder.filePath("plain").toStdString();
+  std::ofstream{plain} << "no folder";
+  IniPreferenceStore nowhere(plain + "/preferences.ini");
+  Plug("/dev/ttyS0", false);
+  PortNumbers numbers(nowhere, Surroundings());
+  EXPECT_EQ(numbers.NumberFor("/dev/pts/77"), 2);
+  EXPECT_EQ(numbers.DeviceOf(2), "/dev/pts/77");
+  EXPECT_EQ(numbers.Ports()[1].Device, "/dev/pts/77");
 }
 
 TEST_F(PortsOfAMachine, WhenAllAreTakenTheOneAbsentLongestIsGivenAgain) {
