@@ -22,7 +22,7 @@ constexpr int hangUpCheckInterval = 1000;  // ms
 // So many errors in a span are taken for trouble with another program, more for a dead device.
 constexpr int mostForgiven = 5;
 constexpr qint64 longestErrorSpan = 1000;      // ms
-constexpr unsigned long gatheringTime = 1000;  // microseconds
+constexpr unsigned long gatheringTime = 1500;  // microseconds
 // The oldest input is cut off in pieces, so that a flood is not moved in memory at each arrival.
 constexpr std::size_t inputSlack = 64 * 1024;  // bytes
 
