@@ -10,7 +10,8 @@
 namespace quillmark {
 
 // The extension map: which of the extension addresses 0 to 31 the radio may talk to. Modal, opened
-// by the XMAP row with the hex digits that the radio gave. Sends nothing when it is unloaded.
+// by the XMAP row with the hex digits that the radio gave; when it gave none, nothing can be
+// programmed before a box has been set. Sends nothing when it is unloaded.
 class frmXMAP : public OptionWindow {
  public:
   static constexpr std::size_t AddressCount = 32;

@@ -107,7 +107,6 @@ TEST_F(SecretsTest, InTheEncryptionCode) {
   Watch(Seconds(20));
   InLogin("mnuEncryptCode", [&] {
     EchoAgainstOrders();
-    Find("txtPassword");
     As<TextBox>("txtPassword").MaxLength = 9;
     EXPECT_TRUE(Edit("txtPassword", canary));
     EXPECT_TRUE(Click("cmdOK"));
