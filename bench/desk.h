@@ -22,6 +22,7 @@ class DeskDialogs : public Dialogs {
   std::string Input(const InputBox&) override { return {}; }
   std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return {}; }
   std::optional<std::filesystem::path> SaveFile(const FileDialog&) override { return LogFile; }
+  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path&) override { return {}; }
 
   std::optional<std::filesystem::path> LogFile;
   std::string LastMessage;

@@ -41,7 +41,8 @@ MainMenus::MainMenus(Form& form)
       sbrStatus(form, &form, "sbrStatus"),
       pnl_Status(form, &sbrStatus, "pnl_Status", "Status: "),
       pnl_Settings(form, &sbrStatus, "pnl_Settings", "Settings: "),
-      pnl_ConnectTime(form, &sbrStatus, "pnl_ConnectTime") {
+      pnl_ConnectTime(form, &sbrStatus, "pnl_ConnectTime"),
+      barRun(form, &sbrStatus, "barRun", 0, 1, 0) {
   tbr_OpenLogFile.ToolTip = "Open log file...";
   tbr_CloseLogFile.ToolTip = "Close log file";
   tbr_Connect.ToolTip = "Connect...";
@@ -54,6 +55,8 @@ MainMenus::MainMenus(Form& form)
   pnl_Status.ToolTip = "Communications Port Status";
   pnl_Settings.ToolTip = "Communications Port Settings";
   pnl_ConnectTime.ToolTip = "Connect Time";
+  barRun.ToolTip = "Settings done and to do";
+  barRun.Visible = false;
   // Until a radio is connected and a log is open.
   for (Control* control : std::initializer_list<Control*>{
            &tbr_CloseLogFile, &tbr_Disconnect, &tbr_TransmitTextFile, &tbr_Login, &tbr_Logout,

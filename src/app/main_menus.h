@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/choices.h"
 #include "controls/clickable.h"
 #include "controls/form.h"
 
@@ -24,6 +25,8 @@ class MainMenus {
 
   Frame sbrStatus;
   StatusPanel pnl_Status, pnl_Settings, pnl_ConnectTime;
+  // How far a long run at the radio has come; visible while one is under way.
+  ProgressBar barRun;
 };
 
 }  // namespace quillmark

@@ -12,4 +12,11 @@ bool Clickable::Click() {
   return true;
 }
 
+bool Button::RightClick() {
+  if (!OnRightClick || !Reachable()) return false;
+  const auto alive = Owner().weak_from_this().lock();
+  OnRightClick();
+  return true;
+}
+
 }  // namespace quillmark

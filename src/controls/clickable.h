@@ -39,6 +39,12 @@ class Label : public Clickable {
 class Button : public Clickable {
  public:
   using Clickable::Clickable;
+
+  std::function<void()> OnRightClick;
+
+  // The user's click with the other mouse button; false when the button can't be reached or has no
+  // use for it.
+  bool RightClick();
 };
 
 class Lamp : public Clickable {

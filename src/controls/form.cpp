@@ -50,6 +50,10 @@ void Form::UserClick() {
   if (loaded && Enabled()) Form_Click();
 }
 
+void Form::PopupMenu(Menu& menu, Control& beside) {
+  if (formView != nullptr) formView->MenuPopsUp(menu, beside);
+}
+
 void Form::MoveFocus(Control& control) {
   focus = &control;
   if (formView != nullptr) formView->FocusMoved(control);

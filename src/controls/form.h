@@ -10,6 +10,7 @@
 namespace quillmark {
 
 class Form;
+class Menu;
 
 // The window that shows a form.
 class FormView {
@@ -18,6 +19,8 @@ class FormView {
   virtual void Unloaded(Form& form) = 0;
   // A control wants the keyboard focus.
   virtual void FocusMoved(Control& control) = 0;
+  // A menu is to come up beside a control.
+  virtual void MenuPopsUp(Menu& menu, Control& beside) = 0;
 
  protected:
   ~FormView() = default;
@@ -48,6 +51,9 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   void UserResize(double width, double height);
   void UserKey();
   void UserClick();
+
+  // Opens a menu beside a control, where the user points.
+  void PopupMenu(Menu& menu, Control& beside);
 
   void SetFormView(FormView* next) { formView = next; }
   Control* Focus() const { return focus; }

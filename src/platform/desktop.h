@@ -1,6 +1,9 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
+
+#include "platform/dialogs.h"
 
 namespace quillmark {
 
@@ -12,6 +15,12 @@ class Desktop {
   // Opens a web address in the user's browser.
   virtual void OpenAddress(const std::string& address) = 0;
   virtual void Beep() = 0;
+  // Prints a text file: pages in fixed width under `title`, with the date and page numbers. Tells
+  // the user itself when that fails.
+  virtual void Print(const PrintTarget& target, const std::filesystem::path& file,
+                     const std::string& title) = 0;
+  // Today's date in the short form of the user's locale.
+  virtual std::string ShortDate() const = 0;
   // The main screen's size in twips (1440 to the inch at 100 %).
   virtual double ScreenWidth() const = 0;
   virtual double ScreenHeight() const = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -42,6 +43,13 @@ struct FileDialog {
   std::string Filter;
 };
 
+// A printer that the user has chosen, and how.
+struct PrintTarget {
+  std::string Printer;               // its name; empty when the pages go into a file
+  std::filesystem::path PdfFile{};   // that file
+  std::shared_ptr<void> Settings{};  // what else was chosen; only the desktop knows it
+};
+
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -53,6 +61,9 @@ class Dialogs {
   // the filter's.
   virtual std::optional<std::filesystem::path> OpenFile(const FileDialog& dialog) = 0;
   virtual std::optional<std::filesystem::path> SaveFile(const FileDialog& dialog) = 0;
+  // Where `file` is to be printed, the default printer offered first; on a machine without one, the
+  // PDF file to write. Nothing on Cancel.
+  virtual std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path& file) = 0;
 };
 
 }  // namespace quillmark

@@ -18,6 +18,7 @@ Machine::Machine(const std::string& device)
 }
 
 Platform Machine::AsPlatform(Dialogs& dialogs) {
+  Screen.TellThrough(dialogs);
   PreferenceStore& kept = Named ? static_cast<PreferenceStore&>(*Named) : Store;
   return {Events, dialogs, Shown, First, Second, Numbers, kept, Files, Screen, Chance};
 }

@@ -1,20 +1,36 @@
 #include "qt/qt_desktop.h"
 
 #include <QApplication>
+#include <QDate>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QLocale>
 #include <QScreen>
 #include <QUrl>
+#include <fstream>
+#include <iterator>
 
 #include "qt/form_size.h"
 #include "qt/latin1.h"
+#include "qt/printed_report.h"
+#include "qt/printing.h"
+#include "text/path_text.h"
 
 namespace quillmark {
 
 namespace {
 
 constexpr const char* programFolder = "quillmark-console";
+
+std::optional<PrintTrouble> PrintFile(const PrintTarget& target, const std::filesystem::path& file,
+                                      const std::string& title) {
+  std::ifstream in(file, std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(in), {}};
+  if (!in) return PrintTrouble{PathText(file) + " could not be read.", ""};
+  const QString date = QLocale::system().toString(QDate::currentDate(), QLocale::LongFormat);
+  return PrintReport(PrintedReport(text, ToQt(title), date), target);
+}
 
 }  // namespace
 
@@ -23,6 +39,22 @@ void QtDesktop::OpenAddress(const std::string& address) {
 }
 
 void QtDesktop::Beep() { QApplication::beep(); }
+
+void QtDesktop::Print(const PrintTarget& target, const std::filesystem::path& file,
+                      const std::string& title) {
+  const auto trouble = PrintFile(target, file, title);
+  if (!trouble || dialogs == nullptr) return;
+  dialogs->Message({trouble->Text, "Print", Icon::Exclamation, Buttons::Ok, trouble->Details});
+}
+
+std::string QtDesktop::ShortDate() const {
+  const QDate today = QDate::currentDate();
+  const QString local = QLocale::system().toString(today, QLocale::ShortFormat);
+  const std::string date = FromQt(local);
+  // Some scripts' digits are not in the radio's alphabet.
+  const bool whole = static_cast<qsizetype>(date.size()) == local.size();
+  return whole ? date : FromQt(today.toString(Qt::ISODate));
+}
 
 double QtDesktop::ScreenWidth() const {
   return QGuiApplication::primaryScreen()->availableGeometry().width() * twipsPerPixel;

@@ -11,10 +11,19 @@ namespace quillmark {
 // The person's desktop, through Qt. Made once by the program.
 class QtDesktop : public Desktop {
  public:
+  // Where it tells of trouble; silent without. The dialogs outlive it.
+  void TellThrough(Dialogs& next) { dialogs = &next; }
+
   void OpenAddress(const std::string& address) override;
   void Beep() override;
+  void Print(const PrintTarget& target, const std::filesystem::path& file,
+             const std::string& title) override;
+  std::string ShortDate() const override;
   double ScreenWidth() const override;
   double ScreenHeight() const override;
+
+ private:
+  Dialogs* dialogs = nullptr;
 };
 
 // Shipped files lie in share/quillmark-console, beside the program's folder when it is installed

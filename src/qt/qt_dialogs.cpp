@@ -4,11 +4,13 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QPointer>
+#include <QPrintDialog>
 #include <QRegularExpression>
 
 #include "platform/event_loop.h"
 #include "qt/latin1.h"
 #include "qt/message_window.h"
+#include "qt/printing.h"
 
 namespace quillmark {
 
@@ -83,6 +85,25 @@ QFileDialog* MakeFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode pu
   return window;
 }
 
+// Nobody else asks whether a PDF may take the place of another.
+QFileDialog* MakePdfDialog(const std::filesystem::path& suggested) {
+  auto* window =
+      MakeFileDialog({"Save Report as PDF", "PDF Files (*.pdf)|*.pdf"}, QFileDialog::AcceptSave);
+  window->setOption(QFileDialog::DontConfirmOverwrite, false);
+  const QString name = QFile::decodeName(QByteArray::fromStdString(suggested.string()));
+  window->setDirectory(QFileInfo(name).path());
+  window->selectFile(name);
+  return window;
+}
+
+QPrintDialog* MakePrintDialog(QPrinter& printer) {
+  auto* window = new QPrintDialog(&printer, OwnerWindow());
+  window->setObjectName(QStringLiteral("PrintDialog"));
+  // A report is short, and is always printed whole.
+  window->setOption(QAbstractPrintDialog::PrintPageRange, false);
+  return window;
+}
+
 }  // namespace
 
 Answer QtDialogs::Message(const MessageBox& box) {
@@ -105,18 +126,36 @@ std::string QtDialogs::Input(const InputBox& box) {
 }
 
 std::optional<std::filesystem::path> QtDialogs::OpenFile(const FileDialog& dialog) {
-  return AskForFile(dialog, Purpose::Open);
+  return AskForFile([&] { return MakeFileDialog(dialog, QFileDialog::AcceptOpen); });
 }
 
 std::optional<std::filesystem::path> QtDialogs::SaveFile(const FileDialog& dialog) {
-  return AskForFile(dialog, Purpose::Save);
+  return AskForFile([&] { return MakeFileDialog(dialog, QFileDialog::AcceptSave); });
 }
 
-std::optional<std::filesystem::path> QtDialogs::AskForFile(const FileDialog& dialog,
-                                                           Purpose purpose) {
+std::optional<PrintTarget> QtDialogs::ChoosePrinter(const std::filesystem::path& file) {
+  if (!HasPrinter()) return ChoosePdf(file);
   while (!events.Quitting()) {
-    const Held window(MakeFileDialog(
-        dialog, purpose == Purpose::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen));
+    const auto printer = PrinterFor(file);
+    const Held window(MakePrintDialog(*printer));
+    const int result = window->exec();
+    if (!window.Alive()) continue;
+    if (result != QDialog::Accepted || events.Quitting()) return std::nullopt;
+    return TargetOf(printer);
+  }
+  return std::nullopt;
+}
+
+std::optional<PrintTarget> QtDialogs::ChoosePdf(const std::filesystem::path& file) {
+  const auto chosen = AskForFile([&] { return MakePdfDialog(SuggestedPdf(file)); });
+  if (!chosen) return std::nullopt;
+  return PrintTarget{"", *chosen};
+}
+
+std::optional<std::filesystem::path> QtDialogs::AskForFile(
+    const std::function<QFileDialog*()>& make) {
+  while (!events.Quitting()) {
+    const Held window(make());
     const int result = window->exec();
     if (!window.Alive()) continue;
     if (result != QDialog::Accepted || events.Quitting()) return std::nullopt;

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/dialogs.h"
+
+class QFileDialog;
 
 namespace quillmark {
 
@@ -18,10 +22,11 @@ class QtDialogs : public Dialogs {
   std::string Input(const InputBox& box) override;
   std::optional<std::filesystem::path> OpenFile(const FileDialog& dialog) override;
   std::optional<std::filesystem::path> SaveFile(const FileDialog& dialog) override;
+  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path& file) override;
 
  private:
-  enum class Purpose { Open, Save };
-  std::optional<std::filesystem::path> AskForFile(const FileDialog& dialog, Purpose purpose);
+  std::optional<std::filesystem::path> AskForFile(const std::function<QFileDialog*()>& make);
+  std::optional<PrintTarget> ChoosePdf(const std::filesystem::path& file);
 
   const EventLoop& events;
 };

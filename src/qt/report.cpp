@@ -73,6 +73,11 @@ std::string ReportDialogs::Input(const InputBox& box) {
   return {};
 }
 
+std::optional<PrintTarget> ReportDialogs::ChoosePrinter(const std::filesystem::path&) {
+  if (PdfFile.empty()) return std::nullopt;
+  return PrintTarget{"", PdfFile};
+}
+
 std::string RowTable(const frmOrvalent& main) {
   std::string table;
   AddGroup(table, main.InfoFrame.Text(), RowsOf(main, main.InfoFrame));

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QTimer>
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/dialogs.h"
@@ -23,11 +25,14 @@ class ReportDialogs : public Dialogs {
   // While they are set the boxes go to them, and nothing is told.
   std::function<Answer(const MessageBox&)> OnMessage;
   std::function<void(const InputBox&)> OnInput;
+  // What is printed goes into this file; nothing is printed while it is empty.
+  std::filesystem::path PdfFile;
 
   Answer Message(const MessageBox& box) override;
   std::string Input(const InputBox& box) override;
   std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return {}; }
   std::optional<std::filesystem::path> SaveFile(const FileDialog&) override { return {}; }
+  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path&) override;
 };
 
 // The rows of the settings view as text, group by group, label and value in columns.

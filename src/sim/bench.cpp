@@ -104,6 +104,11 @@ bool Bench::Click(Clickable& control) {
 
 bool Bench::Click(const std::string& name) { return Click(As<Clickable>(name)); }
 
+bool Bench::RightClick(const std::string& name) {
+  auto& button = As<Button>(name);
+  return Act(button.Owner(), [&] { return button.RightClick(); });
+}
+
 bool Bench::Edit(const std::string& name, const std::string& text) {
   Control& control = Find(name);
   return Act(control.Owner(), [&] {
@@ -195,6 +200,9 @@ Expectation& Bench::ExpectOpenFile(const std::string& title) {
 }
 Expectation& Bench::ExpectSaveFile(const std::string& title) {
   return user.Expect({Expectation::Kind::SaveFile, title});
+}
+Expectation& Bench::ExpectPrinter(const std::string& fileName) {
+  return user.Expect({Expectation::Kind::Printer, fileName});
 }
 Expectation& Bench::ExpectWindow(const std::string& name) {
   return user.Expect({Expectation::Kind::Window, name});

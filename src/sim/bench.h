@@ -92,6 +92,7 @@ class Bench : public ::testing::Test {
 
   bool Click(const std::string& name);
   bool Click(Clickable& control);
+  bool RightClick(const std::string& name);  // of a button that has a use for it
   // Replaces the text of a field, or chooses a list's item by its text.
   bool Edit(const std::string& name, const std::string& text);
   // Types character by character; in the terminal a carriage return is "\r".
@@ -116,6 +117,8 @@ class Bench : public ::testing::Test {
   Expectation& ExpectInput(const std::string& title);
   Expectation& ExpectOpenFile(const std::string& title);
   Expectation& ExpectSaveFile(const std::string& title);
+  // The dialog that asks where a file of that name (without its folders) is to be printed.
+  Expectation& ExpectPrinter(const std::string& fileName);
   Expectation& ExpectWindow(const std::string& name);
   // For sessions with faults at random: unexpected boxes and dialogs are closed without failing the
   // test. Boxes() tells them all the same.

@@ -19,6 +19,8 @@ const char* KindName(Expectation::Kind kind) {
       return "open dialog";
     case Expectation::Kind::SaveFile:
       return "save dialog";
+    case Expectation::Kind::Printer:
+      return "printer dialog";
     case Expectation::Kind::Window:
       break;
   }
@@ -60,6 +62,10 @@ Expectation& Expectation::Type(std::string text) {
 }
 Expectation& Expectation::Choose(std::filesystem::path chosen) {
   path = std::move(chosen);
+  return *this;
+}
+Expectation& Expectation::ChoosePrinter(std::string name) {
+  printer = std::move(name);
   return *this;
 }
 Expectation& Expectation::Do(std::function<void()> what) {
@@ -178,6 +184,21 @@ std::optional<std::filesystem::path> ScriptedUser::OpenFile(const FileDialog& di
 
 std::optional<std::filesystem::path> ScriptedUser::SaveFile(const FileDialog& dialog) {
   return Dialog(Expectation::Kind::SaveFile, dialog);
+}
+
+std::optional<PrintTarget> ScriptedUser::ChoosePrinter(const std::filesystem::path& file) {
+  seen.push_back({Expectation::Kind::Printer,
+                  file.filename().string(),
+                  file.string(),
+                  {},
+                  Icon::None,
+                  Buttons::OkCancel,
+                  {}});
+  const auto met = Meet(seen.back());
+  if (!met) return std::nullopt;
+  PlayBox(*met);
+  if (!met->printer && !met->path) return std::nullopt;
+  return PrintTarget{met->printer.value_or(""), met->path.value_or("")};
 }
 
 void ScriptedUser::Show(const std::shared_ptr<Form>& form) { windows.push_back(form); }

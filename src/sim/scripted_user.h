@@ -23,7 +23,7 @@ namespace quillmark::sim {
 // What is expected, and what is done with it. Made by Bench::Expect...; the calls can be chained.
 class Expectation {
  public:
-  enum class Kind { Box, Input, OpenFile, SaveFile, Window };
+  enum class Kind { Box, Input, OpenFile, SaveFile, Printer, Window };
 
   Expectation(Kind what, std::string title) : kind(what), title(std::move(title)) {}
 
@@ -39,7 +39,8 @@ class Expectation {
   // left to itself.
   Expectation& Reply(Answer button);
   Expectation& Type(std::string text);
-  Expectation& Choose(std::filesystem::path path);
+  Expectation& Choose(std::filesystem::path path);  // a file; in a printer dialog, its PDF file
+  Expectation& ChoosePrinter(std::string name);
   // Done while it is up, before the answer. For a window: with the form.
   Expectation& Do(std::function<void()> acts);
   Expectation& Do(std::function<void(Form&)> acts);
@@ -61,6 +62,7 @@ class Expectation {
   std::optional<Answer> answer;
   std::optional<std::string> typed;
   std::optional<std::filesystem::path> path;
+  std::optional<std::string> printer;
   std::function<void(Form&)> acts;
   Duration staysUp{};
 };
@@ -102,6 +104,7 @@ class ScriptedUser : public Dialogs, public Windows {
   std::string Input(const InputBox& box) override;
   std::optional<std::filesystem::path> OpenFile(const FileDialog& dialog) override;
   std::optional<std::filesystem::path> SaveFile(const FileDialog& dialog) override;
+  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path& file) override;
   void Show(const std::shared_ptr<Form>& form) override;
   void ShowModal(const std::shared_ptr<Form>& form, Form& owner) override;
 

@@ -53,11 +53,24 @@ class RecordingDesktop : public Desktop {
  public:
   void OpenAddress(const std::string& address) override { Addresses.push_back(address); }
   void Beep() override { ++Beeps; }
+  void Print(const PrintTarget& target, const std::filesystem::path& file,
+             const std::string& title) override;
+  std::string ShortDate() const override { return Date; }
   double ScreenWidth() const override { return 28800; }
   double ScreenHeight() const override { return 16200; }
 
+  // A file that was printed, as it was then.
+  struct Printed {
+    PrintTarget Target;
+    std::filesystem::path File;
+    std::string Title;
+    std::string Text;
+  };
+
   std::vector<std::string> Addresses;
+  std::vector<Printed> Prints;
   int Beeps = 0;
+  std::string Date = "11/22/2026";
 };
 
 class RepeatableRandom : public RandomSource {
