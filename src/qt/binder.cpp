@@ -146,6 +146,18 @@ void Binder::MoveFocus(const Control& control) {
   line->setSelection(static_cast<int>(box->SelStart()), static_cast<int>(box->SelLength()));
 }
 
+void Binder::PopUp(const Menu& menu, const Control& beside) {
+  const auto foundMenu = widgets.find(&menu);
+  const auto foundPlace = widgets.find(&beside);
+  if (foundMenu == widgets.end() || foundPlace == widgets.end()) return;
+  auto* shown = qobject_cast<QMenu*>(foundMenu->second);
+  auto* place = qobject_cast<QWidget*>(foundPlace->second);
+  if (shown == nullptr || place == nullptr) return;
+  const QPoint mouse = QCursor::pos();
+  const bool over = place->rect().contains(place->mapFromGlobal(mouse));
+  shown->popup(over ? mouse : place->mapToGlobal(place->rect().bottomLeft()));
+}
+
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::FocusOut) return false;
   const auto reason = static_cast<QFocusEvent*>(event)->reason();

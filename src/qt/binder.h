@@ -16,6 +16,7 @@
 
 class QAbstractButton;
 class QAction;
+class QPlainTextEdit;
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
@@ -63,6 +64,8 @@ class Binder : public QObject, public ControlView {
 
   void Changed(Control& control) override;
   void MoveFocus(const Control& control);
+  // Shows a menu where the mouse is, if that is over the control, else below the control.
+  void PopUp(const Menu& menu, const Control& beside);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -77,6 +80,7 @@ class Binder : public QObject, public ControlView {
   void JoinToolButton(ToolButton& control, QAction& action);
   void JoinLamp(Lamp& control, QToolButton& button);
   void JoinButton(Button& control, QPushButton& button);
+  void JoinRightClick(Button& control, QPushButton& button);
   void JoinCheckBox(CheckBox& control, QCheckBox& box);
   void JoinOption(OptionButton& control, QRadioButton& button);
   void JoinValueField(ValueField& control, ValueBox& box);
@@ -86,6 +90,7 @@ class Binder : public QObject, public ControlView {
   void JoinTextBox(TextBox& control, QWidget& widget);
   void JoinLine(TextBox& control, QLineEdit& line);
   void JoinTerminal(TextBox& control, TerminalView& terminal);
+  void JoinReading(TextBox& control, QPlainTextEdit& page);
   void JoinList(ListBox& control, QComboBox& box);
   void JoinTyping(ListBox& control, QLineEdit* line);
   void JoinSlider(Slider& control, QSlider& slider);

@@ -1,17 +1,14 @@
-// How each kind of control is joined to its widget.
+// How the controls that are clicked or looked at are joined to their widgets.
 
 #include <QAction>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QEvent>
 #include <QGroupBox>
-#include <QLineEdit>
 #include <QMenu>
-#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QStackedWidget>
@@ -21,8 +18,9 @@
 
 #include "qt/binder.h"
 #include "qt/clickable_text.h"
+#include "qt/colors.h"
+#include "qt/eliding_button.h"
 #include "qt/latin1.h"
-#include "qt/terminal_view.h"
 
 namespace quillmark {
 
@@ -31,11 +29,6 @@ namespace {
 // The point size that the logic's font sizes are measured against.
 constexpr double usualFontSize = 8;
 constexpr std::uint32_t linkColor = 0xFF0000;
-
-QColor ToColor(std::uint32_t blueGreenRed) {
-  return QColor(static_cast<int>(blueGreenRed & 0xFF), static_cast<int>(blueGreenRed >> 8 & 0xFF),
-                static_cast<int>(blueGreenRed >> 16 & 0xFF));
-}
 
 void ShowFont(const Clickable& control, QWidget& widget) {
   if (control.FontSize() <= 0) return;
@@ -52,58 +45,6 @@ void ShowColor(const Clickable& control, QWidget& widget) {
                                              ? palette.color(QPalette::Link)
                                              : ToColor(control.ForeColor()));
   widget.setPalette(palette);
-}
-
-// A square of a colour, in a frame so that it shows on a ground of the same colour.
-QIcon Swatch(std::uint32_t blueGreenRed, const QWidget& where) {
-  const int side = where.fontMetrics().height();
-  const qreal scale = where.devicePixelRatioF();
-  QPixmap picture(QSize(side, side) * scale);
-  picture.setDevicePixelRatio(scale);
-  picture.fill(Qt::transparent);
-  QPainter painter(&picture);
-  QColor edge = where.palette().color(QPalette::Text);
-  edge.setAlphaF(0.5F);
-  painter.setPen(edge);
-  painter.setBrush(ToColor(blueGreenRed));
-  painter.drawRect(QRectF(0.5, 0.5, side - 1, side - 1));
-  return QIcon(picture);
-}
-
-void ShowSwatches(const ListBox& control, QComboBox& box) {
-  const auto& colours = control.ItemColours();
-  if (colours.empty()) return;
-  const int side = box.fontMetrics().height();
-  box.setIconSize({side, side});
-  for (std::size_t i = 0; i < colours.size() && i < control.Items().size(); ++i) {
-    box.setItemIcon(static_cast<int>(i), Swatch(colours[i], box));
-  }
-}
-
-void ShowItems(const ListBox& control, QComboBox& box) {
-  const auto& items = control.Items();
-  bool same = box.count() == static_cast<int>(items.size());
-  for (int i = 0; same && i < box.count(); ++i) {
-    same = box.itemText(i) == ToQt(items[static_cast<std::size_t>(i)]);
-  }
-  if (!same) {
-    box.clear();
-    for (const std::string& item : items) box.addItem(ToQt(item));
-    ShowSwatches(control, box);
-  }
-  const auto& tips = control.ItemTips();
-  for (std::size_t i = 0; i < tips.size() && i < items.size(); ++i) {
-    box.setItemData(static_cast<int>(i), PlainTip(tips[i]), Qt::ToolTipRole);
-  }
-}
-
-void ShowSecrecy(const TextBox& control, QLineEdit& line) {
-  const auto mode = control.Secret() ? QLineEdit::Password : QLineEdit::Normal;
-  if (line.echoMode() == mode) return;
-  line.setEchoMode(mode);
-  // Style sheets are Qt's only way to choose the character that stands for a secret one: "*".
-  line.setStyleSheet(control.Secret() ? QStringLiteral("lineedit-password-character: 42")
-                                      : QString());
 }
 
 }  // namespace
@@ -158,6 +99,18 @@ void Binder::JoinClick(Clickable& control, QAbstractButton& button) {
           [this, &control] { ActOn(control, [&control] { control.Click(); }); });
 }
 
+// The menu key asks for the same as the other mouse button; where the desktop knows no such key,
+// Shift+F10 does.
+void Binder::JoinRightClick(Button& control, QPushButton& button) {
+  if (!control.OnRightClick) return;
+  const auto act = [this, &control] { ActOn(control, [&control] { control.RightClick(); }); };
+  button.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&button, &QWidget::customContextMenuRequested, this, act);
+  auto* key = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), &button);
+  key->setContext(Qt::WidgetShortcut);
+  connect(key, &QShortcut::activated, this, act);
+}
+
 void Binder::JoinLamp(Lamp& control, QToolButton& button) {
   JoinClick(control, button);
   Follow(control, [this, &control, &button] { ShowCommon(control, button); });
@@ -165,11 +118,16 @@ void Binder::JoinLamp(Lamp& control, QToolButton& button) {
 
 void Binder::JoinButton(Button& control, QPushButton& button) {
   JoinClick(control, button);
-  Follow(control, [this, &control, &button] {
+  JoinRightClick(control, button);
+  // A caption from a file has no mnemonic.
+  const bool literal = qobject_cast<ElidingButton*>(&button) != nullptr;
+  Follow(control, [this, &control, &button, literal] {
     ShowCommon(control, button);
     ShowFont(control, button);
-    const QString caption = ToQt(control.Text());
+    const QString caption =
+        literal ? WithoutMnemonics(OnOneLine(control.Text())) : ToQt(control.Text());
     if (button.text() != caption) button.setText(caption);
+    if (literal) button.setAccessibleName(ToQt(OnOneLine(control.Text())));
   });
 }
 
@@ -263,74 +221,6 @@ void Binder::JoinFrame(Frame& control, QWidget& widget) {
       widget.setEnabled(control.Enabled());
       PickFrontFrame(widget);
     }
-  });
-}
-
-void Binder::JoinTextBox(TextBox& control, QWidget& widget) {
-  if (auto* terminal = qobject_cast<TerminalView*>(&widget)) {
-    JoinTerminal(control, *terminal);
-  } else if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
-    JoinLine(control, *line);
-  } else {
-    problems.push_back(control.Name() + " has a widget that takes no text");
-  }
-}
-
-void Binder::JoinLine(TextBox& control, QLineEdit& line) {
-  line.installEventFilter(this);
-  connect(&line, &QLineEdit::textEdited, this, [this, &control](const QString& text) {
-    ActOn(control, [&control, typed = FromQt(text)] { control.UserEdit(typed); });
-  });
-  Follow(control, [this, &control, &line] {
-    ShowCommon(control, line);
-    ShowSecrecy(control, line);
-    line.setMaxLength(control.MaxLength() == 0 ? 32767 : static_cast<int>(control.MaxLength()));
-    const QString text = ToQt(control.Text());
-    if (line.text() != text) line.setText(text);
-  });
-}
-
-void Binder::JoinTerminal(TextBox& control, TerminalView& terminal) {
-  connect(&terminal, &TerminalView::Typed, this, [this, &control](const std::string& characters) {
-    ActOn(control, [&control, characters] { control.UserType(characters); });
-  });
-  Follow(control, [this, &control, &terminal] {
-    ShowCommon(control, terminal);
-    QPalette palette = terminal.palette();
-    palette.setColor(QPalette::Text, ToColor(control.ForeColor()));
-    palette.setColor(QPalette::Base, ToColor(control.BackColor()));
-    if (palette != terminal.palette()) terminal.setPalette(palette);
-    QFont font = terminal.font();
-    font.setBold(control.Bold());
-    if (font != terminal.font()) terminal.setFont(font);
-    terminal.Follow(control.Text());
-  });
-}
-
-void Binder::JoinList(ListBox& control, QComboBox& box) {
-  box.setInsertPolicy(QComboBox::NoInsert);
-  connect(&box, &QComboBox::activated, this, [this, &control](int index) {
-    ActOn(control, [&control, index] { control.UserSelect(index); });
-  });
-  Follow(control, [this, &control, &box] {
-    const QSignalBlocker quiet(box);
-    ShowCommon(control, box);
-    ShowItems(control, box);
-    if (box.isEditable() != control.Editable()) {
-      box.setEditable(control.Editable());
-      JoinTyping(control, box.lineEdit());
-    }
-    if (box.currentIndex() != control.ListIndex()) box.setCurrentIndex(control.ListIndex());
-    const QString text = ToQt(control.Text());
-    if (control.Editable() && box.currentText() != text) box.setEditText(text);
-  });
-}
-
-// A list that can be typed into has a line of its own for as long as it can.
-void Binder::JoinTyping(ListBox& control, QLineEdit* line) {
-  if (line == nullptr) return;
-  connect(line, &QLineEdit::textEdited, this, [this, &control](const QString& text) {
-    ActOn(control, [&control, typed = FromQt(text)] { control.UserEdit(typed); });
   });
 }
 

@@ -6,6 +6,7 @@
 #include <QLayout>
 #include <QMainWindow>
 #include <QMenu>
+#include <QProgressBar>
 #include <QShortcut>
 #include <QStatusBar>
 
@@ -19,8 +20,10 @@
 #include "ui_frmRTUOptions.h"
 #include "ui_frmSetPass.h"
 #include "ui_frmSetup.h"
+#include "ui_frmSimpleRptrSetup.h"
 #include "ui_frmSimpleXMAP.h"
 #include "ui_frmSplash.h"
+#include "ui_frmViewer.h"
 #include "ui_frmXMAP.h"
 
 namespace quillmark {
@@ -30,6 +33,9 @@ namespace {
 // Of the view with the tabs, in average characters.
 constexpr int tabsWidth = 96;
 
+// Of the progress bar in the status bar, in average characters.
+constexpr int runBarWidth = 24;
+
 QLabel* MakePanel(const char* name, QWidget& bar) {
   auto* panel = new QLabel(&bar);
   panel->setObjectName(QLatin1String(name));
@@ -37,6 +43,20 @@ QLabel* MakePanel(const char* name, QWidget& bar) {
   panel->setTextInteractionFlags(Qt::TextSelectableByMouse);
   panel->setIndent(panel->fontMetrics().averageCharWidth());
   return panel;
+}
+
+// Keeps its place while it is hidden, so that nothing jumps when it comes and goes.
+QProgressBar* MakeRunBar(QWidget& bar) {
+  auto* run = new QProgressBar(&bar);
+  run->setObjectName(QStringLiteral("barRun"));
+  run->setAccessibleName(QObject::tr("Settings done and to do"));
+  run->setFormat(QObject::tr("%v of %m"));
+  run->setFixedWidth(run->fontMetrics().averageCharWidth() * runBarWidth);
+  run->setMaximumHeight(run->fontMetrics().height() + 4);
+  QSizePolicy policy = run->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  run->setSizePolicy(policy);
+  return run;
 }
 
 // A toolbar and a status bar cannot be filled in a form, nor can a menu without a title in the bar.
@@ -51,6 +71,7 @@ void FinishMain(QMainWindow& window, Ui::frmOrvalent& ui) {
   ui.sbrStatus->addWidget(MakePanel("pnl_Status", *ui.sbrStatus), 3);
   ui.sbrStatus->addWidget(MakePanel("pnl_Settings", *ui.sbrStatus), 2);
   ui.sbrStatus->addWidget(MakePanel("pnl_ConnectTime", *ui.sbrStatus), 1);
+  ui.sbrStatus->addPermanentWidget(MakeRunBar(*ui.sbrStatus));
 
   auto* presets = new QMenu(&window);
   presets->setObjectName(QStringLiteral("mnuPreset"));
@@ -118,6 +139,13 @@ QWidget* MakeDialog(QWidget* parent) {
   return window;
 }
 
+QWidget* MakeViewer(QWidget* parent) {
+  Ui::frmViewer ui;
+  auto* window = Draw<QDialog>(parent, ui);
+  ui.findBar->Serve(*ui.txtViewer, *window);
+  return window;
+}
+
 struct Row {
   const char* Form;
   QWidget* (*Make)(QWidget* parent);
@@ -136,6 +164,8 @@ constexpr Row rows[] = {
     {"frmSetPass", MakeDialog<Ui::frmSetPass>},
     {"frmSetup", MakeDialog<Ui::frmSetup>},
     {"frmPreferences", MakeDialog<Ui::frmPreferences>},
+    {"frmViewer", MakeViewer},
+    {"frmSimpleRptrSetup", MakeDialog<Ui::frmSimpleRptrSetup>},
 };
 
 }  // namespace

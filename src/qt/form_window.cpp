@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
+#include <algorithm>
 
 #include "qt/form_size.h"
 #include "qt/latin1.h"
@@ -19,11 +20,12 @@ namespace quillmark {
 
 namespace {
 
-constexpr int mouseLook = 20;  // ms between looks for the release of a mouse button
+constexpr double helpDistance = 120;  // twips between a dialog and the window that explains it
+constexpr int mouseLook = 20;         // ms between looks for the release of a mouse button
 
 // The button that Escape clicks, whatever it is called; null when the window has none.
 QPushButton* CancelButton(const QWidget& window) {
-  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton"}) {
+  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton", "cmdClose"}) {
     if (auto* button = window.findChild<QPushButton*>(QLatin1String(name))) return button;
   }
   return nullptr;
@@ -73,17 +75,31 @@ void FormWindow::TakeSize() {
     const QSize wanted(ToPixels(form->Width()), ToPixels(form->Height()));
     window->resize(wanted.expandedTo(window->sizeHint()));
   } else {
+    // It holds itself to a part of the screen, which is too little for a picture.
     window->adjustSize();
+    window->resize(window->size().expandedTo(window->sizeHint()));
   }
   const QRect screen = window->screen()->availableGeometry();
   // Without a screen there is none to be too large for.
   if (QGuiApplication::platformName() != QLatin1String("offscreen")) {
     window->resize(window->size().boundedTo(screen.size()).expandedTo(window->minimumSizeHint()));
   }
-  const QWidget* owner = window->parentWidget();
-  const QRect around = owner != nullptr && owner->isVisible() ? owner->geometry() : screen;
-  window->move(around.center() - window->rect().center());
+  window->move(PlaceOn(screen));
   sizing = false;
+}
+
+// A window that helps with a dialog stands to its left, the others in the middle of their owner.
+QPoint FormWindow::PlaceOn(const QRect& screen) const {
+  const QWidget* owner = window->parentWidget();
+  if (owner == nullptr || !owner->isVisible()) return screen.center() - window->rect().center();
+  const bool helps = window->property("besideOwner").toBool();
+  if (!helps || qobject_cast<const QDialog*>(owner) == nullptr) {
+    return owner->geometry().center() - window->rect().center();
+  }
+  const int left = owner->frameGeometry().left() - ToPixels(helpDistance) - window->width();
+  const int top = owner->frameGeometry().top();
+  return {std::max(left, screen.left()),
+          std::max(screen.top(), std::min(top, screen.bottom() - window->height()))};
 }
 
 // What the logic adds to the form's height, the window gets too.
@@ -114,6 +130,10 @@ void FormWindow::Changed(Control&) {
 
 void FormWindow::FocusMoved(Control& control) {
   if (!dying) binder->MoveFocus(control);
+}
+
+void FormWindow::MenuPopsUp(Menu& menu, Control& beside) {
+  if (!dying) binder->PopUp(menu, beside);
 }
 
 void FormWindow::Unloaded(Form&) {
@@ -153,14 +173,19 @@ void FormWindow::RunPostponed() {
   });
 }
 
-// A key that no control took. A dialog without a Cancel button is not left by Escape.
+// A key that no control took. Escape does not leave a dialog without a Cancel button, unless it has
+// nothing but something to look at.
 bool FormWindow::KeyPressed(int key) {
   if (qobject_cast<QDialog*>(window.data()) == nullptr) {
     Act([this] { form->UserKey(); });
     return false;
   }
   if (key != Qt::Key_Escape) return false;
-  if (QPushButton* cancel = CancelButton(*window)) cancel->click();
+  if (QPushButton* cancel = CancelButton(*window)) {
+    cancel->click();
+  } else if (window->findChild<QAbstractButton*>() == nullptr) {
+    Act([this] { form->UserClose(); });
+  }
   return true;
 }
 

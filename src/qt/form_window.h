@@ -35,6 +35,7 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
 
   void Unloaded(Form& unloaded) override;
   void FocusMoved(Control& control) override;
+  void MenuPopsUp(Menu& menu, Control& beside) override;
   void Changed(Control& control) override;
   void Act(const std::function<void()>& act) override;
   void ActAfterwards(const std::function<void()>& act) override;
@@ -48,6 +49,7 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
 
  private:
   void TakeSize();
+  QPoint PlaceOn(const QRect& screen) const;
   void FollowSize();
   void NoteSize();
   bool KeyPressed(int key);

@@ -35,7 +35,10 @@ QString WithoutMnemonics(const std::string& text) {
 
 QString PlainTip(const std::string& text) {
   const QString tip = ToQt(text);
-  return Qt::mightBeRichText(tip) ? QStringLiteral("<qt>%1</qt>").arg(tip.toHtmlEscaped()) : tip;
+  // Plain text is not wrapped, and a line could be wider than the screen.
+  constexpr qsizetype longestOnOneLine = 100;
+  const bool asIs = tip.size() <= longestOnOneLine && !Qt::mightBeRichText(tip);
+  return asIs ? tip : QStringLiteral("<qt>%1</qt>").arg(tip.toHtmlEscaped());
 }
 
 QString OnTwoLines(const QString& caption) {

@@ -24,7 +24,7 @@ QString InLines(const std::string& text);
 // For places where Qt would take "&" as a mnemonic and the text means the character.
 QString WithoutMnemonics(const std::string& text);
 
-// For tool tips: Qt would show a text that looks like mark-up as such.
+// For tool tips: Qt would show a text that looks like mark-up as such, and a long one on one line.
 QString PlainTip(const std::string& text);
 
 // A long caption on two lines, broken at the blank nearest to its middle.

@@ -20,6 +20,8 @@
 #include "access/frmSetup.h"
 #include "app/console.h"
 #include "app/frmSplash.h"
+#include "config/frmSimpleRptrSetup.h"
+#include "config/frmViewer.h"
 #include "link/frmProperties.h"
 #include "prefs/frmPreferences.h"
 #include "qt/clickable_text.h"
@@ -70,6 +72,8 @@ TEST(Binder, EveryWindowFitsItsForm) {
       std::make_shared<frmLogin>(platform, session, main, code),
       std::make_shared<frmSetPass>(platform, session, main),
       std::make_shared<frmSetup>(platform, session, main),
+      std::make_shared<frmViewer>(),
+      std::make_shared<frmSimpleRptrSetup>(),
       main.shared_from_this(),
   };
   for (const auto& form : forms) {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QPushButton>
+
+namespace quillmark {
+
+// A button whose caption somebody may have chosen freely: its size does not depend on the caption,
+// so that the window stays calm; one that is too long ends in dots.
+class ElidingButton : public QPushButton {
+  Q_OBJECT
+
+ public:
+  using QPushButton::QPushButton;
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+  // The caption as far as there is room for it.
+  QString Shown() const;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace quillmark

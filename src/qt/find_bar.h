@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QPointer>
+#include <QTextDocument>
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QShortcut;
+
+namespace quillmark {
+
+// A bar below a text that finds words in it without regard to case, going on at the other end when
+// one is reached. Ctrl+F opens it, F3 and Enter find the next place, with Shift the one before;
+// Escape closes it. It is hidden until it is opened.
+class FindBar : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit FindBar(QWidget* parent = nullptr);
+
+  // The text to look through, and the window whose keys it listens to; once, both outlive it.
+  void Serve(QPlainTextEdit& text, QWidget& window);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  void Open();
+  void Close();
+  void Again(QTextDocument::FindFlags direction);
+  // From where the text's selection begins, for each letter that is typed.
+  void Typed();
+  void Search(int from, QTextDocument::FindFlags direction);
+
+  QLineEdit* line;
+  QLabel* outcome;
+  QPlainTextEdit* page = nullptr;
+  QShortcut* escape = nullptr;
+};
+
+}  // namespace quillmark
