@@ -1,6 +1,8 @@
 #include "qt/window_pictures.h"
 
 #include <QDir>
+#include <QMenu>
+#include <QPainter>
 #include <QPixmap>
 #include <QTimer>
 #include <QWidget>
@@ -8,6 +10,8 @@
 #include <memory>
 
 #include "app/console.h"
+#include "config/frmSimpleRptrSetup.h"
+#include "config/frmViewer.h"
 #include "qt/latin1.h"
 #include "qt/message_window.h"
 #include "qt/qt_windows.h"
@@ -23,6 +27,14 @@ constexpr Duration settleTime = Milliseconds(60);
 
 // The status bar has come to rest when the timer that clears it is off.
 constexpr Duration longestStatus = Seconds(3);
+
+// A save, a print and the read that follows take some seconds at the slowest rate.
+constexpr Duration longestRun = Seconds(60);
+
+constexpr const char* samplePreset =
+    "#PresetFile1\r\n#Name:Sub-remote behind the north ridge\r\n#PresetCaption:North ridge\r\n"
+    "\r\nUNIT 1234\r\nMODE R\r\nPWR 30 dBm\r\nBAUD 9600 8N1\r\nADDR 1000\r\n"
+    "XMAP 00000002\r\nXPRI 1\r\n";
 
 constexpr int modalLook = 10;  // ms between looks for a window that is about to open
 
@@ -45,7 +57,7 @@ void Type(Form& form, const char* name, const char* text) {
 
 // By the button that gives up, where the window has one.
 void Leave(Form& form) {
-  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton", "ExitButton"}) {
+  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton", "ExitButton", "cmdClose"}) {
     Click(form, name);
   }
   if (form.Loaded()) form.UserClose();
@@ -72,6 +84,8 @@ bool WindowPictures::Take() {
   WaitUntil(platform.Events, longestStatus, [&main] { return !main.Timer2.Enabled(); });
   TakeMain();
   TakeAccessWindows();
+  TakeConfigurationWindows();
+  TakePrint();
   return sound;
 }
 
@@ -130,6 +144,59 @@ void WindowPictures::TakeAccessWindows() {
   TakeShown("frmSetup", "setup-mode", [] {});
 }
 
+void WindowPictures::TakeConfigurationWindows() {
+  frmOrvalent& main = console.Main();
+  TakeModal("frmViewer", "preset", [&] {
+    const auto viewer = std::make_shared<frmViewer>();
+    viewer->Caption = "North ridge";
+    viewer->txtViewer.Text = samplePreset;
+    platform.Windows.ShowModal(viewer, main);
+  });
+  TakeShown("frmSimpleRptrSetup", "repeater-setup",
+            [&] { platform.Windows.Show(std::make_shared<frmSimpleRptrSetup>()); });
+  TakePresetMenu();
+}
+
+// A grab of the window lacks what stands over it.
+void WindowPictures::TakePresetMenu() {
+  frmOrvalent& main = console.Main();
+  QWidget* window = windows.WindowOf(main);
+  if (window == nullptr) return;
+  auto* menu = window->findChild<QMenu*>(ToQt(main.mnuPreset.Name()));
+  auto* place = window->findChild<QWidget*>(ToQt(main.cmdPre[0].Name()));
+  Button& preset = main.cmdPre[0];
+  const std::string caption = preset.Text();
+  const double fontSize = preset.FontSize();
+  const bool enabled = preset.Enabled();
+  preset.Text = "North ridge";
+  preset.FontSize = 9;
+  preset.Enabled = true;
+  main.PopupMenu(main.mnuPreset, preset);
+  Settle();
+  QPixmap picture = window->grab();
+  QPainter(&picture).drawPixmap(place->mapTo(window, place->rect().bottomLeft()), menu->grab());
+  menu->hide();
+  preset.Text = caption;
+  preset.FontSize = fontSize;
+  preset.Enabled = enabled;
+  Save(picture, "preset-menu");
+}
+
+void WindowPictures::TakePrint() {
+  frmOrvalent& main = console.Main();
+  dialogs.PdfFile = FileOf("report.pdf");
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, &look, [&] {
+    if (!main.barRun.Visible() || main.barRun.Value() * 3 < main.barRun.Max()) return;
+    look.stop();
+    Picture(main, "run-under-way");
+  });
+  look.start(modalLook);
+  if (!main.cmdPrint.OnClick || !main.cmdPrint.Click()) return;
+  sound = sound && std::filesystem::exists(dialogs.PdfFile);
+  WaitUntil(platform.Events, longestRun, [this] { return !console.Shared().RefreshRequested; });
+}
+
 // The picture is taken from inside the window's own loop.
 void WindowPictures::TakeModal(const char* formName, const std::string& name,
                                const std::function<void()>& open, const Prepare& prepare) {
@@ -184,9 +251,19 @@ void WindowPictures::Picture(const Form& form, const std::string& name) {
 void WindowPictures::Picture(QWidget& window, const std::string& name) {
   window.show();
   window.activateWindow();
+  Settle();
+  Save(window.grab(), name);
+}
+
+void WindowPictures::Settle() {
   WaitUntil(platform.Events, settleTime, [] { return false; });
-  const QString file = QDir(QString::fromStdString(folder)).filePath(ToQt(name + ".png"));
-  if (window.grab().save(file)) return;
+}
+
+std::string WindowPictures::FileOf(const std::string& name) const { return folder + "/" + name; }
+
+void WindowPictures::Save(const QPixmap& picture, const std::string& name) {
+  const QString file = QString::fromStdString(FileOf(name + ".png"));
+  if (picture.save(file)) return;
   std::fprintf(stderr, "quillmark-console: %s could not be written\n", file.toUtf8().constData());
   sound = false;
 }

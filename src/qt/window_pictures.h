@@ -6,6 +6,7 @@
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 
+class QPixmap;
 class QWidget;
 
 namespace quillmark {
@@ -34,6 +35,10 @@ class WindowPictures {
   void TakeOptionWindows();
   void TakeShellWindows();
   void TakeAccessWindows();
+  void TakeConfigurationWindows();
+  void TakePresetMenu();
+  // Prints the radio's configuration into a PDF, with a picture of the window meanwhile.
+  void TakePrint();
 
   // Of a window that runs its own loop until it is closed. `open` may decline to open it.
   void TakeModal(const char* formName, const std::string& name, const std::function<void()>& open,
@@ -43,6 +48,9 @@ class WindowPictures {
   void TakeBox(const std::string& name, Answer answer, const std::function<void()>& open);
   void Picture(const Form& form, const std::string& name);
   void Picture(QWidget& window, const std::string& name);
+  void Settle();
+  std::string FileOf(const std::string& name) const;
+  void Save(const QPixmap& picture, const std::string& name);
 
   Console& console;
   Platform& platform;
