@@ -4,7 +4,9 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPdfWriter>
 #include <QPrinterInfo>
 #include <QSaveFile>
@@ -113,7 +115,8 @@ PrintTarget TargetOf(const std::shared_ptr<QPrinter>& printer) {
 
 std::filesystem::path SuggestedPdf(const std::filesystem::path& file) {
   const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  const std::filesystem::path folder = QFile::encodeName(documents).toStdString();
+  const QString chosen = QFileInfo(documents).isDir() ? documents : QDir::homePath();
+  const std::filesystem::path folder = QFile::encodeName(chosen).toStdString();
   return folder / file.filename().replace_extension(".pdf");
 }
 

@@ -20,7 +20,8 @@ bool HasPrinter();
 std::shared_ptr<QPrinter> PrinterFor(const std::filesystem::path& file);
 // What was chosen at that printer: paper, or a PDF file.
 PrintTarget TargetOf(const std::shared_ptr<QPrinter>& printer);
-// The name that a PDF of that file is offered under: its own name, in the user's documents.
+// The name that a PDF of that file is offered under: its own name, in the user's documents
+// or, without such a folder, at home.
 std::filesystem::path SuggestedPdf(const std::filesystem::path& file);
 
 // Prints; tells what went wrong, or nothing. A PDF that fails leaves the file of that name as it

@@ -1,8 +1,10 @@
 #include "qt/qt_dialogs.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QRegularExpression>
@@ -90,9 +92,9 @@ QFileDialog* MakePdfDialog(const std::filesystem::path& suggested) {
   auto* window =
       MakeFileDialog({"Save Report as PDF", "PDF Files (*.pdf)|*.pdf"}, QFileDialog::AcceptSave);
   window->setOption(QFileDialog::DontConfirmOverwrite, false);
-  const QString name = QFile::decodeName(QByteArray::fromStdString(suggested.string()));
-  window->setDirectory(QFileInfo(name).path());
-  window->selectFile(name);
+  const QFileInfo name(QFile::decodeName(QByteArray::fromStdString(suggested.string())));
+  window->setDirectory(name.dir());
+  window->selectFile(name.fileName());
   return window;
 }
 
