@@ -26,12 +26,21 @@ Console::Console(Platform& machine)
       mainTimer(machine, session, *main, connection, readCycle),
       programmer(machine, session, *main),
       optionRows(machine, session, *main, mainTimer),
-      access(machine, session, *main, mainTimer) {
+      access(machine, session, *main, mainTimer),
+      directRun(machine, *main, connection),
+      saver(machine, *main, connection, directRun),
+      sender(machine, *main, connection, directRun),
+      fileTasks(machine, *main, directRun, saver, sender),
+      presets(machine, *main, directRun, saver, sender),
+      quickConfig(machine, *main, directRun, sender) {
   WireLink();
   WireShell();
   programmer.Wire();
   optionRows.Wire();
   access.Wire();
+  fileTasks.Wire();
+  presets.Wire();
+  quickConfig.Wire();
   WireSettingTexts(*main, platform.Dialogs, session);
 }
 
@@ -69,7 +78,10 @@ void Console::WireShell() {
   main->mnuAbout.OnClick = [this] { mnuAbout_Click(); };
   main->mnuPreferences.OnClick = [this] { mnuPreferences_Click(); };
   main->mnuFileExit.OnClick = [this] { Form_Unload(); };
-  main->OnClose = [this] { Form_Unload(); };
+  main->OnClose = [this] {
+    quickConfig.Form_QueryUnload();
+    Form_Unload();
+  };
   for (ToolButton* button :
        {&main->tbr_OpenLogFile, &main->tbr_CloseLogFile, &main->tbr_Connect, &main->tbr_Disconnect,
         &main->tbr_Properties, &main->tbr_Logout, &main->tbr_Terminal}) {
@@ -134,6 +146,7 @@ void Console::Form_Load() {
   main->LayOut(platform.Desktop.ScreenWidth(), platform.Desktop.ScreenHeight());
   main->ConnectOnLaunchPending = session.ConnectOnLaunch;
   for (Frame& frame : main->NetSet) frame.Enabled = false;
+  presets.LoadPresetButtons();
 }
 
 void Console::mnuProperties_Click() {

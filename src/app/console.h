@@ -7,6 +7,12 @@
 #include "access/access_menus.h"
 #include "app/frmOrvalent.h"
 #include "app/frmSplash.h"
+#include "config/config_saver.h"
+#include "config/config_sender.h"
+#include "config/direct_run.h"
+#include "config/file_tasks.h"
+#include "config/presets.h"
+#include "config/quick_config.h"
 #include "link/connection.h"
 #include "link/receiver.h"
 #include "link/session.h"
@@ -64,6 +70,12 @@ class Console {
   SettingProgrammer programmer;
   OptionRows optionRows;
   AccessMenus access;
+  DirectRun directRun;
+  ConfigSaver saver;
+  ConfigSender sender;
+  FileTasks fileTasks;
+  Presets presets;
+  QuickConfig quickConfig;
   std::weak_ptr<frmSplash> splash;
   bool mainLoaded = false;
   bool ending = false;

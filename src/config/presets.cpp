@@ -1,21 +1,240 @@
 #include "config/presets.h"
 
-#include <string>
+#include <memory>
+#include <system_error>
 
+#include "config/config_lines.h"
+#include "config/frmViewer.h"
 #include "prefs/utilities.h"
+#include "text/text.h"
 
 namespace quillmark {
 
-std::filesystem::path PresetFile(const ProgramFiles& files, std::size_t slot) {
-  return files.Data() / "Presets" / ("Preset" + std::to_string(slot + 1) + ".txt");
-}
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t longestCaption = 12;
+constexpr double emptyFontSize = 8;
+constexpr double filledFontSize = 9;
+constexpr const char* emptyTag = "EMPTY";
+constexpr std::size_t mostLinesShown = 10'000;
+
+constexpr const char* captionPrompt =
+    "Enter a short name for the preset.\r\n\r\nThis will be displayed as the preset\r\nbutton "
+    "caption.\r\n\r\n(Limit 12 Chars.)";
+constexpr const char* descriptionPrompt =
+    "Enter a meaningful name for the preset.\r\n\r\nThis will be displayed when the mouse "
+    "hovers\r\nover the preset buttons.";
+constexpr const char* fileTrouble = "File I/O Error";
+
+}  // namespace
 
 void UpdateSavePresetEnabled(frmOrvalent& main, const ProgramFiles& files) {
   bool slotFree = false;
-  for (std::size_t slot = 0; slot < main.cmdPre.size() && !slotFree; ++slot) {
+  for (std::size_t slot = 0; slot < PresetSlots && !slotFree; ++slot) {
     slotFree = !FileExists(PresetFile(files, slot));
   }
   main.cmdSaveToPreset.Enabled = slotFree;
+}
+
+Presets::Presets(Platform& machine, frmOrvalent& window, DirectRun& itsRun, ConfigSaver& itsSaver,
+                 ConfigSender& itsSender)
+    : platform(machine), main(window), run(itsRun), saver(itsSaver), sender(itsSender) {}
+
+void Presets::Wire() {
+  for (std::size_t index = 0; index < main.cmdPre.size(); ++index) {
+    main.cmdPre[index].OnClick = [this, index] { cmdPre_MouseUp(index, MouseButton::Left); };
+    main.cmdPre[index].OnRightClick = [this, index] { cmdPre_MouseUp(index, MouseButton::Right); };
+  }
+  main.cmdSaveToPreset.OnClick = [this] { cmdSaveToPreset_Click(); };
+  main.mnuPresetView.OnClick = [this] { mnuPresetView_Click(); };
+  main.mnuPresetDelete.OnClick = [this] { mnuPresetDelete_Click(); };
+  main.mnuPresetRename.OnClick = [this] { mnuPresetRename_Click(); };
+  main.mnuPresetEditDesc.OnClick = [this] { mnuPresetEditDesc_Click(); };
+}
+
+void Presets::LoadPresetButtons() {
+  std::error_code error;
+  for (fs::directory_iterator at(PresetFolder(platform.Files), error), end; !error && at != end;
+       at.increment(error)) {
+    if (Upper(at->path().extension().string()) != ".TXT") continue;
+    const auto place = ReadPresetPlace(at->path());
+    if (place && at->path() == File(place->Slot)) ShowFilled(place->Slot, place->Header);
+  }
+}
+
+void Presets::ShowFilled(std::size_t slot, const PresetHeader& header) {
+  Button& button = main.cmdPre[slot];
+  button.Tag = "";
+  button.FontSize = filledFontSize;
+  button.ToolTip = header.Description;
+  // A file made by hand may lack its caption, but no filled button says "(Empty)".
+  button.Text = header.Caption.empty() ? "Preset " + std::to_string(slot + 1) : header.Caption;
+}
+
+void Presets::ShowEmpty(std::size_t slot) {
+  Button& button = main.cmdPre[slot];
+  button.ToolTip = "";
+  button.Text = "(Empty)";
+  button.Tag = emptyTag;
+  button.FontSize = emptyFontSize;
+  button.Enabled = false;
+}
+
+std::optional<std::size_t> Presets::FirstEmpty() const {
+  for (std::size_t slot = 0; slot < main.cmdPre.size(); ++slot) {
+    if (main.cmdPre[slot].Tag() == emptyTag) return slot;
+  }
+  return std::nullopt;
+}
+
+void Presets::ShowFileTrouble(const char* text) { platform.Dialogs.Message({text, fileTrouble}); }
+
+void Presets::cmdPre_MouseUp(std::size_t index, MouseButton button) {
+  if (button == MouseButton::Left) {
+    ProgramFrom(index);
+    return;
+  }
+  selectedSlot = index;
+  main.PopupMenu(main.mnuPreset, main.cmdPre[index]);
+}
+
+void Presets::ProgramFrom(std::size_t slot) {
+  const Answer answer = platform.Dialogs.Message(
+      {"Program connected radio using preset: " + main.cmdPre[slot].ToolTip() + "  ?",
+       "Program from Preset", Icon::None, Buttons::YesNo});
+  if (answer != Answer::Yes) return;
+  bool mayBeSent = false;
+  sender.LoadConfigLines(File(slot), false, mayBeSent);
+  if (!mayBeSent) return;
+  const QuickTask task(run);
+  run.ShowTitle("PROGRAMMING.");
+  sender.ProgramFromFile(File(slot));
+}
+
+std::optional<std::string> Presets::AskCaption(const std::string& title,
+                                               const std::string& offered) {
+  for (;;) {
+    const std::string answer = platform.Dialogs.Input({captionPrompt, title, offered});
+    if (answer.empty()) {
+      const Answer givenUp = platform.Dialogs.Message(
+          {"Cancel Preset Saving ", "Cancel Preset", Icon::None, Buttons::YesNo});
+      if (givenUp == Answer::No) continue;
+      return std::nullopt;
+    }
+    if (answer.size() <= longestCaption) return answer;
+    const std::string shortened = answer.substr(0, longestCaption);
+    const Answer agreed = platform.Dialogs.Message(
+        {"Pre-set button caption will be\r\n\r\ntruncated to: " + shortened, "New Preset Name",
+         Icon::None, Buttons::OkCancel});
+    if (agreed == Answer::Ok) return shortened;
+  }
+}
+
+bool Presets::MakeFolder() {
+  if (DirectoryExists(PresetFolder(platform.Files))) return true;
+  std::error_code error;
+  if (fs::create_directories(PresetFolder(platform.Files), error)) return true;
+  ShowFileTrouble("Error Creating \\Presets directory.");
+  return false;
+}
+
+void Presets::cmdSaveToPreset_Click() {
+  const auto slot = FirstEmpty();
+  if (!slot) return;
+  const auto caption = AskCaption(ProgramTitle, "");
+  if (!caption) return;
+  const std::string description = platform.Dialogs.Input({descriptionPrompt, ProgramTitle, ""});
+  if (description.empty()) {
+    platform.Dialogs.Message({"Preset Save Cancelled"});
+    run.ReadRadioAgain();
+    return;
+  }
+  if (!MakeFolder()) return;
+  const QuickTask task(run);
+  try {
+    SaveInto(*slot, {description, *caption});
+  } catch (const FileError&) {
+    ShowFileTrouble("Unspecified file I/O error.");
+  }
+  run.ReadRadioAgain();
+}
+
+void Presets::SaveInto(std::size_t slot, const PresetHeader& header) {
+  const fs::path preset = File(slot);
+  fs::path temporary = preset;
+  temporary.replace_extension(".tmp");
+  // Somebody has put it there by hand: its button was empty.
+  if (FileExists(preset)) MoveOver(preset, FreeBackupName(preset));
+  std::error_code ignored;
+  fs::remove(temporary, ignored);
+  run.ShowTitle("PROGRAMMING.");
+  saver.WriteConfigToFile(temporary, false);
+  WritePreset(preset, slot, header, temporary);
+  ShowFilled(slot, header);
+  main.cmdPre[slot].Enabled = platform.MSComm1.PortOpen();
+  fs::remove(temporary, ignored);
+  if (!FirstEmpty()) main.cmdSaveToPreset.Enabled = false;
+}
+
+void Presets::mnuPresetView_Click() {
+  const auto viewer = std::make_shared<frmViewer>();
+  viewer->Caption = main.cmdPre[selectedSlot].Text();
+  if (FileExists(File(selectedSlot))) {
+    const ConfigText text = ReadConfigText(File(selectedSlot), mostLinesShown);
+    if (!text.Refusal.empty()) {
+      ShowFileTrouble("Unspecified File Error.");
+      return;
+    }
+    std::string shown;
+    for (const std::string& line : text.Lines) shown += line + "\r\n";
+    viewer->txtViewer.Text = shown;
+  }
+  platform.Windows.ShowModal(viewer, main);
+}
+
+void Presets::mnuPresetDelete_Click() {
+  const Button& button = main.cmdPre[selectedSlot];
+  const Answer answer =
+      platform.Dialogs.Message({"Delete Preset ?\r\n\r\nPreset Caption: " + button.Text() +
+                                    "\r\n\r\nDescription: " + button.ToolTip(),
+                                ProgramTitle, Icon::None, Buttons::YesNo});
+  if (answer == Answer::Yes) {
+    std::error_code error;
+    fs::remove(File(selectedSlot), error);
+    if (error) {
+      ShowFileTrouble("Unspecified File I/O Error.");
+      return;
+    }
+    ShowEmpty(selectedSlot);
+  }
+  main.cmdSaveToPreset.Enabled = true;
+}
+
+void Presets::mnuPresetRename_Click() {
+  Button& button = main.cmdPre[selectedSlot];
+  const auto caption = AskCaption("Rename Preset Button", button.Text());
+  if (!caption) return;
+  try {
+    ChangePreset(File(selectedSlot), PresetLine::Caption, *caption);
+    button.Text = *caption;
+  } catch (const FileError&) {
+    ShowFileTrouble("Unspecified File I/O Error.");
+  }
+}
+
+void Presets::mnuPresetEditDesc_Click() {
+  Button& button = main.cmdPre[selectedSlot];
+  const std::string description = platform.Dialogs.Input(
+      {"Edit this presets long description below.", "Edit Preset Description", button.ToolTip()});
+  if (description.empty()) return;
+  try {
+    ChangePreset(File(selectedSlot), PresetLine::Description, description);
+    button.ToolTip = description;
+  } catch (const FileError&) {
+    ShowFileTrouble("Unspecified File I/O Error.");
+  }
 }
 
 }  // namespace quillmark

@@ -17,23 +17,11 @@ struct Lock {
 
 // clang-format off
 constexpr Lock locks[] = {
-    {"frmOrvalent.cmdMaster", "Making a master"},
-    {"frmOrvalent.cmdRemote", "Making a remote"},
-    {"frmOrvalent.cmdRepeater", "Making a repeater"},
-    {"frmOrvalent.cmdSubRemote", "Making a sub-remote"},
-    {"frmOrvalent.cmdRptHelp*", "The explanation of repeaters"},
-    {"frmOrvalent.cmdSaveToFile", "Saving to a file"},
-    {"frmOrvalent.cmdSaveToPreset", "Saving to a preset"},
-    {"frmOrvalent.cmdProgramFromFile", "Programming from a file"},
-    {"frmOrvalent.cmdPrint", "Printing"},
-    {"frmOrvalent.cmdPre_*", "Programming from a preset"},
-    {"frmOrvalent.mnuPreset*", "Changing presets"},
     {"frmOrvalent.ButtonZoneData", "Zone data"},
     {"frmOrvalent.ButtonRSSI", "The RSSI meter"},
     {"frmOrvalent.mnuSendText", "Upgrading the firmware"},
     {"frmOrvalent.tbr_TransmitTextFile", "Upgrading the firmware"},
     {"frmOrvalent.mnuConfigRestore", "The store and restore window"},
-    {"frmSimpleXMAP.cmdHelp", "The explanation of repeaters"},
 };
 // clang-format on
 

@@ -192,7 +192,7 @@ void WindowPictures::TakePrint() {
     Picture(main, "run-under-way");
   });
   look.start(modalLook);
-  if (!main.cmdPrint.OnClick || !main.cmdPrint.Click()) return;
+  if (!main.cmdPrint.Click()) return;
   sound = sound && std::filesystem::exists(dialogs.PdfFile);
   WaitUntil(platform.Events, longestRun, [this] { return !console.Shared().RefreshRequested; });
 }

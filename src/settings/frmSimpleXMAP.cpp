@@ -1,5 +1,8 @@
 #include "settings/frmSimpleXMAP.h"
 
+#include <memory>
+
+#include "config/frmSimpleRptrSetup.h"
 #include "prefs/utilities.h"
 #include "text/numbers.h"
 
@@ -23,6 +26,7 @@ frmSimpleXMAP::frmSimpleXMAP(Platform& machine, frmOrvalent& window)
     chkXADDR.back().OnClick = [this, i] { chkXADDR_Click(i); };
   }
   cmdSet.OnClick = Handler([this] { cmdSet_Click(); });
+  cmdHelp.OnClick = [this] { cmdHelp_Click(); };
   cmdCancel.OnClick = Handler([this] { Unload(); });
   chkXADDR_Click(0);
 }
@@ -89,6 +93,14 @@ void frmSimpleXMAP::SendPrimary() {
   port.Input();
   port.Input();
   Unload();
+}
+
+// Left of this window, so that both can be read.
+void frmSimpleXMAP::cmdHelp_Click() {
+  constexpr double gap = 120;  // twips
+  const auto picture = std::make_shared<frmSimpleRptrSetup>();
+  picture->Left = Left() - gap - picture->Width();
+  platform.Windows.ShowModal(picture, *this);
 }
 
 }  // namespace quillmark

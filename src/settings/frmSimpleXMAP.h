@@ -29,6 +29,7 @@ class frmSimpleXMAP : public OptionWindow {
 
   void chkXADDR_Click(std::size_t index);
   void cmdSet_Click();
+  void cmdHelp_Click();
   void SendMap();
   void SendPrimary();
   void ShowPrimaryStage();

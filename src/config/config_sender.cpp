@@ -1,0 +1,154 @@
+#include "config/config_sender.h"
+
+#include "config/config_lines.h"
+#include "prefs/utilities.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr const char* unitPrompt =
+    "Select the UNIT number for this radio.\r\n\r\nValid numbers are from 10000 - 65000.\r\n\r\n"
+    "The factory default is a 4 digit number. If you wish to change it, the entry MUST be a five "
+    "digit number in the range above.\r\n\r\n(Click 'CANCEL' button to use the default entry.)";
+
+constexpr const char* notSaved =
+    "The file does not appear to be a saved configuration file\r\nthat was created with this "
+    "Quillmark Configuration utility.\r\n\r\nDo you want to send it to the radio anyway ?";
+
+std::string WithoutWord(std::string text, std::string_view word) {
+  while (const std::size_t at = FindAnyCase(text, word)) text.erase(at - 1, word.size());
+  return std::string(Trim(text));
+}
+
+bool IsUnitNumber(const std::string& text) {
+  constexpr double belowFirst = 9999;
+  constexpr double aboveLast = 65001;
+  const auto number = NumericValue(text);
+  return number && *number > belowFirst && *number < aboveLast;
+}
+
+}  // namespace
+
+ConfigSender::ConfigSender(Platform& machine, frmOrvalent& window, Connection& link,
+                           DirectRun& itsRun)
+    : platform(machine), main(window), connection(link), run(itsRun) {}
+
+// The user's own set wins over the one that ships with the program.
+std::filesystem::path ConfigSender::DefaultSet() const {
+  constexpr const char* name = "NewRadio.txt";
+  const std::filesystem::path own = platform.Files.Data() / name;
+  return FileExists(own) ? own : platform.Files.Shipped() / name;
+}
+
+void ConfigSender::LoadConfigLines(const std::filesystem::path& path, bool defaults, bool& result) {
+  const std::filesystem::path source = defaults ? DefaultSet() : path;
+  result = false;
+  ConfigLines.clear();
+  if (!FileExists(source)) return;
+  ConfigText text = ReadConfigText(source, MostConfigLines);
+  if (!text.Refusal.empty()) {
+    ShowRefusal(platform.Dialogs, text.Refusal);
+    return;
+  }
+  ConfigLines = std::move(text.Lines);
+  if (!defaults && !IsSavedConfig(ConfigLines)) {
+    const Answer answer =
+        platform.Dialogs.Message({notSaved, "File Error", Icon::None, Buttons::YesNo});
+    if (answer != Answer::Yes) return;
+  }
+  result = true;
+}
+
+void ConfigSender::SendConfigLines(bool checkUnit) {
+  main.PortTimedOut = false;
+  try {
+    SendLines(checkUnit);
+    return;
+  } catch (const SerialError&) {
+    // As a radio that gave no prompt.
+  } catch (const RunFailed&) {
+    // The watchdog, or the loss of the port, has told the user.
+  }
+  connection.StopPortTimeout();
+  main.DirectPortMode = false;
+  run.ReadRadioAgain();
+}
+
+void ConfigSender::SendLines(bool checkUnit) {
+  if (ConfigLines.empty()) throw RunFailed();
+  run.Reply.clear();
+  const auto all = static_cast<int>(ConfigLines.size());
+  for (int done = 0; done < all; ++done) {
+    run.ShowProgress(done, all);
+    std::string& line = ConfigLines[static_cast<std::size_t>(done)];
+    if (line.empty()) {
+      run.Sleep(1000);
+      continue;
+    }
+    if (IsComment(line)) continue;
+    if (checkUnit && Contains(line, "UNIT")) CheckUnit(line);
+    run.ShowStatus(line);
+    run.Send(line);
+    run.Dot();
+    AwaitLine(line);
+  }
+  run.ShowProgress(all, all);
+}
+
+// What the radio says to a line is not looked at, only that its prompt comes back. The setting of
+// an alarm sense line has another word, so that is sent behind it.
+void ConfigSender::AwaitLine(const std::string& line) {
+  AwaitPrompt();
+  const auto sense = AlarmSenseValue(line);
+  if (!sense) return;
+  run.Send("asense " + *sense);
+  AwaitPrompt();
+}
+
+void ConfigSender::AwaitPrompt() {
+  constexpr std::string_view end = "\r\n>";
+  connection.StartPortTimeout();
+  while (!run.Reply.ends_with(end)) {
+    run.Take();
+    run.Sleep(100);
+    platform.Events.Pump();
+    run.CheckLink();
+  }
+  connection.StopPortTimeout();
+  run.Reply.clear();
+  run.Sleep(20);
+}
+
+// Keeps a radio from receiving the number of the one that the file was taken from.
+void ConfigSender::CheckUnit(std::string& line) {
+  std::string offered = line;
+  for (;;) {
+    const std::string answer = platform.Dialogs.Input({unitPrompt, "Check UNIT number.", offered});
+    if (answer.empty()) return;
+    const std::string number = WithoutWord(answer, "UNIT");
+    if (IsUnitNumber(number)) {
+      line = "UNIT " + number;
+      platform.Dialogs.Message({"New Unit: " + line});
+      return;
+    }
+    offered = number;
+  }
+}
+
+void ConfigSender::ProgramFromFile(const std::filesystem::path& path) {
+  bool loaded = false;
+  main.DirectPortMode = true;
+  LoadConfigLines({}, true, loaded);
+  SendConfigLines(false);
+  // The first stage may have ended in its failure path.
+  main.DirectPortMode = true;
+  LoadConfigLines(path, false, loaded);
+  SendConfigLines(true);
+  main.DirectPortMode = false;
+  run.ReadRadioAgain();
+}
+
+}  // namespace quillmark

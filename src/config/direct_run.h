@@ -1,0 +1,82 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/frmOrvalent.h"
+#include "link/connection.h"
+#include "platform/platform.h"
+
+namespace quillmark {
+
+// Thrown inside a run at the radio that can't go on: no prompt in time, the link lost, a reply that
+// can't be cut, nothing to send. Only the run's own failure path catches it.
+struct RunFailed {};
+
+// What the long runs at the radio have in common (saving, programming, the roles): they read the
+// port themselves, under DirectPortMode, and show in the terminal and the status bar how far they
+// have come. Everything given to it outlives it.
+class DirectRun {
+ public:
+  DirectRun(Platform& platform, frmOrvalent& main, Connection& connection);
+
+  // Takes the line: the receive handler leaves the port alone, and the watchdog starts afresh.
+  void Begin();
+  void ShowTitle(std::string_view word);  // alone in the terminal, such as "SAVING."
+  void ShowStatus(const std::string& text) { main.pnl_Status.Text = text; }
+  void Dot();
+
+  // The bar in the status bar: `done` of `all` settings.
+  void ShowProgress(int done, int all);
+  void HideProgress() { main.barRun.Visible = false; }
+
+  // Sends the text and a carriage return. Throws SerialError.
+  void Send(const std::string& text) { platform.MSComm1.Output(text + "\r"); }
+  void Sleep(int ms);
+  void DropInput() { platform.MSComm1.Input(); }
+  // Appends what has arrived to the reply; its last 64 KiB are kept.
+  void Take();
+  std::string Reply;
+
+  // Waits until `done` holds, under the watchdog. Throws RunFailed when that fires or the link
+  // goes.
+  void Await(const std::function<bool()>& done);
+  // Throws RunFailed when the watchdog has fired or the link has gone.
+  void CheckLink() const;
+
+  // Asks for a read of the radio. On a closed port that means a connect; only one is tried in a
+  // task, so that a pulled plug brings no row of boxes.
+  void ReadRadioAgain();
+
+ private:
+  friend class QuickTask;
+
+  Platform& platform;
+  frmOrvalent& main;
+  Connection& connection;
+  bool reconnectTried = false;
+};
+
+// A quick task from the click to its end: nothing else that talks to the radio can be started
+// meanwhile.
+class QuickTask {
+ public:
+  explicit QuickTask(DirectRun& run);
+  ~QuickTask();
+  QuickTask(const QuickTask&) = delete;
+  QuickTask& operator=(const QuickTask&) = delete;
+
+ private:
+  void Hold(Control& control);
+
+  DirectRun& run;
+  struct Held {
+    Control* What;
+    bool WasEnabled;
+  };
+  std::vector<Held> held;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/frmOrvalent.h"
+#include "config/config_saver.h"
+#include "config/config_sender.h"
+#include "config/direct_run.h"
+#include "platform/platform.h"
+
+namespace quillmark {
+
+// The actions of the quick-task view on configurations: save to a file, program from one, print.
+// Everything given to it outlives it.
+class FileTasks {
+ public:
+  FileTasks(Platform& platform, frmOrvalent& main, DirectRun& run, ConfigSaver& saver,
+            ConfigSender& sender);
+
+  // Joins the buttons to their handlers.
+  void Wire();
+
+ private:
+  void cmdSaveToFile_Click();
+  void RestoreConfiguration();
+  void cmdPrint_Click();
+  std::filesystem::path ReportFile() const;
+
+  Platform& platform;
+  frmOrvalent& main;
+  DirectRun& run;
+  ConfigSaver& saver;
+  ConfigSender& sender;
+};
+
+}  // namespace quillmark

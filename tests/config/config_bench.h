@@ -1,0 +1,78 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "sim/bench.h"
+
+namespace quillmark {
+
+// A session with configuration files in a scratch folder.
+class ConfigBench : public sim::Bench {
+ public:
+  std::filesystem::path InScratch(const std::string& name) const { return ScratchFolder() / name; }
+
+  static std::string Contents(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  std::filesystem::path Write(const std::filesystem::path& path, const std::string& text) {
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+  }
+
+  // Saves the radio's configuration; the text of the file.
+  std::string Save(const std::string& name = "saved.txt") {
+    ExpectSaveFile("Radio Configuration Save").Choose(InScratch(name));
+    EXPECT_TRUE(Click("cmdSaveToFile"));
+    return Contents(InScratch(name));
+  }
+
+  // Programs the radio from a file of that text; the unit number is left as the file has it.
+  void Program(const std::string& text) {
+    ExpectOpenFile("Radio Configuration Restore").Choose(Write(InScratch("program.txt"), text));
+    if (text.find("UNIT") != std::string::npos) {
+      ExpectInput("Check UNIT number.").Reply(Answer::Cancel);
+    }
+    EXPECT_TRUE(Click("cmdProgramFromFile"));
+  }
+
+  // What every task leaves behind it, whatever has happened.
+  void ExpectIdle() {
+    EXPECT_FALSE(Main().DirectPortMode);
+    EXPECT_TRUE(Enabled("frQuick"));
+    EXPECT_TRUE(Enabled("ButtonAdv"));
+    EXPECT_FALSE(Visible("barRun"));
+    EXPECT_FALSE(Main().tmrPortTO.Enabled());
+  }
+
+  // The commands that went out, without those of the read that follows a task.
+  std::vector<std::string> TaskCommands() {
+    std::vector<std::string> commands = SentCommands();
+    return commands;
+  }
+
+  static std::string Joined(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) text += line + "\r\n";
+    return text;
+  }
+};
+
+// The shipped default set, without its last word on the mode.
+inline const std::vector<std::string> defaultSet = {
+    "MODE M",      "PWR 30",    "BAUD 4800 8N1", "PORT RS232", "DEVICE DCE", "AMASK FFFF FFFF",
+    "ASENSE HI",   "CTS 0",     "CTSHOLD 0",     "RXTOT NONE", "RXD 0",      "SLEEP OFF",
+    "LPMHOLD 0",   "ADDR NONE", "CSADDR NONE",   "HOPTIME 7",  "SKIP NONE",  "LPM 0",
+    "REPEAT 0",    "RETRY 0",   "FEC OFF",       "BUFF ON",    "SAF OFF",    "XADDR 0",
+    "XMIN 0",      "XMAX 0",    "XMAP 00000000", "XPRI NONE",  "XRSSI -120", "DTYPE NODE",
+    "DLINK 19200", "DLINK ON",  "RTU 0",         "RTU OFF",    "MODE R"};
+
+}  // namespace quillmark

@@ -1,0 +1,292 @@
+#include <sys/stat.h>
+
+#include <string>
+#include <vector>
+
+#include "config_bench.h"
+
+namespace quillmark {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+const std::string validLine = "#With Firmware Version:  77-1234A01 3.2.0\r\n";
+
+class ProgrammingFromFileTest : public ConfigBench {
+ public:
+  // The commands of the second stage, the file's own.
+  std::vector<std::string> FileCommands() { return Radio().CommandsAfter("MODE R"); }
+
+  // Everything that the radio holds, but for its names, which a restore leaves alone.
+  static std::string Holdings(const sim::SimRadio& radio) {
+    std::string text;
+    for (const char* word :
+         {"mode",    "pwr",     "baud",   "port",  "device", "amask",  "asense",  "cts",
+          "ctshold", "rxtot",   "rxd",    "sleep", "addr",   "csaddr", "hoptime", "skip",
+          "lpm",     "lpmhold", "repeat", "retry", "fec",    "buff",   "saf",     "xaddr",
+          "xmin",    "xmax",    "xmap",   "xpri",  "xrssi",  "dtype",  "dlink",   "rtu"}) {
+      text += std::string(word) + " " + radio.Setting(word) + "\n";
+    }
+    return text;
+  }
+};
+
+TEST_F(ProgrammingFromFileTest, ASavedFileBringsTheRadioBack) {
+  const struct {
+    const char* Word;
+    const char* Value;
+  } odd[] = {{"own", "Hill top"},   {"pwr", "21"},     {"baud", "9600 7E1"},  {"device", "CTS KEY"},
+             {"asense", "LO"},      {"ctshold", "70"}, {"rxd", "6"},          {"addr", "1234"},
+             {"csaddr", "77"},      {"skip", "1,3"},   {"lpm", "2"},          {"repeat", "3"},
+             {"buff", "OFF"},       {"saf", "ON"},     {"xmap", "0000000F"},  {"xpri", "3"},
+             {"xrssi", "-90"},      {"dtype", "ROOT"}, {"dlink", "9600 OFF"}, {"rtu", "5 ON"},
+             {"amask", "00FF00FF"}, {"cts", "9"},      {"rxtot", "3"},        {"sleep", "ON"},
+             {"hoptime", "29"},     {"retry", "1"},    {"fec", "ON"},         {"xaddr", "9"},
+             {"lpmhold", "4"},      {"port", "RS485"}, {"xmin", "2"},         {"xmax", "3"}};
+  for (const char mode : {'M', 'R', 'X'}) {
+    for (const std::string revision : {"1.9.0", "3.2.0"}) {
+      SCOPED_TRACE(std::string(1, mode) + revision);
+      StartConnected({.Revision = revision, .Mode = mode});
+      for (const auto& each : odd) Radio().Program(each.Word, each.Value);
+      const std::string saved = Save();
+      ASSERT_TRUE(Refresh());
+
+      // The first stage alone, behind which a file of comments is an empty second one.
+      Program(validLine);
+      sim::SimRadio factory({.Revision = revision});
+      EXPECT_EQ(Holdings(Radio()), Holdings(factory));
+      ASSERT_TRUE(Refresh());
+
+      Program(saved);
+      ASSERT_TRUE(Refresh());
+      std::filesystem::remove(InScratch("saved.txt"));
+      EXPECT_EQ(Save(), saved);
+      ExpectIdle();
+      std::filesystem::remove(InScratch("saved.txt"));
+      ASSERT_TRUE(Quit());
+      Restart();
+    }
+  }
+}
+
+TEST_F(ProgrammingFromFileTest, TheBytesTheirTimesAndWhatShows) {
+  StartConnected();
+  OnCommand("OWN Mast", [&] {
+    EXPECT_EQ(Text("pnl_Status"), "OWN Mast");
+    EXPECT_TRUE(Visible("barRun"));
+    EXPECT_FALSE(Enabled("frQuick"));
+  });
+  const Duration start = Now();
+  Program(validLine + "\r\n\r\n#Comment\r\nOWN Mast\r\n   \r\nALARM ACTIVE: LO\r\nADDR 7");
+  const Duration took = Now() - start;
+  EXPECT_EQ(Sent(), [] {
+    std::string sent;
+    for (const std::string& line : defaultSet) sent += line + "\r";
+    return sent + "OWN Mast\r   \rALARM ACTIVE: LO\rasense LO\rADDR 7\r";
+  }());
+  // Two pauses of a second, and for each line two looks 100 ms apart and 20 ms.
+  const auto lines = static_cast<std::int64_t>(defaultSet.size() + 5);
+  EXPECT_EQ(took / Milliseconds(1), 2000 + lines * 220);
+  EXPECT_EQ(Radio().Setting("asense"), "LO");
+  EXPECT_EQ(Text("txtTerm"), "\r\n\r\n\r\n\r\n\r\nRESTORING." +
+                                 std::string(static_cast<std::size_t>(lines) - 1, '.'));
+  EXPECT_EQ(Text("pnl_Status"), "ADDR 7");
+  EXPECT_TRUE(Shared().RefreshRequested);
+  ExpectIdle();
+}
+
+TEST_F(ProgrammingFromFileTest, TheUnitNumberIsChecked) {
+  const std::string prompt =
+      "Select the UNIT number for this radio.\r\n\r\nValid numbers are from 10000 - "
+      "65000.\r\n\r\nThe factory default is a 4 digit number. If you wish to change it, the entry "
+      "MUST be a five digit number in the range above.\r\n\r\n(Click 'CANCEL' button to use the "
+      "default entry.)";
+  const struct {
+    const char *Line, *Refused, *Offered, *Answer, *Sent;
+  } cases[] = {
+      {"UNIT 3456", nullptr, nullptr, "", "UNIT 3456"},
+      {"UNIT 3456", nullptr, nullptr, "10000", "UNIT 10000"},
+      {"UNIT 3456", nullptr, nullptr, "65000", "UNIT 65000"},
+      {"unit 3456", nullptr, nullptr, " uniT 12345 UNIT", "UNIT 12345"},
+      {"UNIT 3456", "9999", "9999", "", "UNIT 3456"},
+      {"UNIT 3456", "65001", "65001", "10001", "UNIT 10001"},
+      {"UNIT 3456", "UNIT abc", "abc", "10001", "UNIT 10001"},
+      {"OWN Unit 7", nullptr, nullptr, "", "OWN Unit 7"},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(std::string(each.Line) + " " + each.Answer);
+    StartConnected();
+    const char* title = "Check UNIT number.";
+    if (each.Refused != nullptr) {
+      ExpectInput(title).Saying(prompt).Offering(each.Line).Type(each.Refused);
+      ExpectInput(title).Saying(prompt).Offering(each.Offered).Type(each.Answer);
+    } else {
+      ExpectInput(title).Saying(prompt).Offering(each.Line).Type(each.Answer);
+    }
+    if (*each.Answer != '\0') {
+      ExpectBox(ProgramTitle).Saying("New Unit: " + std::string(each.Sent));
+    }
+    ExpectOpenFile("Radio Configuration Restore")
+        .Choose(Write(InScratch("f.txt"), validLine + each.Line));
+    ASSERT_TRUE(Click("cmdProgramFromFile"));
+    EXPECT_THAT(FileCommands(), ElementsAre(each.Sent));
+    CheckExpectations();
+    ASSERT_TRUE(Quit());
+    Restart();
+  }
+}
+
+TEST_F(ProgrammingFromFileTest, AFileOfAnotherKindBringsTheQuestionTwice) {
+  StartConnected();
+  const std::string question =
+      "The file does not appear to be a saved configuration file\r\nthat was created with this "
+      "Quillmark Configuration utility.\r\n\r\nDo you want to send it to the radio anyway ?";
+  ExpectBox("File Error").Saying(question).With(Buttons::YesNo).Reply(Answer::No);
+  Program("ADDR 5");
+  EXPECT_EQ(Sent(), "");
+  ExpectBox("File Error").Saying(question).Reply(Answer::Yes);
+  ExpectBox("File Error").Saying(question).Reply(Answer::No);
+  Program("ADDR 5");
+  EXPECT_THAT(FileCommands(), ElementsAre("ADDR 5"));
+  ExpectIdle();
+}
+
+TEST_F(ProgrammingFromFileTest, FilesOfEveryShape) {
+  const std::string hundred = [] {
+    std::string lines;
+    for (int line = 0; line < 100; ++line) lines += "#\n";
+    return lines;
+  }();
+  const struct {
+    const char* Name;
+    std::string Text;
+    const char* Refused;  // part of the box; null: it is sent
+    std::vector<std::string> Sent;
+  } cases[] = {
+      {"line feeds", validLine + "ADDR 1\nADDR 2\n", nullptr, {"ADDR 1", "ADDR 2"}},
+      {"returns", validLine + "ADDR 1\rADDR 2", nullptr, {"ADDR 1", "ADDR 2"}},
+      {"mark", "\xEF\xBB\xBF" + validLine + "ADDR 1", nullptr, {"ADDR 1"}},
+      {"controls", validLine + std::string("AD\0D\x1BR\t 1\x7F", 11), nullptr, {"ADDR 1"}},
+      {"101 lines", hundred + "with firmware version:", nullptr, {"with firmware version:"}},
+      {"102 lines", hundred + validLine + "ADDR 1", "more than 101 lines", {}},
+      {"10 MB", std::string(10'000'000, '\n'), "more than 101 lines", {}},
+      {"one line", std::string(10'000'000, 'x'), "more than 1024 characters", {}},
+      {"1024",
+       validLine + "OWM " + std::string(1020, 'x'),
+       nullptr,
+       {"OWM " + std::string(251, 'x')}},
+      {"1025", validLine + std::string(1025, 'x'), "more than 1024 characters", {}},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Name);
+    StartConnected();
+    if (each.Refused != nullptr) ExpectBox("File Error").Containing(each.Refused);
+    Program(each.Text);
+    if (each.Refused != nullptr) {
+      EXPECT_EQ(Sent(), "");
+    } else {
+      EXPECT_EQ(FileCommands(), each.Sent);
+    }
+    ExpectIdle();
+    CheckExpectations();
+    ASSERT_TRUE(Quit());
+    Restart();
+  }
+}
+
+TEST_F(ProgrammingFromFileTest, ThingsThatAreNoFiles) {
+  StartConnected();
+  std::filesystem::create_directory(InScratch("folder"));
+  ASSERT_EQ(mkfifo(InScratch("fifo").c_str(), 0600), 0);
+  for (const auto& path : {InScratch("folder"), InScratch("fifo"), InScratch("missing.txt")}) {
+    SCOPED_TRACE(path);
+    if (std::filesystem::exists(path)) ExpectBox("File Error").Containing("no plain file");
+    ExpectOpenFile("Radio Configuration Restore").Choose(path);
+    ASSERT_TRUE(Click("cmdProgramFromFile"));
+    EXPECT_EQ(Sent(), "");
+  }
+  // An empty file: the question comes twice, the radio is cleared, and nothing follows.
+  ExpectBox("File Error").Containing("does not appear").Reply(Answer::Yes);
+  ExpectBox("File Error").Containing("does not appear").Reply(Answer::Yes);
+  Program("");
+  EXPECT_THAT(FileCommands(), IsEmpty());
+  ExpectIdle();
+  // One that goes while the radio is being cleared: the default set is not sent in its place.
+  ASSERT_TRUE(Refresh());
+  ClearLog();
+  OnCommand("SAF OFF", [this] { std::filesystem::remove(InScratch("program.txt")); });
+  Program(validLine + "ADDR 1");
+  EXPECT_EQ(SentCommands(), defaultSet);
+  ExpectIdle();
+}
+
+TEST_F(ProgrammingFromFileTest, TheUsersOwnDefaultSetWinsAndAMissingOneSendsNothing) {
+  StartConnected();
+  Write(DataFolder() / "NewRadio.txt", "MODE R\n");
+  Program(validLine + "ADDR 1");
+  EXPECT_THAT(SentCommands(), ElementsAre("MODE R", "ADDR 1"));
+  std::filesystem::remove(DataFolder() / "NewRadio.txt");
+  std::filesystem::remove(ShippedFolder() / "NewRadio.txt");
+  ASSERT_TRUE(Refresh());
+  ClearLog();
+  Program(validLine + "ADDR 2");
+  EXPECT_THAT(SentCommands(), ElementsAre("ADDR 2"));
+  ExpectIdle();
+}
+
+TEST_F(ProgrammingFromFileTest, ASilentOrLostRadioEndsTheStageAtThatLine) {
+  const std::string file = validLine + "ADDR 1\r\nADDR 2\r\nADDR 3";
+  for (const int at : {1, 20, 35, 36, 38}) {
+    for (const bool unplugged : {false, true}) {
+      SCOPED_TRACE(std::to_string(at) + (unplugged ? " unplugged" : " silent"));
+      StartConnected();
+      const int before = Radio().CommandCount();
+      const std::size_t boxesBefore = Boxes().size();
+      if (unplugged) {
+        TolerateBoxes();
+        Faults().HangUpAtCommand = before + at;
+      } else {
+        Faults().SilentFrom = Faults().SilentUntil = before + at;
+        ExpectBox("Radio Communications Error");
+      }
+      Program(file);
+      const std::vector<std::string> commands = SentCommands();
+      const std::size_t first = std::min<std::size_t>(static_cast<std::size_t>(at), 35);
+      ASSERT_GE(commands.size(), first);
+      EXPECT_EQ(commands[first - 1], defaultSet[first - 1]);
+      if (!unplugged && at < 36) {
+        // The second stage follows all the same.
+        EXPECT_EQ(std::vector<std::string>(commands.begin() + at, commands.end()),
+                  (std::vector<std::string>{"ADDR 1", "ADDR 2", "ADDR 3"}));
+      } else {
+        EXPECT_EQ(commands.size(), static_cast<std::size_t>(at));
+      }
+      ExpectIdle();
+      CheckExpectations();
+      if (unplugged) {
+        // The file dialog, the loss, and one try to connect again.
+        EXPECT_EQ(Boxes().size() - boxesBefore, 3U);
+        Plug();
+        ASSERT_TRUE(Connect());
+      }
+      TolerateBoxes(false);
+      ASSERT_TRUE(Quit());
+      Restart();
+    }
+  }
+}
+
+TEST_F(ProgrammingFromFileTest, ARadioThatDeniesEverythingIsSentEverything) {
+  StartConnected({.Password = "abcd"});
+  Program(validLine + "ADDR 1");
+  EXPECT_THAT(FileCommands(), ElementsAre("ADDR 1"));
+  EXPECT_THAT(Received(), HasSubstr("ACCESS DENIED"));
+  EXPECT_THAT(Received(), Not(HasSubstr("PROGRAMMED OK")));
+  ExpectIdle();
+}
+
+}  // namespace
+}  // namespace quillmark

@@ -1,0 +1,226 @@
+#include <string>
+#include <vector>
+
+#include "config_bench.h"
+
+namespace quillmark {
+namespace {
+
+using sim::Expectation;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class QuickConfigTest : public ConfigBench {
+ public:
+  static std::string Question(const std::string& first, const std::string& address = "1000") {
+    return first + "\r\n\r\nBAUD: 9600\r\n\r\nADDR: " + address + "\r\n\r\nPWR: 30 dBm";
+  }
+  Expectation& ExpectQuestion(const std::string& title) {
+    return ExpectBox(title).With(Buttons::YesNo).Reply(Answer::Yes);
+  }
+  // What was sent behind the default set.
+  std::string RoleBytes() {
+    std::string sent = Sent();
+    std::string set;
+    for (const std::string& line : defaultSet) set += line + "\r";
+    EXPECT_THAT(sent, StartsWith(set));
+    return sent.substr(std::min(set.size(), sent.size()));
+  }
+  // When the last byte of a command had arrived, in ms behind that of the command before it.
+  std::vector<long> Pauses(const std::vector<std::string>& commands) {
+    std::vector<long> pauses;
+    Duration last{};
+    for (const std::string& command : commands) {
+      const std::size_t at = Sent().rfind(command + "\r");
+      const Duration time = Line().Log().ToRadio().Times.at(at);
+      if (last != Duration::zero()) pauses.push_back((time - last) / Milliseconds(1));
+      last = time;
+    }
+    return pauses;
+  }
+};
+
+TEST_F(QuickConfigTest, EachRoleSendsItsCommandsAndLeavesTheRadioInIt) {
+  const struct {
+    const char *Button, *Title, *First, *Sent, *Mode;
+    int DotsBehind;  // the default set's
+  } cases[] = {
+      {"cmdMaster", "MASTER", "Program radio as MASTER...",
+       "MODE M\rADDR 1000\rPWR 30\rBAUD 9600\rSAF ON\r", "M", 5},
+      {"cmdRemote", "REMOTE", "Program radio as REMOTE...",
+       "MODE R\rADDR 1000\rPWR 30\rBAUD 9600\r", "R", 4},
+      {"cmdRepeater", "REPEATER", "Program radio as REPEATER...",
+       "MODE X\rADDR 1000\rPWR 30\rBAUD 9600\rXADDR 7\r", "X", 4},
+      {"cmdSubRemote", "REPEATER", "Program radio as a REMOTE connecting through a REPEATER...",
+       "MODE R\rADDR 1000\rPWR 30\rBAUD 9600\rXMAP 00000002\rXPRI 1\r", "R", 4},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Button);
+    StartConnected({.Revision = "3.2.0", .Mode = 'X'});
+    Radio().Program("xrssi", "-60");
+    ExpectQuestion(each.Title).Saying(Question(each.First));
+    const std::string button = each.Button;
+    if (button == "cmdMaster") {
+      ExpectQuestion("Repeater ?").Saying("Will the MASTER have a REPEATER in the system ?");
+    } else if (button == "cmdRepeater") {
+      ExpectInput("Enter XADDR")
+          .Saying(
+              "Enter this repeater's XADDR. (This is the number used by the remotes that are "
+              "to associate with this repeater.)")
+          .Offering("1")
+          .Type("7");
+    } else if (button == "cmdSubRemote") {
+      ExpectWindow("frmSimpleXMAP").Do([&] {
+        EXPECT_TRUE(Main().DirectPortMode);
+        EXPECT_TRUE(Click("chkXADDR_1"));
+        EXPECT_TRUE(Click("cmdSet"));
+        EXPECT_TRUE(Click("cmdSet"));
+      });
+    }
+    OnCommand("MODE M", [&] { EXPECT_FALSE(Enabled("frQuick")); });
+    ASSERT_TRUE(Click(each.Button));
+    EXPECT_EQ(RoleBytes(), each.Sent);
+    EXPECT_EQ(Text("txtTerm"),
+              "\r\n\r\n\r\n\r\n\r\nPROGRAMMING." +
+                  std::string(defaultSet.size() + static_cast<std::size_t>(each.DotsBehind), '.'));
+    EXPECT_EQ(Radio().Setting("mode"), each.Mode);
+    EXPECT_EQ(Radio().Setting("addr"), "1000");
+    EXPECT_EQ(Radio().Setting("pwr"), "30 dBm");
+    EXPECT_EQ(Radio().Setting("baud"), "9600 8N1");
+    EXPECT_EQ(Radio().Setting("saf"), button == "cmdMaster" ? "ON" : "OFF");
+    EXPECT_EQ(Radio().Setting("xaddr"), button == "cmdRepeater" ? "7" : "0");
+    EXPECT_EQ(Radio().Setting("xmap"), button == "cmdSubRemote" ? "00000002" : "00000000");
+    EXPECT_EQ(Radio().Setting("xrssi"), "-120");
+    const auto pauses =
+        Pauses({"MODE " + std::string(each.Mode), "ADDR 1000", "PWR 30", "BAUD 9600"});
+    EXPECT_THAT(pauses, ::testing::ElementsAre(250, 100, 100));
+    EXPECT_TRUE(Shared().RefreshRequested);
+    ExpectIdle();
+    ASSERT_TRUE(Quit());
+    Restart();
+  }
+}
+
+TEST_F(QuickConfigTest, TheValuesAreThoseOfTheFrame) {
+  StartConnected();
+  Edit("cmbBaud", "115200");
+  Slide("sldPwr", 20);
+  const struct {
+    const char *Typed, *Sent;
+    bool Refused;
+  } cases[] = {{"01000", "ADDR 1000\r", false},
+               {"abc", "ADDR 0\r", true},
+               {"70000", "ADDR 70000\r", true},
+               {" 12x", "ADDR 12\r", true}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Typed);
+    Edit("txtNewADDR", each.Typed);
+    ExpectQuestion("REMOTE").Saying("Program radio as REMOTE...\r\n\r\nBAUD: 115200\r\n\r\nADDR: " +
+                                    std::string(each.Typed) + "\r\n\r\nPWR: 20 dBm");
+    ClearLog();
+    ASSERT_TRUE(Click("cmdRemote"));
+    EXPECT_EQ(RoleBytes(), "MODE R\r" + std::string(each.Sent) + "PWR 20\rBAUD 115200\r");
+    ASSERT_TRUE(Refresh());
+  }
+  ExpectBox("REMOTE").Reply(Answer::No);
+  ClearLog();
+  ASSERT_TRUE(Click("cmdRemote"));
+  EXPECT_EQ(Sent(), "");
+}
+
+TEST_F(QuickConfigTest, TheRepeatersAddress) {
+  const struct {
+    const char* Name;
+    std::vector<std::string> Answers;
+    std::vector<Answer> Sure;  // to the question about 0
+    const char* Sent;
+  } cases[] = {
+      {"cancelled", {""}, {}, ""},
+      {"bad ones first", {"32", "-1", "x", "1.5"}, {}, "XADDR 1.5\r"},
+      {"nought", {"0", "0"}, {Answer::No, Answer::Yes}, "XADDR 0\r"},
+      {"highest", {"31"}, {}, "XADDR 31\r"},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Name);
+    StartConnected();
+    ExpectQuestion("REPEATER");
+    for (const std::string& answer : each.Answers) ExpectInput("Enter XADDR").Type(answer);
+    for (const Answer sure : each.Sure) {
+      ExpectBox("XADDR")
+          .Saying(
+              "XADDR 0 is the default setting for a Master radio.\r\n\r\nAre you sure you want "
+              "to use an XADDR of 0 ?")
+          .Reply(sure);
+    }
+    if (each.Answers.size() == 4) {
+      for (int bad = 0; bad < 3; ++bad) {
+        ExpectBox("Invalid XADDR").Saying("XADDR is a number between 0 and 31.");
+      }
+    }
+    if (each.Answers.front().empty()) {
+      ExpectBox(ProgramTitle).Saying("REPEATER radio programmed WITH default XADDR of 0");
+    }
+    ASSERT_TRUE(Click("cmdRepeater"));
+    EXPECT_EQ(RoleBytes(), "MODE X\rADDR 1000\rPWR 30\rBAUD 9600\r" + std::string(each.Sent));
+    ExpectIdle();
+    CheckExpectations();
+    ASSERT_TRUE(Quit());
+    Restart();
+  }
+}
+
+TEST_F(QuickConfigTest, NoKeepAliveAndNoReadWhileABoxIsUp) {
+  StartConnected();
+  ExpectQuestion("MASTER");
+  ExpectBox("Repeater ?").StaysUp(Seconds(600)).Reply(Answer::No);
+  const int reads = ReadCycles();
+  ASSERT_TRUE(Click("cmdMaster"));
+  EXPECT_EQ(RoleBytes(), "MODE M\rADDR 1000\rPWR 30\rBAUD 9600\r");
+  EXPECT_EQ(ReadCycles(), reads);
+  EXPECT_THAT(Text("txtTerm"), HasSubstr(std::string(defaultSet.size() + 6, '.')));
+}
+
+TEST_F(QuickConfigTest, ASilentOrLostRadio) {
+  for (const bool unplugged : {false, true}) {
+    for (const int at : {3, 35, 37}) {
+      SCOPED_TRACE(std::to_string(at) + (unplugged ? " unplugged" : " silent"));
+      StartConnected();
+      TolerateBoxes();
+      ExpectQuestion("REMOTE");
+      const int before = Radio().CommandCount();
+      if (unplugged) {
+        Faults().HangUpAtCommand = before + at;
+      } else {
+        Faults().SilentFrom = Faults().SilentUntil = before + at;
+      }
+      ASSERT_TRUE(Click("cmdRemote"));
+      // The role follows a silent clearing all the same.
+      const bool sentRole = SentCommands().back() == "BAUD 9600";
+      EXPECT_EQ(sentRole, !unplugged);
+      ExpectIdle();
+      if (unplugged) Plug();
+      ASSERT_TRUE(Quit());
+      Restart();
+    }
+  }
+}
+
+TEST_F(QuickConfigTest, ThePictureOfRepeaters) {
+  StartConnected();
+  ASSERT_TRUE(Click("cmdRptHelp1"));
+  EXPECT_EQ(Text("frmSimpleRptrSetup"), "Store-and-Forward Repeater Setup");
+  ASSERT_TRUE(Click("cmdRptHelp2"));
+  ExpectQuestion("REPEATER");
+  ExpectWindow("frmSimpleXMAP").Do([&](Form& guide) {
+    ExpectWindow("frmSimpleRptrSetup").Do([](Form& picture) { picture.Unload(); });
+    EXPECT_TRUE(Click("cmdHelp"));
+    guide.UserClose();
+  });
+  ASSERT_TRUE(Click("cmdSubRemote"));
+  EXPECT_TRUE(WindowOpen("frmSimpleRptrSetup"));
+  ASSERT_TRUE(Quit());
+  EXPECT_FALSE(WindowOpen("frmSimpleRptrSetup"));
+}
+
+}  // namespace
+}  // namespace quillmark
