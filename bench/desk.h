@@ -15,16 +15,16 @@ namespace quillmark::bench {
 
 class Surroundings;
 
-// Answers as a person would who agrees; a log goes where the bench wants it.
+// Answers as a person would who agrees, and chooses the file that the bench wants.
 class DeskDialogs : public Dialogs {
  public:
   Answer Message(const MessageBox& box) override;
   std::string Input(const InputBox&) override { return {}; }
-  std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return {}; }
-  std::optional<std::filesystem::path> SaveFile(const FileDialog&) override { return LogFile; }
+  std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return ChosenFile; }
+  std::optional<std::filesystem::path> SaveFile(const FileDialog&) override { return ChosenFile; }
   std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path&) override { return {}; }
 
-  std::optional<std::filesystem::path> LogFile;
+  std::optional<std::filesystem::path> ChosenFile;
   std::string LastMessage;
 };
 

@@ -24,9 +24,10 @@ struct Measurement {
 };
 
 constexpr Measurement measurements[] = {
-    {"read-cycle", MeasureReadCycle}, {"waking", MeasureWaking}, {"idle", MeasureIdle},
-    {"unplug", MeasureUnplug},        {"start", MeasureStart},   {"terminal", MeasureTerminal},
-    {"tests", MeasureTestSuite},
+    {"read-cycle", MeasureReadCycle}, {"configurations", MeasureConfigurations},
+    {"waking", MeasureWaking},        {"idle", MeasureIdle},
+    {"unplug", MeasureUnplug},        {"start", MeasureStart},
+    {"terminal", MeasureTerminal},    {"tests", MeasureTestSuite},
 };
 
 QString Names() {

@@ -12,6 +12,7 @@ class Surroundings;
 // console and its own radio, and throws std::exception when it cannot measure.
 
 std::vector<Figure> MeasureReadCycle(Surroundings& surroundings);
+std::vector<Figure> MeasureConfigurations(Surroundings& surroundings);
 std::vector<Figure> MeasureWaking(Surroundings& surroundings);
 std::vector<Figure> MeasureIdle(Surroundings& surroundings);
 std::vector<Figure> MeasureUnplug(Surroundings& surroundings);

@@ -113,7 +113,7 @@ Streamed Stream(const Surroundings& surroundings) {
   Desk desk(surroundings, feeder.Device);
   desk.Connect();
   desk.RunFor(Seconds(1));
-  desk.Boxes().LogFile = logFile;
+  desk.Boxes().ChosenFile = logFile;
   desk.Main().mnuOpenLog.Click();
   const Moment begin = Now();
   desk.Main().txtTerm.UserType(std::string(streamWord) + "\r");
