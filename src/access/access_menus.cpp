@@ -27,6 +27,14 @@ void AccessMenus::Wire() {
   main.mnuSetupMode.OnClick = handler(&AccessMenus::mnuSetupMode_Click);
 }
 
+std::string AccessMenus::OpenWindow() const {
+  const bool passwords = setPass && setPass->Loaded();
+  const bool benchTest = setup && setup->Loaded();
+  if (!passwords && !benchTest) return {};
+  return std::string("Please close the window \"") +
+         (passwords ? setPass->Caption() : setup->Caption()) + "\" first.";
+}
+
 bool AccessMenus::PortIsOpen() {
   if (platform.MSComm1.PortOpen()) return true;
   platform.Dialogs.Message({"Please Toggle COMM Port open first.", "User Help"});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "access/frmLogin.h"
 #include "access/frmSetPass.h"
@@ -21,6 +22,8 @@ class AccessMenus {
 
   // Joins the menus and the toolbar's Login to their handlers.
   void Wire();
+  // A sentence on a window of these that is open and has the line; empty when there is none.
+  std::string OpenWindow() const;
 
  private:
   void mnuAccessCode_Click();

@@ -38,6 +38,7 @@ Console::Console(Platform& machine)
   programmer.Wire();
   optionRows.Wire();
   access.Wire();
+  directRun.Obstacle = [this] { return access.OpenWindow(); };
   fileTasks.Wire();
   presets.Wire();
   quickConfig.Wire();
@@ -56,7 +57,7 @@ void Console::WireLink() {
   main->txtNewADDR.OnLostFocus = [this] {
     ValidateNewAddr(platform.Dialogs, main->txtNewADDR.Text());
   };
-  main->imgConnected.OnClick = [this] { connection.DisconnectRadio(); };
+  main->imgConnected.OnClick = [this] { Disconnect(); };
   main->imgNotConnected.OnClick = [this] { connection.ConnectRadio(); };
   main->mnuOpen.OnClick = [this] { connection.mnuOpen_Click(); };
   main->mnuProperties.OnClick = [this] { mnuProperties_Click(); };
@@ -100,7 +101,7 @@ void Console::tbrToolBar_ButtonClick(std::string_view key) {
       {"OpenLogFile", [this] { log.mnuOpenLog_Click(); }},
       {"CloseLogFile", [this] { log.mnuCloseLog_Click(); }},
       {"Connect", [this] { connection.ConnectRadio(); }},
-      {"Disconnect", [this] { connection.DisconnectRadio(); }},
+      {"Disconnect", [this] { Disconnect(); }},
       {"Properties", [this] { mnuProperties_Click(); }},
       {"Logout", [this] { connection.LogoutRadio(); }},
       {"Terminal", [this] { main->ToggleTerminal(); }},
@@ -108,6 +109,11 @@ void Console::tbrToolBar_ButtonClick(std::string_view key) {
   for (const Row& row : rows) {
     if (EqualAnyCase(row.Key, key)) row.Run();
   }
+}
+
+void Console::Disconnect() {
+  directRun.LetGo();
+  connection.DisconnectRadio();
 }
 
 void Console::Start() {
@@ -189,10 +195,10 @@ void Console::Form_Unload() {
 }
 
 void Console::SendLogout() {
-  if (!session.LogoutOnQuit) return;
   try {
+    if (platform.MSComm1.PortOpen() && main->EchoIsOff) SwitchEcho(platform.MSComm1, *main, true);
+    if (!session.LogoutOnQuit) return;
     if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);
-    if (main->EchoIsOff) SwitchEcho(platform.MSComm1, *main, true);
     platform.MSComm1.Output("PASS NONE\r");
   } catch (const SerialError&) {
     return;  // nobody is there to be logged out

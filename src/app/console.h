@@ -52,6 +52,7 @@ class Console {
   void WireLink();
   void WireShell();
   void tbrToolBar_ButtonClick(std::string_view key);
+  void Disconnect();
   void mnuAbout_Click();
   void mnuProperties_Click();
   void mnuPreferences_Click();

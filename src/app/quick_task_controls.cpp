@@ -36,7 +36,6 @@ QuickTaskControls::QuickTaskControls(Form& form)
   cmbBaud.SetText("9600");
   cmdSubRemote.ToolTip = "A 'Sub-Remote' is a remote unit that talks through a repeater.";
   cmdPrint.ToolTip = "Prints radio configuration to default printer";
-  for (Label* label : {&Label1, &Label2, &Label3}) label->ToolTip = "Click for more Information";
   for (Button& preset : cmdPre) {
     preset.Tag = "EMPTY";
     preset.FontSize = 8;

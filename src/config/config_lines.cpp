@@ -74,13 +74,18 @@ ConfigText ReadConfigText(const fs::path& path, std::size_t mostLines) {
     return text;
   }
   LineCutter cutter(text.Lines, mostLines);
+  // What is dropped from lines counts too: a file of such bytes alone would be read for hours.
+  const std::size_t mostBytes = (mostLines + 1) * (LongestConfigLine + 2);
+  std::size_t bytes = 0;
   bool taken = true;
   std::string chunk(4096, '\0');
   for (bool first = true; taken && file; first = false) {
     file.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
     std::string part = chunk.substr(0, static_cast<std::size_t>(file.gcount()));
     if (first) part = WithoutMark(std::move(part));
-    taken = std::all_of(part.begin(), part.end(), [&](char byte) { return cutter.Take(byte); });
+    bytes += part.size();
+    taken = bytes <= mostBytes &&
+            std::all_of(part.begin(), part.end(), [&](char byte) { return cutter.Take(byte); });
   }
   if (taken && file.bad()) {
     text.Refusal = Refused(path, "can't be read to its end.");
@@ -88,7 +93,8 @@ ConfigText ReadConfigText(const fs::path& path, std::size_t mostLines) {
     text.Refusal = Refused(
         path, cutter.LineTooLong()
                   ? "has a line of more than " + std::to_string(LongestConfigLine) + " characters."
-                  : "has more than " + std::to_string(mostLines) + " lines.");
+              : bytes > mostBytes ? "is too large for a configuration."
+                                  : "has more than " + std::to_string(mostLines) + " lines.");
   }
   return text;
 }

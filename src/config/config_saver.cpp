@@ -52,7 +52,7 @@ std::string FirmwareText(std::string reply) {
   const auto from = static_cast<std::ptrdiff_t>(FindAnyCase(reply, "srev")) + wordAndBlank;
   // Not the blank and the prompt at the end.
   const auto text = Mid(reply, from, static_cast<std::ptrdiff_t>(reply.size()) - from - 1);
-  if (!text) throw RunFailed();
+  if (!text) throw RunFailed{"The radio's reply to srev can't be read."};
   return *text;
 }
 
@@ -75,8 +75,8 @@ void ConfigSaver::WriteConfigToFile(std::filesystem::path path, bool report) {
     Fail(error.what());
   } catch (const SerialError&) {
     Fail("");
-  } catch (const RunFailed&) {
-    Fail("");
+  } catch (const RunFailed& failure) {
+    Fail(failure.Why);
   }
 }
 
@@ -98,6 +98,8 @@ bool ConfigSaver::ChooseFile(std::filesystem::path& path) {
 }
 
 void ConfigSaver::Write(const std::filesystem::path& path, bool report) {
+  // A link that went while a dialog was up must not cost the old file its name.
+  run.CheckLink();
   ReplacedFile file(path);
   if (report) {
     run.ShowStatus("Preparing Report");
@@ -185,8 +187,13 @@ void ConfigSaver::AwaitPrompt(const std::function<bool()>& isReply,
       if (whileSilent) whileSilent();
       return false;
     }
-    return (EndsInPrompt(run.Reply) && isReply()) ||
-           platform.Events.Now() - lastChange >= doubtfulEnd;
+    if (EndsInPrompt(run.Reply) && isReply()) return true;
+    // The watchdog is for a radio that says nothing: it does not run down over the doubt.
+    if (lastChange == platform.Events.Now()) {
+      connection.StopPortTimeout();
+      connection.StartPortTimeout();
+    }
+    return platform.Events.Now() - lastChange >= doubtfulEnd;
   });
 }
 
@@ -213,6 +220,11 @@ void ConfigSaver::WriteSetting(ReplacedFile& file, const SavedSetting& row) {
   run.Sleep(50);
   AwaitPrompt([this] { return !IsBarePrompt(run.Reply); });
   if (row.Dot) run.Dot();
+  // The cuts count on the short prompt.
+  constexpr std::string_view setupPrompt = "SETUP>";
+  if (run.Reply.ends_with(setupPrompt)) {
+    run.Reply.replace(run.Reply.size() - setupPrompt.size(), setupPrompt.size(), ">");
+  }
   if (const auto lines = CutSetting(row, run.Reply)) {
     file.Line(*lines);
     if (row.Way == SavedSetting::Cut::SixWide) modeLetter = Mid(*lines, 6, 1).value_or("");

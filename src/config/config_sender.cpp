@@ -85,7 +85,7 @@ void ConfigSender::SendLines(bool checkUnit) {
     run.ShowProgress(done, all);
     std::string& line = ConfigLines[static_cast<std::size_t>(done)];
     if (line.empty()) {
-      run.Sleep(1000);
+      Pause();
       continue;
     }
     if (IsComment(line)) continue;
@@ -96,6 +96,15 @@ void ConfigSender::SendLines(bool checkUnit) {
     AwaitLine(line);
   }
   run.ShowProgress(all, all);
+}
+
+// A second, during which the window stays alive.
+void ConfigSender::Pause() {
+  for (int part = 0; part < 10; ++part) {
+    run.Sleep(100);
+    platform.Events.Pump();
+    run.CheckLink();
+  }
 }
 
 // What the radio says to a line is not looked at, only that its prompt comes back. The setting of
@@ -143,6 +152,7 @@ void ConfigSender::ProgramFromFile(const std::filesystem::path& path) {
   main.DirectPortMode = true;
   LoadConfigLines({}, true, loaded);
   SendConfigLines(false);
+  if (run.UserLetGo()) return;
   // The first stage may have ended in its failure path.
   main.DirectPortMode = true;
   LoadConfigLines(path, false, loaded);

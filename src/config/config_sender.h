@@ -39,6 +39,7 @@ class ConfigSender {
   void SendLines(bool checkUnit);
   void AwaitLine(const std::string& line);
   void AwaitPrompt();
+  void Pause();
   void CheckUnit(std::string& line);
 
   Platform& platform;

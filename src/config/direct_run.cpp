@@ -44,8 +44,8 @@ void DirectRun::Take() {
 }
 
 void DirectRun::CheckLink() const {
-  // Whoever closes the link takes DirectPortMode away.
-  if (main.PortTimedOut || !main.DirectPortMode || !platform.MSComm1.PortOpen()) throw RunFailed();
+  if (userLetGo || main.PortTimedOut || !main.DirectPortMode || !platform.MSComm1.PortOpen())
+    throw RunFailed();
 }
 
 void DirectRun::Await(const std::function<bool()>& done) {
@@ -60,40 +60,62 @@ void DirectRun::Await(const std::function<bool()>& done) {
   connection.StopPortTimeout();
 }
 
+bool DirectRun::MayStart() {
+  const std::string obstacle = Obstacle ? Obstacle() : "";
+  if (obstacle.empty()) return true;
+  platform.Dialogs.Message({obstacle, "User Help"});
+  return false;
+}
+
 void DirectRun::ReadRadioAgain() {
-  if (!platform.MSComm1.PortOpen()) {
-    if (reconnectTried) return;
-    reconnectTried = true;
+  if (userLetGo) return;
+  if (task == nullptr || platform.MSComm1.PortOpen()) {
+    connection.ButtonRefresh_Click();
+    return;
   }
+  if (reconnectTried) return;
+  reconnectTried = true;
   connection.ButtonRefresh_Click();
+  task->HoldAll();
 }
 
 QuickTask::QuickTask(DirectRun& itsRun) : run(itsRun) {
+  run.task = this;
   run.reconnectTried = false;
+  run.userLetGo = false;
   frmOrvalent& main = run.main;
   for (Control* control : std::initializer_list<Control*>{
            &main.frQuick, &main.InfoFrame, &main.ButtonAdv, &main.ButtonZoneData, &main.ButtonRSSI,
-           &main.mnuSpecial, &main.mnuSendText, &main.tbr_TransmitTextFile, &main.tbr_Login,
+           &main.mnuSpecial, &main.mnuPort, &main.mnuOpenLog, &main.mnuAbout, &main.tbr_Properties,
+           &main.tbr_OpenLogFile, &main.mnuSendText, &main.tbr_TransmitTextFile, &main.tbr_Login,
            &main.tbr_Logout}) {
-    Hold(*control);
+    held.push_back({control, false});
   }
+  HoldAll();
 }
 
-void QuickTask::Hold(Control& control) {
-  held.push_back({&control, control.Enabled()});
-  control.Enabled = false;
+void QuickTask::HoldAll() {
+  for (Held& each : held) {
+    if (!each.What->Enabled()) continue;
+    each.WasEnabled = true;
+    each.What->Enabled = false;
+  }
 }
 
 QuickTask::~QuickTask() {
+  frmOrvalent& main = run.main;
   const bool linkStands = run.platform.MSComm1.PortOpen();
   for (const Held& each : held) {
     // The link's own controls were switched off with it.
-    const bool ofLink = each.What == &run.main.mnuSendText ||
-                        each.What == &run.main.tbr_TransmitTextFile ||
-                        each.What == &run.main.tbr_Login || each.What == &run.main.tbr_Logout;
-    if (!ofLink || linkStands) each.What->Enabled = each.WasEnabled || each.What->Enabled();
+    const bool ofLink = each.What == &main.mnuSendText || each.What == &main.tbr_TransmitTextFile ||
+                        each.What == &main.tbr_Login || each.What == &main.tbr_Logout;
+    if (each.WasEnabled && (!ofLink || linkStands)) each.What->Enabled = true;
   }
   run.HideProgress();
+  // The status panel has told what was done; nobody else takes it back.
+  main.Timer2.Enabled = true;
+  run.task = nullptr;
+  run.userLetGo = false;
 }
 
 }  // namespace quillmark

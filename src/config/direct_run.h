@@ -13,7 +13,11 @@ namespace quillmark {
 
 // Thrown inside a run at the radio that can't go on: no prompt in time, the link lost, a reply that
 // can't be cut, nothing to send. Only the run's own failure path catches it.
-struct RunFailed {};
+struct RunFailed {
+  std::string Why{};  // a sentence for the terminal; empty where a box has told it
+};
+
+class QuickTask;
 
 // What the long runs at the radio have in common (saving, programming, the roles): they read the
 // port themselves, under DirectPortMode, and show in the terminal and the status bar how far they
@@ -46,6 +50,14 @@ class DirectRun {
   // Throws RunFailed when the watchdog has fired or the link has gone.
   void CheckLink() const;
 
+  // What keeps a task from being started, as a sentence; empty: nothing. Set by the application.
+  std::function<std::string()> Obstacle;
+  // False, with a box, while something keeps it.
+  bool MayStart();
+  // The user closes the link: a task that is under way ends with it, and connects to nobody.
+  void LetGo() { userLetGo = true; }
+  bool UserLetGo() const { return userLetGo; }
+
   // Asks for a read of the radio. On a closed port that means a connect; only one is tried in a
   // task, so that a pulled plug brings no row of boxes.
   void ReadRadioAgain();
@@ -56,7 +68,9 @@ class DirectRun {
   Platform& platform;
   frmOrvalent& main;
   Connection& connection;
+  QuickTask* task = nullptr;
   bool reconnectTried = false;
+  bool userLetGo = false;
 };
 
 // A quick task from the click to its end: nothing else that talks to the radio can be started
@@ -69,7 +83,10 @@ class QuickTask {
   QuickTask& operator=(const QuickTask&) = delete;
 
  private:
-  void Hold(Control& control);
+  friend class DirectRun;
+
+  // Also what a connect in the middle of the task has switched on again.
+  void HoldAll();
 
   DirectRun& run;
   struct Held {

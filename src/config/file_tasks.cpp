@@ -1,6 +1,5 @@
 #include "config/file_tasks.h"
 
-#include <algorithm>
 #include <system_error>
 
 #include "config/temp_folder.h"
@@ -34,13 +33,14 @@ void FileTasks::Wire() {
 }
 
 void FileTasks::cmdSaveToFile_Click() {
-  if (!platform.MSComm1.PortOpen()) return;
+  if (!platform.MSComm1.PortOpen() || !run.MayStart()) return;
   const QuickTask task(run);
   saver.WriteConfigToFile({}, false);
   run.ReadRadioAgain();
 }
 
 void FileTasks::RestoreConfiguration() {
+  if (!run.MayStart()) return;
   const auto path = platform.Dialogs.OpenFile(
       {"Radio Configuration Restore", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
   if (!path) return;
@@ -54,12 +54,14 @@ void FileTasks::RestoreConfiguration() {
 
 // Named after the radio's serial number, behind its word.
 fs::path FileTasks::ReportFile() const {
-  const std::string number = Mid(main.SerialNumber.Text(), 4, 1000).value_or("");
+  constexpr std::ptrdiff_t longestName = 100;
+  const std::string number = Mid(main.SerialNumber.Text(), 4, longestName).value_or("");
   const std::string name = NameText(number);
   return TempFolder(platform.Files) / ((name.empty() ? "config" : name) + ".txt");
 }
 
 void FileTasks::cmdPrint_Click() {
+  if (!run.MayStart()) return;
   std::error_code ignored;
   fs::create_directories(TempFolder(platform.Files), ignored);
   const fs::path report = ReportFile();
@@ -73,7 +75,6 @@ void FileTasks::cmdPrint_Click() {
       platform.Desktop.Print(*target, report, "Quillmark SS radio configuration");
     }
   }
-  main.Timer2.Enabled = true;
   run.ReadRadioAgain();
 }
 

@@ -33,6 +33,27 @@ std::vector<std::string> WholeFile(const fs::path& path) {
   return std::move(text.Lines);
 }
 
+// Readers refuse longer lines, and with them the preset.
+std::string HeaderLine(std::string_view key, const std::string& text) {
+  return (std::string(key) + text).substr(0, LongestConfigLine);
+}
+
+// Under another name first, so that a preset that could not be written whole is none.
+void WriteInOneStep(const fs::path& path, const std::vector<std::string>& lines) {
+  fs::path unfinished = path;
+  unfinished.replace_extension(".new");
+  try {
+    ReplacedFile file(unfinished);
+    for (const std::string& line : lines) file.Line(line);
+    file.Complete();
+    MoveOver(unfinished, path);
+  } catch (const FileError&) {
+    std::error_code ignored;
+    fs::remove(unfinished, ignored);
+    throw;
+  }
+}
+
 }  // namespace
 
 fs::path PresetFolder(const ProgramFiles& files) { return files.Data() / "Presets"; }
@@ -60,19 +81,18 @@ std::optional<PresetPlace> ReadPresetPlace(const fs::path& path) {
 
 void WritePreset(const fs::path& path, std::size_t slot, const PresetHeader& header,
                  const fs::path& configuration) {
-  const std::vector<std::string> lines = WholeFile(configuration);
-  ReplacedFile file(path);
-  file.Line(std::string(slotKey) + std::to_string(slot + 1));
-  file.Line(std::string(nameKey) + header.Description);
-  file.Line(std::string(captionKey) + header.Caption);
-  for (const std::string& line : lines) file.Line(line);
-  file.Complete();
+  std::vector<std::string> lines = WholeFile(configuration);
+  const std::string head[] = {std::string(slotKey) + std::to_string(slot + 1),
+                              HeaderLine(nameKey, header.Description),
+                              HeaderLine(captionKey, header.Caption)};
+  lines.insert(lines.begin(), std::begin(head), std::end(head));
+  WriteInOneStep(path, lines);
 }
 
 void ChangePreset(const fs::path& path, PresetLine line, const std::string& text) {
   if (!FileExists(path)) return;
   const std::string_view key = line == PresetLine::Caption ? captionKey : nameKey;
-  const std::string changed = std::string(key) + text;
+  const std::string changed = HeaderLine(key, text);
   std::vector<std::string> lines = WholeFile(path);
   bool found = false;
   for (std::string& each : lines) {
@@ -81,12 +101,7 @@ void ChangePreset(const fs::path& path, PresetLine line, const std::string& text
     found = true;
   }
   if (!found) lines.insert(lines.begin(), changed);
-  fs::path temporary = path;
-  temporary.replace_extension(".tmp");
-  ReplacedFile file(temporary);
-  for (const std::string& each : lines) file.Line(each);
-  file.Complete();
-  MoveOver(temporary, path);
+  WriteInOneStep(path, lines);
 }
 
 }  // namespace quillmark

@@ -101,6 +101,7 @@ void Presets::cmdPre_MouseUp(std::size_t index, MouseButton button) {
 }
 
 void Presets::ProgramFrom(std::size_t slot) {
+  if (!run.MayStart()) return;
   const Answer answer = platform.Dialogs.Message(
       {"Program connected radio using preset: " + main.cmdPre[slot].ToolTip() + "  ?",
        "Program from Preset", Icon::None, Buttons::YesNo});
@@ -142,7 +143,7 @@ bool Presets::MakeFolder() {
 
 void Presets::cmdSaveToPreset_Click() {
   const auto slot = FirstEmpty();
-  if (!slot) return;
+  if (!slot || !run.MayStart()) return;
   const auto caption = AskCaption(ProgramTitle, "");
   if (!caption) return;
   const std::string description = platform.Dialogs.Input({descriptionPrompt, ProgramTitle, ""});
@@ -167,14 +168,22 @@ void Presets::SaveInto(std::size_t slot, const PresetHeader& header) {
   temporary.replace_extension(".tmp");
   // Somebody has put it there by hand: its button was empty.
   if (FileExists(preset)) MoveOver(preset, FreeBackupName(preset));
-  std::error_code ignored;
-  fs::remove(temporary, ignored);
+  std::error_code error;
+  fs::remove(temporary, error);
+  // Else an old one could pass for what is to be read now.
+  if (error) throw FileError(error.message());
   run.ShowTitle("PROGRAMMING.");
   saver.WriteConfigToFile(temporary, false);
+  struct Removed {
+    const fs::path& path;
+    ~Removed() {
+      std::error_code ignored;
+      fs::remove(path, ignored);
+    }
+  } removed{temporary};
   WritePreset(preset, slot, header, temporary);
   ShowFilled(slot, header);
   main.cmdPre[slot].Enabled = platform.MSComm1.PortOpen();
-  fs::remove(temporary, ignored);
   if (!FirstEmpty()) main.cmdSaveToPreset.Enabled = false;
 }
 
@@ -200,16 +209,15 @@ void Presets::mnuPresetDelete_Click() {
       platform.Dialogs.Message({"Delete Preset ?\r\n\r\nPreset Caption: " + button.Text() +
                                     "\r\n\r\nDescription: " + button.ToolTip(),
                                 ProgramTitle, Icon::None, Buttons::YesNo});
-  if (answer == Answer::Yes) {
-    std::error_code error;
-    fs::remove(File(selectedSlot), error);
-    if (error) {
-      ShowFileTrouble("Unspecified File I/O Error.");
-      return;
-    }
+  main.cmdSaveToPreset.Enabled = platform.MSComm1.PortOpen();
+  if (answer != Answer::Yes) return;
+  std::error_code error;
+  fs::remove(File(selectedSlot), error);
+  if (error) {
+    ShowFileTrouble("Unspecified File I/O Error.");
+  } else {
     ShowEmpty(selectedSlot);
   }
-  main.cmdSaveToPreset.Enabled = true;
 }
 
 void Presets::mnuPresetRename_Click() {

@@ -1,7 +1,9 @@
 #include "config/quick_config.h"
 
 #include <array>
-#include <cstdio>
+#include <charconv>
+#include <cmath>
+#include <system_error>
 
 #include "settings/frmSimpleXMAP.h"
 #include "text/numbers.h"
@@ -43,14 +45,12 @@ constexpr Role subRemote{"REPEATER",
                          true, {dot, 100, end}, Next::GuideSubRemote};
 // clang-format on
 
-// Without an exponent, and without a point where there is nothing behind it.
+// Without an exponent, whatever the user's country writes for a decimal point.
 std::string PlainDecimal(double value) {
   std::array<char, 400> text{};
-  std::snprintf(text.data(), text.size(), "%.6f", value);
-  std::string plain = text.data();
-  plain.erase(plain.find_last_not_of('0') + 1);
-  if (plain.ends_with('.')) plain.pop_back();
-  return plain;
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  return end.ec == std::errc() && std::isfinite(value) ? std::string(text.data(), end.ptr) : "0";
 }
 
 }  // namespace
@@ -86,11 +86,11 @@ bool QuickConfig::Confirmed(const Role& role) const {
 }
 
 void QuickConfig::Role_Click(const Role& role) {
-  if (!Confirmed(role)) return;
+  if (!run.MayStart() || !Confirmed(role)) return;
   const QuickTask task(run);
   try {
     ClearUnit(role);
-    SendRole(role);
+    if (!run.UserLetGo()) SendRole(role);
   } catch (const SerialError&) {
     // The loss of the port has told the user.
   }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -35,7 +34,6 @@ class QuickConfig {
   void SendRole(const Role& role);
   void AskForRepeater();
   void AskXaddr();
-  void GuideSubRemote();
 
   Platform& platform;
   frmOrvalent& main;

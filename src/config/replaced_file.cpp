@@ -49,7 +49,10 @@ ReplacedFile::ReplacedFile(const fs::path& path) {
   }
   errno = 0;
   file.open(target, std::ios::binary | std::ios::trunc);
-  if (file) return;
+  if (file) {
+    if (!backup.empty()) fs::permissions(target, status.permissions(), error);
+    return;
+  }
   const std::error_code cause = LastError();
   if (!backup.empty()) fs::rename(backup, target, error);
   Fail(target, cause);

@@ -56,7 +56,7 @@ std::ptrdiff_t TailLength(const std::string& reply, std::size_t from) {
 
 std::string MustCut(const std::string& reply, std::size_t from, std::ptrdiff_t length) {
   auto text = Mid(reply, static_cast<std::ptrdiff_t>(from), length);
-  if (!text) throw RunFailed();
+  if (!text) throw RunFailed{"A reply of the radio can't be read."};
   return *text;
 }
 

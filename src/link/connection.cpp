@@ -61,7 +61,6 @@ void Connection::Open() {
   main.ConnectCancelled = false;
   main.NotConnected = false;
   main.SecretReplies = 0;
-  main.EchoIsOff = false;
   try {
     OpenAndWake();
   } catch (const SerialError& error) {
@@ -83,6 +82,7 @@ void Connection::Open() {
 void Connection::OpenAndWake() {
   SerialPort& port = platform.MSComm1;
   if (port.PortOpen()) SendClos();
+  main.EchoIsOff = false;
   port.SetPortOpen(!port.PortOpen());
   main.mnuOpen.Checked = port.PortOpen();
   if (!port.PortOpen()) {
@@ -214,6 +214,7 @@ void Connection::SendClos() {
 
 void Connection::DisconnectRadio() {
   StopConnectTimer();
+  StopPortTimeout();
   main.ConnectCancelled = true;
   main.txtTerm.Text = "";
   try {

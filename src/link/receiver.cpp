@@ -87,7 +87,11 @@ void Receiver::ReportError(const std::string& wording) {
   errorBoxUp = true;
   // The box may stay up for long; the window must not go on showing a link meanwhile.
   const bool vanished = !platform.MSComm1.PortOpen();
-  if (vanished) connection.ShowDisconnected();
+  if (vanished) {
+    connection.ShowDisconnected();
+    // One loss, one box.
+    connection.StopPortTimeout();
+  }
   const Answer answer =
       platform.Dialogs.Message({wording, "Click Cancel to quit, OK to ignore.", Icon::None,
                                 Buttons::OkCancel, vanished ? vanishedDetails : ""});

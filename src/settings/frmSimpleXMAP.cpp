@@ -46,6 +46,13 @@ void frmSimpleXMAP::chkXADDR_Click(std::size_t index) {
 }
 
 void frmSimpleXMAP::cmdSet_Click() {
+  // The second click of a double click, behind the pauses, would answer the next stage's question.
+  if (setting) return;
+  setting = true;
+  struct Done {
+    bool& flag;
+    ~Done() { flag = false; }
+  } done{setting};
   if (stage == Stage::Map) {
     SendMap();
   } else {

@@ -37,7 +37,8 @@ class frmSimpleXMAP : public OptionWindow {
   Stage stage = Stage::Map;
   std::string map;  // binary digits, address 31 first
   std::size_t lastClicked = 0;
-  bool busy = false;  // the boxes are being set from here
+  bool setting = false;  // "Set" is at work
+  bool busy = false;     // the boxes are being set from here
 };
 
 }  // namespace quillmark

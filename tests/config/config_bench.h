@@ -1,7 +1,9 @@
 #pragma once
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -11,6 +13,23 @@
 #include "sim/bench.h"
 
 namespace quillmark {
+
+// While it lives no file can grow beyond so many bytes: a disk that is full.
+class LimitedFiles {
+ public:
+  explicit LimitedFiles(rlim_t bytes) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit limit{bytes, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~LimitedFiles() { setrlimit(RLIMIT_FSIZE, &before); }
+  LimitedFiles(const LimitedFiles&) = delete;
+  LimitedFiles& operator=(const LimitedFiles&) = delete;
+
+ private:
+  rlimit before{};
+};
 
 // A session with configuration files in a scratch folder.
 class ConfigBench : public sim::Bench {
@@ -51,18 +70,6 @@ class ConfigBench : public sim::Bench {
     EXPECT_TRUE(Enabled("ButtonAdv"));
     EXPECT_FALSE(Visible("barRun"));
     EXPECT_FALSE(Main().tmrPortTO.Enabled());
-  }
-
-  // The commands that went out, without those of the read that follows a task.
-  std::vector<std::string> TaskCommands() {
-    std::vector<std::string> commands = SentCommands();
-    return commands;
-  }
-
-  static std::string Joined(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) text += line + "\r\n";
-    return text;
   }
 };
 

@@ -180,7 +180,6 @@ TEST_F(PresetsTest, WhatFailsIsSaid) {
   std::filesystem::remove(DataFolder() / "Presets");
   // The temporary file can't be made.
   std::filesystem::create_directories(DataFolder() / "Presets" / "Preset1.tmp" / "x");
-  ExpectBox("File I/O Error").Containing("Overwrite ?").Reply(Answer::Yes);
   ExpectBox("File I/O Error").Saying("Unspecified file I/O error.");
   SavePreset("a", "b");
   EXPECT_EQ(Seen(1), empty);
@@ -194,6 +193,45 @@ TEST_F(PresetsTest, WhatFailsIsSaid) {
   EXPECT_EQ(Contents(Slot(1)).substr(0, 41), "#PresetFile1\r\n#Name:b\r\n#PresetCaption:a\r\n");
   EXPECT_EQ(Seen(1), "a|b||9|on");
   ExpectIdle();
+}
+
+TEST_F(PresetsTest, TextsThatDoNotFitAreCutSoThatTheFileCanBeRead) {
+  StartConnected();
+  SavePreset("../a/b", std::string(3000, 'd'));
+  ASSERT_TRUE(RightClick("cmdPre_0"));
+  ExpectInput("Edit Preset Description").Type(std::string(2000, 'e'));
+  ASSERT_TRUE(Click("mnuPresetEditDesc"));
+  ASSERT_TRUE(Quit());
+  Restart();
+  EXPECT_EQ(Seen(1), "../a/b|" + std::string(1018, 'e') + "||9|off");
+}
+
+// A disk that fills up in the middle leaves no half preset behind.
+TEST_F(PresetsTest, APresetThatCannotBeWrittenWholeIsNone) {
+  StartConnected();
+  ExpectBox("File I/O Error").Saying("Unspecified file I/O error.");
+  {
+    const LimitedFiles limited(400);
+    SavePreset("a", "b");
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(DataFolder() / "Presets"));
+  EXPECT_EQ(Seen(1), empty);
+}
+
+TEST_F(PresetsTest, DeletingWithoutALink) {
+  Fill(1, "One", "d");
+  StartConnected();
+  ASSERT_TRUE(RightClick("cmdPre_0"));
+  ExpectBox("Click Cancel to quit, OK to ignore.");
+  ExpectBox(ProgramTitle)
+      .Containing("One")
+      .Do([this] { Unplug(); })
+      .StaysUp(Seconds(1))
+      .Reply(Answer::Yes);
+  ASSERT_TRUE(Click("mnuPresetDelete"));
+  Run(Seconds(1));
+  EXPECT_EQ(Seen(1), empty);
+  EXPECT_FALSE(Enabled("cmdSaveToPreset"));
 }
 
 }  // namespace

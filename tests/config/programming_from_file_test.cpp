@@ -47,7 +47,7 @@ TEST_F(ProgrammingFromFileTest, ASavedFileBringsTheRadioBack) {
              {"hoptime", "29"},     {"retry", "1"},    {"fec", "ON"},         {"xaddr", "9"},
              {"lpmhold", "4"},      {"port", "RS485"}, {"xmin", "2"},         {"xmax", "3"}};
   for (const char mode : {'M', 'R', 'X'}) {
-    for (const std::string revision : {"1.9.0", "3.2.0"}) {
+    for (const std::string revision : {"1.9.0", "2.0.0", "3.0.0", "3.2.0"}) {
       SCOPED_TRACE(std::string(1, mode) + revision);
       StartConnected({.Revision = revision, .Mode = mode});
       for (const auto& each : odd) Radio().Program(each.Word, each.Value);
@@ -58,6 +58,7 @@ TEST_F(ProgrammingFromFileTest, ASavedFileBringsTheRadioBack) {
       Program(validLine);
       sim::SimRadio factory({.Revision = revision});
       EXPECT_EQ(Holdings(Radio()), Holdings(factory));
+      EXPECT_EQ(Radio().Setting("own"), "Hill top");
       ASSERT_TRUE(Refresh());
 
       Program(saved);
@@ -96,6 +97,8 @@ TEST_F(ProgrammingFromFileTest, TheBytesTheirTimesAndWhatShows) {
   EXPECT_EQ(Text("pnl_Status"), "ADDR 7");
   EXPECT_TRUE(Shared().RefreshRequested);
   ExpectIdle();
+  Run(Seconds(3));
+  EXPECT_EQ(Text("pnl_Status"), "Status: ");
 }
 
 TEST_F(ProgrammingFromFileTest, TheUnitNumberIsChecked) {
@@ -178,6 +181,7 @@ TEST_F(ProgrammingFromFileTest, FilesOfEveryShape) {
        validLine + "OWM " + std::string(1020, 'x'),
        nullptr,
        {"OWM " + std::string(251, 'x')}},
+      {"noughts", std::string(10'000'000, '\0'), "too large", {}},
       {"1025", validLine + std::string(1025, 'x'), "more than 1024 characters", {}},
   };
   for (const auto& each : cases) {
@@ -277,6 +281,41 @@ TEST_F(ProgrammingFromFileTest, ASilentOrLostRadioEndsTheStageAtThatLine) {
       Restart();
     }
   }
+}
+
+// Who pulls the brake gets no second stage, and no other radio is connected to.
+TEST_F(ProgrammingFromFileTest, TheUsersDisconnectEndsItAll) {
+  for (const char* task : {"cmdProgramFromFile", "cmdRemote", "cmdPre_0"}) {
+    SCOPED_TRACE(task);
+    Write(DataFolder() / "Presets" / "Preset1.txt", "#PresetFile1\r\n" + validLine + "ADDR 1");
+    StartConnected();
+    if (std::string(task) == "cmdProgramFromFile") {
+      ExpectOpenFile("Radio Configuration Restore")
+          .Choose(Write(InScratch("f.txt"), validLine + "ADDR 1"));
+    } else {
+      ExpectBox(std::string(task) == "cmdRemote" ? "REMOTE" : "Program from Preset")
+          .Reply(Answer::Yes);
+    }
+    OnCommand("SKIP NONE", [this] { Click("tbr_Disconnect"); });
+    ASSERT_TRUE(Click(task));
+    EXPECT_EQ(SentCommands().back(), "CLOS");
+    Run(Seconds(60));
+    EXPECT_EQ(SentCommands().back(), "CLOS");
+    ExpectIdle();
+    EXPECT_FALSE(Enabled("tbr_Login"));
+    ASSERT_TRUE(Connect());
+    ASSERT_TRUE(Quit());
+    Restart();
+  }
+}
+
+TEST_F(ProgrammingFromFileTest, APulledPlugBringsOneBoxHoweverLongItStaysUp) {
+  StartConnected();
+  OnCommand("SKIP NONE", [this] { Unplug(); });
+  ExpectBox("Click Cancel to quit, OK to ignore.").StaysUp(Seconds(10));
+  ExpectBox("Error").Containing("The selected COM port is not available.");
+  Program(validLine + "ADDR 1");
+  ExpectIdle();
 }
 
 TEST_F(ProgrammingFromFileTest, ARadioThatDeniesEverythingIsSentEverything) {

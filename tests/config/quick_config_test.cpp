@@ -73,7 +73,12 @@ TEST_F(QuickConfigTest, EachRoleSendsItsCommandsAndLeavesTheRadioInIt) {
       ExpectWindow("frmSimpleXMAP").Do([&] {
         EXPECT_TRUE(Main().DirectPortMode);
         EXPECT_TRUE(Click("chkXADDR_1"));
+        EXPECT_TRUE(Click("chkXADDR_5"));
+        EXPECT_TRUE(Click("chkXADDR_5"));
+        // A double click, whose second half comes behind the pauses.
+        After(Milliseconds(100), [this] { Click("cmdSet"); });
         EXPECT_TRUE(Click("cmdSet"));
+        EXPECT_TRUE(WindowOpen("frmSimpleXMAP"));
         EXPECT_TRUE(Click("cmdSet"));
       });
     }

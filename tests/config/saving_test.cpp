@@ -120,7 +120,9 @@ TEST_F(SavingTest, TheBytesAndWhatShowsMeanwhile) {
     EXPECT_TRUE(Visible("barRun"));
     EXPECT_EQ(As<ProgressBar>("barRun").Value(), 18);
     EXPECT_EQ(As<ProgressBar>("barRun").Max(), 33);
-    for (const char* name : {"frQuick", "ButtonAdv", "mnuSpecial", "tbr_Login"}) {
+    for (const char* name :
+         {"frQuick", "ButtonAdv", "mnuSpecial", "mnuPort", "mnuAbout", "mnuOpenLog", "mnuSendText",
+          "tbr_Properties", "tbr_OpenLogFile", "tbr_TransmitTextFile", "tbr_Login", "tbr_Logout"}) {
       EXPECT_FALSE(Enabled(name)) << name;
     }
     Type("txtTerm", "x");  // a key must not get between the commands
@@ -136,6 +138,7 @@ TEST_F(SavingTest, TheBytesAndWhatShowsMeanwhile) {
   EXPECT_TRUE(Shared().RefreshRequested);
   Run(Seconds(3));
   EXPECT_EQ(Text("pnl_Status"), "Status: ");
+  EXPECT_TRUE(Enabled("mnuPort") && Enabled("tbr_Logout") && Enabled("mnuSendText"));
 }
 
 TEST_F(SavingTest, AFileThatIsThereIsReplacedOnlyOnYes) {
@@ -308,18 +311,75 @@ TEST_F(SavingTest, ReportGoesToThePrinter) {
   EXPECT_TRUE(std::filesystem::is_empty(temp));
 }
 
-TEST_F(SavingTest, QuittingInTheMiddleLosesNothing) {
+TEST_F(SavingTest, AFullDiskIsSaidAndLeavesBothFiles) {
   StartConnected();
   Write(InScratch("f.txt"), "old");
   ExpectBox("File I/O Error").Reply(Answer::Yes);
-  OnCommand("cts", [this] { Quit(); });
-  ExpectSaveFile("Radio Configuration Save").Choose(InScratch("f.txt"));
-  Click("cmdSaveToFile");
-  EXPECT_TRUE(Ended());
+  {
+    const LimitedFiles limited(300);
+    EXPECT_EQ(Save("f.txt").size(), 300U);
+  }
   EXPECT_EQ(Contents(InScratch("f.txt.bak")), "old");
-  EXPECT_THAT(Contents(InScratch("f.txt")), HasSubstr("AMASK"));
-  Line().Advance(Now() + Seconds(1));
+  EXPECT_THAT(Text("txtTerm"), HasSubstr("was not saved. " + InScratch("f.txt").string()));
   EXPECT_TRUE(Radio().Echo());
+  ExpectIdle();
+}
+
+TEST_F(SavingTest, ARadioInSetupModeGivesTheSameLines) {
+  StartConnected({.Mode = 'X'});
+  SetOddValues();
+  Line().HostSends(Now(), "setup\r", 19200);
+  Run(Milliseconds(100));
+  const std::string saved = Save();
+  EXPECT_EQ(saved.substr(saved.find("UNIT")),
+            OddFile('X', "3.2.0").substr(OddFile('X', "3.2.0").find("UNIT")));
+}
+
+// A window that has the line for a secret, or the bench test, keeps every task from starting.
+TEST_F(SavingTest, WindowsThatHaveTheLineComeFirst) {
+  StartConnected();
+  ASSERT_TRUE(Click("mnuSetPass"));
+  ClearLog();
+  for (const char* task :
+       {"cmdSaveToFile", "cmdProgramFromFile", "cmdPrint", "cmdSaveToPreset", "cmdMaster"}) {
+    ExpectBox("User Help").Saying("Please close the window \"Radio Password Setup\" first.");
+    EXPECT_TRUE(Click(task)) << task;
+  }
+  EXPECT_EQ(Sent(), "");
+  // Closing the port in front of that window gives the radio its echo back.
+  ASSERT_TRUE(Click("mnuOpen"));
+  EXPECT_THAT(Sent(), StartsWith("eeco\rCLOS\r"));
+}
+
+TEST_F(SavingTest, DisconnectingAndQuittingInTheMiddleLoseNothing) {
+  for (const char* way : {"disconnect", "quit", "quit without logging out"}) {
+    SCOPED_TRACE(way);
+    Store("Preferences", "LogoutOnQuit", std::string(way) == "quit" ? "True" : "False");
+    StartConnected();
+    Write(InScratch("f.txt"), "old");
+    ExpectBox("File I/O Error").Reply(Answer::Yes);
+    OnCommand("cts", [&] {
+      if (std::string(way) == "disconnect") {
+        Click("tbr_Disconnect");
+      } else {
+        Quit();
+      }
+    });
+    ExpectSaveFile("Radio Configuration Save").Choose(InScratch("f.txt"));
+    Click("cmdSaveToFile");
+    EXPECT_EQ(Contents(InScratch("f.txt.bak")), "old");
+    EXPECT_THAT(Contents(InScratch("f.txt")), HasSubstr("AMASK"));
+    if (!Ended()) {
+      ExpectIdle();
+      EXPECT_FALSE(Port().PortOpen());
+      EXPECT_TRUE(Enabled("tbr_Connect"));
+      ASSERT_TRUE(Quit());
+    }
+    Line().Advance(Now() + Seconds(1));
+    EXPECT_TRUE(Radio().Echo());
+    std::filesystem::remove(InScratch("f.txt.bak"));
+    Restart();
+  }
 }
 
 }  // namespace
