@@ -32,7 +32,8 @@ Console::Console(Platform& machine)
       sender(machine, *main, connection, directRun),
       fileTasks(machine, *main, directRun, saver, sender),
       presets(machine, *main, directRun, saver, sender),
-      quickConfig(machine, *main, directRun, sender) {
+      quickConfig(machine, *main, directRun, sender),
+      upgrade(machine, session, *main, connection, mainTimer) {
   WireLink();
   WireShell();
   programmer.Wire();
@@ -42,6 +43,7 @@ Console::Console(Platform& machine)
   fileTasks.Wire();
   presets.Wire();
   quickConfig.Wire();
+  upgrade.Wire();
   WireSettingTexts(*main, platform.Dialogs, session);
 }
 

@@ -13,6 +13,7 @@
 #include "config/file_tasks.h"
 #include "config/presets.h"
 #include "config/quick_config.h"
+#include "firmware/firmware_upgrade.h"
 #include "link/connection.h"
 #include "link/receiver.h"
 #include "link/session.h"
@@ -77,6 +78,7 @@ class Console {
   FileTasks fileTasks;
   Presets presets;
   QuickConfig quickConfig;
+  FirmwareUpgrade upgrade;
   std::weak_ptr<frmSplash> splash;
   bool mainLoaded = false;
   bool ending = false;

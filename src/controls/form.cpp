@@ -54,6 +54,16 @@ void Form::PopupMenu(Menu& menu, Control& beside) {
   if (formView != nullptr) formView->MenuPopsUp(menu, beside);
 }
 
+void Form::Activate() {
+  const auto alive = weak_from_this().lock();
+  if (loaded) Form_Activate();
+}
+
+void Form::Deactivate() {
+  const auto alive = weak_from_this().lock();
+  if (loaded) Form_Deactivate();
+}
+
 void Form::MoveFocus(Control& control) {
   focus = &control;
   if (formView != nullptr) formView->FocusMoved(control);

@@ -34,6 +34,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   explicit Form(std::string name);
 
   Property<std::string> Caption{*this, ""};
+  Property<bool> AlwaysOnTop{*this, false};  // above all other windows
 
   // All controls, in the order of their making; forms and timers included is the caller's business.
   const std::vector<Control*>& Controls() const { return controls; }
@@ -55,6 +56,11 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   // Opens a menu beside a control, where the user points.
   void PopupMenu(Menu& menu, Control& beside);
 
+  // Called by whoever shows the forms: this one is about to be shown; another form (no box) became
+  // the active one in its place.
+  void Activate();
+  void Deactivate();
+
   void SetFormView(FormView* next) { formView = next; }
   Control* Focus() const { return focus; }
 
@@ -65,6 +71,8 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   virtual void Form_Resize() {}
   virtual void Form_KeyPress() {}
   virtual void Form_Click() {}
+  virtual void Form_Activate() {}
+  virtual void Form_Deactivate() {}
 
  private:
   friend class Control;

@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "config/presets.h"
 #include "link/echo.h"
@@ -34,27 +35,44 @@ class Raised {
 Connection::Connection(Platform& machine, Session& shared, frmOrvalent& window)
     : platform(machine), session(shared), main(window) {}
 
+// A second connect in the middle of one would wake the radio under the first one's feet.
 void Connection::ConnectRadio() {
   if (connecting) return;
-  const Raised underWay(connecting);
-  WithLinkErrors(platform.Dialogs, [this] {
-    for (int pass = 0; pass < pumpsBeforeConnect; ++pass) platform.Events.Pump();
-    main.NotConnected = false;
-    if (!platform.MSComm1.PortOpen()) Open();
-    if (main.NotConnected || !platform.MSComm1.PortOpen()) return;
-    main.tbr_Disconnect.Enabled = true;
-    main.tbr_Connect.Enabled = false;
-    ShowLamp(true);
-    EnableRadioActions();
-    StartConnectTimer();
-  });
+  {
+    const Raised underWay(connecting);
+    WithLinkErrors(platform.Dialogs, [this] { Connect(); });
+  }
+  RunDeferred();
 }
 
-// A second connect in the middle of one would wake the radio under the first one's feet.
 void Connection::mnuOpen_Click() {
   if (connecting) return;
-  const Raised underWay(connecting);
-  Open();
+  {
+    const Raised underWay(connecting);
+    Open();
+  }
+  RunDeferred();
+}
+
+void Connection::AfterConnect(std::function<void()> act) {
+  deferred = std::move(act);
+  if (!connecting) RunDeferred();
+}
+
+void Connection::RunDeferred() {
+  if (const auto act = std::exchange(deferred, nullptr)) act();
+}
+
+void Connection::Connect() {
+  for (int pass = 0; pass < pumpsBeforeConnect; ++pass) platform.Events.Pump();
+  main.NotConnected = false;
+  if (!platform.MSComm1.PortOpen()) Open();
+  if (main.NotConnected || !platform.MSComm1.PortOpen()) return;
+  main.tbr_Disconnect.Enabled = true;
+  main.tbr_Connect.Enabled = false;
+  ShowLamp(true);
+  EnableRadioActions();
+  StartConnectTimer();
 }
 
 void Connection::Open() {

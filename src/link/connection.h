@@ -40,9 +40,14 @@ class Connection {
 
   // A connect is under way: no read of the radio may start in the middle of it.
   bool Connecting() const { return connecting; }
+  // Runs it now, or when the connect that is under way has ended: for what must not come into the
+  // middle of one, and may end in another. Only the last one asked for is kept.
+  void AfterConnect(std::function<void()> act);
 
  private:
+  void Connect();
   void Open();
+  void RunDeferred();
   void OpenAndWake();
   void ShowPortClosed();
   void ResetPort();
@@ -58,6 +63,7 @@ class Connection {
   Session& session;
   frmOrvalent& main;
   bool connecting = false;
+  std::function<void()> deferred;
 };
 
 }  // namespace quillmark

@@ -30,6 +30,7 @@ struct Session {
   bool RefreshRequested = false;         // the next tick reads the radio
   bool InSetupMode = false;              // the radio answers with "SETUP>"
   bool RestoreLinkFailed = false;        // the store and restore window lost the radio
+  bool TransferStop = false;             // the progress window closes, what it shows stops
   bool SplashAboutMode = false;
   bool PortChanged = false;  // the set-up window stored a port
   bool LocalEcho = false;

@@ -27,7 +27,8 @@ struct MessageBox {
   std::string Title = ProgramTitle;
   Icon Symbol = Icon::None;
   Buttons Choice = Buttons::Ok;
-  std::string Details{};  // more on the cause and the cure, on demand
+  std::string Details{};      // more on the cause and the cure, on demand
+  bool Irreversible = false;  // a Yes cannot be undone
 };
 
 struct InputBox {

@@ -16,6 +16,7 @@
 #include "ui_frmLogin.h"
 #include "ui_frmOrvalent.h"
 #include "ui_frmPreferences.h"
+#include "ui_frmProgram.h"
 #include "ui_frmProperties.h"
 #include "ui_frmRTUOptions.h"
 #include "ui_frmSetPass.h"
@@ -166,6 +167,7 @@ constexpr Row rows[] = {
     {"frmPreferences", MakeDialog<Ui::frmPreferences>},
     {"frmViewer", MakeViewer},
     {"frmSimpleRptrSetup", MakeDialog<Ui::frmSimpleRptrSetup>},
+    {"frmProgram", MakeDialog<Ui::frmProgram>},
 };
 
 }  // namespace

@@ -25,7 +25,8 @@ constexpr int mouseLook = 20;         // ms between looks for the release of a m
 
 // The button that Escape clicks, whatever it is called; null when the window has none.
 QPushButton* CancelButton(const QWidget& window) {
-  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton", "cmdClose"}) {
+  for (const char* name :
+       {"cmdCancel", "CancelButton", "CloseButton", "cmdClose", "Command1"}) {
     if (auto* button = window.findChild<QPushButton*>(QLatin1String(name))) return button;
   }
   return nullptr;
@@ -60,10 +61,23 @@ void FormWindow::Join() {
 }
 
 void FormWindow::Show() {
+  form->Activate();
   TakeSize();
+  StayOnTop();
   if (form->Visible()) window->show();
   NoteSize();
   if (const Control* focus = form->Focus()) binder->MoveFocus(*focus);
+}
+
+void FormWindow::ShowAgain() {
+  form->Activate();
+  window->show();
+  window->raise();
+}
+
+// A change of this flag hides a window: it is made before the window is shown.
+void FormWindow::StayOnTop() {
+  window->setWindowFlag(Qt::WindowStaysOnTopHint, form->AlwaysOnTop());
 }
 
 // The form's own size where it has one, the layout's otherwise; in the middle of its owner, or of
@@ -196,6 +210,9 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
       event->ignore();
       Act([this] { form->UserClose(); });
       return true;
+    case QEvent::WindowActivate:
+      emit Activated();
+      return false;
     case QEvent::KeyPress:
       return KeyPressed(static_cast<QKeyEvent*>(event)->key());
     case QEvent::MouseButtonPress:

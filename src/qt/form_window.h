@@ -29,6 +29,8 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
   // Throws std::logic_error when window and form do not fit.
   void Join();
   void Show();
+  // Puts a window that is there already in front.
+  void ShowAgain();
 
   Form& Shown() const { return *form; }
   QWidget* Window() const { return window.data(); }
@@ -43,6 +45,8 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
  signals:
   // The form is unloaded; this object dies soon.
   void Gone();
+  // The window has become the active one.
+  void Activated();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -51,6 +55,7 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
   void TakeSize();
   QPoint PlaceOn(const QRect& screen) const;
   void FollowSize();
+  void StayOnTop();
   void NoteSize();
   bool KeyPressed(int key);
   void RunPostponed();

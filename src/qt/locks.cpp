@@ -19,8 +19,6 @@ struct Lock {
 constexpr Lock locks[] = {
     {"frmOrvalent.ButtonZoneData", "Zone data"},
     {"frmOrvalent.ButtonRSSI", "The RSSI meter"},
-    {"frmOrvalent.mnuSendText", "Upgrading the firmware"},
-    {"frmOrvalent.tbr_TransmitTextFile", "Upgrading the firmware"},
     {"frmOrvalent.mnuConfigRestore", "The store and restore window"},
 };
 // clang-format on

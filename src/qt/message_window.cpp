@@ -1,5 +1,6 @@
 #include "qt/message_window.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -40,8 +41,18 @@ constexpr Choice choices[] = {
     {Buttons::AbortRetryIgnore, Standard::Ignore, Answer::Ignore, "Ignore"},
 };
 
+// A window that stays above all others must not hide a box.
+void KeepInFront(QDialog& box) {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const bool covered = std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+    return window->isVisible() && window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+  });
+  box.setWindowFlag(Qt::WindowStaysOnTopHint, covered);
+}
+
 // What Enter answers: nothing that cannot be undone.
 Answer DefaultAnswer(const MessageBox& box) {
+  if (box.Irreversible) return CloseAnswer(box.Choice);
   switch (box.Choice) {
     case Buttons::Ok:
     case Buttons::OkCancel:
@@ -98,6 +109,7 @@ MessageWindow::MessageWindow(const MessageBox& box, QWidget* parent)
     : QDialog(parent), answer(CloseAnswer(box.Choice)) {
   setObjectName(QStringLiteral("MessageBox"));
   setWindowTitle(ToQt(box.Title));
+  KeepInFront(*this);
   auto* column = new QVBoxLayout(this);
   auto* top = new QHBoxLayout;
   column->addLayout(top);
@@ -155,6 +167,7 @@ InputWindow::InputWindow(const InputBox& box, QWidget* parent)
     : QDialog(parent), line(new QLineEdit(this)) {
   setObjectName(QStringLiteral("InputBox"));
   setWindowTitle(ToQt(box.Title));
+  KeepInFront(*this);
   auto* column = new QVBoxLayout(this);
   QLabel* prompt = MakeText(box.Prompt, "inputPrompt", this);
   column->addWidget(prompt);

@@ -62,6 +62,7 @@ FormWindow& QtWindows::Open(const std::shared_ptr<Form>& form, QWidget* parent) 
     throw Shutdown{};
   }
   connect(window, &FormWindow::Gone, this, [this, window] { std::erase(open, window); });
+  connect(window, &FormWindow::Activated, this, [this, window] { NoteActive(window); });
   open.push_back(window);
   std::erase_if(made, [](const QPointer<FormWindow>& gone) { return gone.isNull(); });
   made.emplace_back(window);
@@ -76,6 +77,13 @@ bool QtWindows::Blocked(const FormWindow* asking) const {
   return front != open.end() && std::find(open.begin(), front, asking) != front;
 }
 
+void QtWindows::NoteActive(FormWindow* window) {
+  const QPointer<FormWindow> before = active;
+  active = window;
+  if (before.isNull() || before == window || std::ranges::count(open, before.data()) == 0) return;
+  events.Deliver([&before] { before->Shown().Deactivate(); });
+}
+
 // A window that is shown beside the main one stays in front of it.
 QWidget* QtWindows::MainWindow() const {
   for (const FormWindow* window : open) {
@@ -85,10 +93,8 @@ QWidget* QtWindows::MainWindow() const {
 }
 
 void QtWindows::Show(const std::shared_ptr<Form>& form) {
-  if (QWidget* shown = WindowOf(*form)) {
-    shown->show();
-    shown->raise();
-    return;
+  for (FormWindow* window : open) {
+    if (&window->Shown() == form.get()) return window->ShowAgain();
   }
   Open(form, MainWindow()).Show();
 }

@@ -39,12 +39,14 @@ class QtWindows : public QObject, public Windows {
   std::unique_ptr<FormWindow> Make(const std::shared_ptr<Form>& form, QWidget* parent);
   QWidget* MainWindow() const;
   bool Blocked(const FormWindow* asking) const;
+  void NoteActive(FormWindow* window);
 
   QtEventLoop& events;
   std::string misfit;
   std::vector<FormWindow*> open;            // in the order of their opening
   std::vector<QPointer<FormWindow>> made;   // those that are about to die included
   std::vector<QPointer<FormWindow>> modal;  // the last is in front
+  QPointer<FormWindow> active;
 };
 
 // The window drawn for a form of that name, not yet joined; null when none is.

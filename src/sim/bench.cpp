@@ -93,6 +93,7 @@ bool Bench::Quit() {
 
 bool Bench::Act(Form& window, const std::function<bool()>& act) {
   if (!user.CanActOn(window)) return false;
+  loop.Deliver([&] { user.Activate(window); });
   bool done = false;
   loop.Deliver([&] { done = act(); });
   return done || loop.Quitting();

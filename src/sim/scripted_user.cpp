@@ -201,7 +201,19 @@ std::optional<PrintTarget> ScriptedUser::ChoosePrinter(const std::filesystem::pa
   return PrintTarget{met->printer.value_or(""), met->path.value_or("")};
 }
 
-void ScriptedUser::Show(const std::shared_ptr<Form>& form) { windows.push_back(form); }
+void ScriptedUser::Show(const std::shared_ptr<Form>& form) {
+  std::erase(windows, form);
+  windows.push_back(form);
+  active = form;
+  form->Activate();
+}
+
+void ScriptedUser::Activate(Form& form) {
+  const auto before = active.lock();
+  if (before.get() == &form) return;
+  active = form.weak_from_this();
+  if (before) before->Deactivate();
+}
 
 void ScriptedUser::ShowModal(const std::shared_ptr<Form>& form, Form&) {
   windows.push_back(form);

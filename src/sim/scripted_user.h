@@ -99,6 +99,8 @@ class ScriptedUser : public Dialogs, public Windows {
   Form* Window(const std::string& name);
   // Whether a user can act on the window just now: no box and no other modal window is in front.
   bool CanActOn(const Form& form);
+  // The form becomes the active one, as at a click on its window.
+  void Activate(Form& form);
 
   Answer Message(const MessageBox& box) override;
   std::string Input(const InputBox& box) override;
@@ -122,6 +124,7 @@ class ScriptedUser : public Dialogs, public Windows {
   std::vector<Seen> seen;
   std::vector<std::shared_ptr<Form>> windows;
   std::vector<Form*> modal;
+  std::weak_ptr<Form> active;
   int boxesUp = 0;
   bool tolerant = false;
 };

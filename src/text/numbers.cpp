@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "text/hex.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -38,12 +39,6 @@ double Convert(std::string_view number) {
   // Too large for a number, or too small to differ from nothing.
   const bool large = number.substr(0, number.find('.')).find_first_of("123456789") != number.npos;
   return !large ? 0 : number.front() == '-' ? -HUGE_VAL : HUGE_VAL;
-}
-
-int HexDigit(char c) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  const std::size_t at = FindAnyCase(digits, std::string_view(&c, 1));
-  return static_cast<int>(at) - 1;
 }
 
 }  // namespace
@@ -89,9 +84,9 @@ std::optional<std::uint32_t> ColourValue(std::string_view text) {
 std::string HexToBin(std::string_view hex) {
   std::string binary;
   for (const char c : hex) {
-    const int digit = HexDigit(c);
-    if (digit < 0) continue;
-    for (int bit = 3; bit >= 0; --bit) binary += (digit >> bit & 1) != 0 ? '1' : '0';
+    const auto digit = HexDigit(c);
+    if (!digit) continue;
+    for (int bit = 3; bit >= 0; --bit) binary += (*digit >> bit & 1) != 0 ? '1' : '0';
   }
   return binary;
 }

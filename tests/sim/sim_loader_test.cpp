@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "sim/firmware_image.h"
 #include "talk.h"
 
 namespace quillmark::sim {
@@ -11,26 +12,9 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
-std::string Hex(unsigned value) {
-  constexpr char digits[] = "0123456789ABCDEF";
-  return {digits[value / 16 % 16], digits[value % 16]};
-}
-
-// One S-record with a line end; `address` counts `addressBytes` bytes.
-std::string Record(char type, unsigned addressBytes, unsigned address, std::string_view data) {
-  std::string bytes = Hex(addressBytes + static_cast<unsigned>(data.size()) + 1);
-  for (unsigned i = addressBytes; i-- > 0;) bytes += Hex(address >> (8 * i));
-  for (const char c : data) bytes += Hex(static_cast<unsigned char>(c));
-  unsigned sum = 0;
-  for (std::size_t i = 0; i < bytes.size(); i += 2) {
-    sum += static_cast<unsigned>(std::stoul(bytes.substr(i, 2), nullptr, 16));
-  }
-  return std::string("S") + type + bytes + Hex(255 - sum % 256) + "\r\n";
-}
-
-const std::string header = Record('0', 2, 0, "77-1234A01 3.2.1");
-const std::string data = Record('2', 3, 0x1000, "firmware") + Record('2', 3, 0x1008, "more");
-const std::string end = Record('8', 3, 0x1000, "");
+const std::string header = SRecord('0', 2, 0, "77-1234A01 3.2.1");
+const std::string data = SRecord('2', 3, 0x1000, "firmware") + SRecord('2', 3, 0x1008, "more");
+const std::string end = SRecord('8', 3, 0x1000, "");
 
 std::string Replaced(std::string text, std::size_t at, char with) {
   text[at] = with;
@@ -53,7 +37,7 @@ SimRadioOptions InLoader() {
 }
 
 TEST(SimLoader, JudgesTheWholeImage) {
-  const std::string count = Record('5', 2, 2, "");
+  const std::string count = SRecord('5', 2, 2, "");
   const struct {
     std::string name;
     std::string image;
@@ -68,11 +52,11 @@ TEST(SimLoader, JudgesTheWholeImage) {
       {"byte dropped", header + data.substr(0, 14) + data.substr(15) + end, "LENGTH IN RECORD 2"},
       {"line end lost", header + data.substr(0, 28) + data.substr(30) + end, "LENGTH IN RECORD 2"},
       {"unknown type", header + Replaced(data, 1, '4') + end, "TYPE IN RECORD 2"},
-      {"order", header + Record('2', 3, 0x1001, "x") + data + end, "ADDRESS IN RECORD 3"},
-      {"count", header + data + Record('5', 2, 3, "") + end, "COUNT IN RECORD 4"},
+      {"order", header + SRecord('2', 3, 0x1001, "x") + data + end, "ADDRESS IN RECORD 3"},
+      {"count", header + data + SRecord('5', 2, 3, "") + end, "COUNT IN RECORD 4"},
       {"no header", data + end, "HEADER IN RECORD 1"},
-      {"no version", Record('0', 2, 0, "77-1234") + data + end, "HEADER IN RECORD 1"},
-      {"other radio", Record('0', 2, 0, "77-9999A01 3.2.1") + data + end,
+      {"no version", SRecord('0', 2, 0, "77-1234") + data + end, "HEADER IN RECORD 1"},
+      {"other radio", SRecord('0', 2, 0, "77-9999A01 3.2.1") + data + end,
        "OTHER RADIO IN RECORD 1"},
       {"no data", header + end, "NO DATA IN RECORD 2"},
       {"bad end", header + data + Replaced(end, 5, '7'), "CHECKSUM IN RECORD 4"},

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "firmware/s_records.h"
+#include "platform/event_loop.h"
+
+namespace quillmark {
+
+// A firmware file that is read from its start, a block at a time. It may change, shrink or vanish
+// meanwhile: reads then give what there is.
+class FirmwareFile {
+ public:
+  // Nothing when it is open; else the system's text for what is in the way. Only plain files are
+  // opened: a pipe would hold the program until somebody writes into it.
+  std::optional<std::string> Open(const std::filesystem::path& path);
+  // The next bytes; fewer where the file ends or cannot be read. "" while it is not open.
+  std::string Read(std::size_t bytes);
+  void Rewind();
+  // In bytes, as it is now. Rewinds the file.
+  std::int64_t Length();
+  void Close() { file.reset(); }
+
+ private:
+  struct Closer {
+    void operator()(std::FILE* open) const { std::fclose(open); }
+  };
+  std::unique_ptr<std::FILE, Closer> file;
+};
+
+// Reads an open file from its start to its end, or to its first fault. Delivers events meanwhile.
+std::optional<SRecordFault> FaultIn(FirmwareFile& file, EventLoop& events);
+
+}  // namespace quillmark

@@ -1,0 +1,115 @@
+#include "firmware/firmware_transfer.h"
+
+#include <algorithm>
+
+#include "text/path_text.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr const char* loaderSettings = "115200,N,8,1";
+constexpr int wakingBursts = 20;
+constexpr Duration longestWait = Milliseconds(10);
+
+}  // namespace
+
+FirmwareTransfer::FirmwareTransfer(Platform& machine, Session& shared, frmOrvalent& window)
+    : platform(machine), session(shared), main(window) {}
+
+void ChangeSettings(SerialPort& port, const std::string& settings) {
+  try {
+    port.SetSettings(settings);
+  } catch (const SerialError&) {
+    // An adapter that cannot go that fast stays as it is, and the loader follows it.
+    return;
+  }
+}
+
+std::string FirmwareTransfer::Run(const std::filesystem::path& path) {
+  ForceSettings();
+  WakeLoader();
+  platform.MSComm1.Output("ERASE\r");
+  main.txtTerm.Text = "";
+  session.RxBuffer = " ";
+  if (const auto trouble = file.Open(path)) {
+    platform.Dialogs.Message({*trouble, ProgramTitle, Icon::Exclamation});
+    return "The file could not be opened.";
+  }
+  return SendFile(path);
+}
+
+void FirmwareTransfer::ForceSettings() {
+  ChangeSettings(platform.MSComm1, loaderSettings);
+  main.pnl_Settings.Text =
+      "Settings are FORCED to " + platform.MSComm1.Settings() + " for programming.";
+}
+
+// The loader finds the new rate by itself, out of a row of carriage returns.
+void FirmwareTransfer::WakeLoader() {
+  platform.MSComm1.Output("\r");
+  for (int burst = 0; burst < wakingBursts; ++burst) {
+    platform.MSComm1.Output("\r\r");
+    platform.Events.Sleep(Milliseconds(20));
+  }
+}
+
+std::string FirmwareTransfer::SendFile(const std::filesystem::path& path) {
+  session.TransferStop = false;
+  progress = std::make_shared<frmProgram>(platform, session);
+  struct Stopped {
+    frmProgram& form;
+    ~Stopped() { form.Stop(); }
+  } stopped{*progress};
+  progress->Caption = "Downloading Firmware to the radio...";
+  progress->Label1.Text = "Transmitting S28 File - " + PathText(path.filename());
+  progress->Show();
+  return SendBlocks();
+}
+
+std::string FirmwareTransfer::SendBlocks() {
+  const auto block = static_cast<std::int64_t>(platform.MSComm1.OutBufferSize());
+  const std::int64_t length = file.Length();
+  platform.Events.Sleep(Milliseconds(2000));
+  platform.MSComm1.Output("PROGRAM\r");
+  main.ShowCommStatus = false;
+  const Duration began = platform.Events.Now();
+  std::int64_t sent = 0;
+  const auto missing = [&](const std::string& why) {
+    return why + " after " + std::to_string(sent) + " of " + std::to_string(length) + " bytes.";
+  };
+  while (sent < length && !session.TransferStop) {
+    const std::int64_t wanted = std::min(block, length - sent);
+    // The last block does not move the bar.
+    if (length - sent > block) progress->ProgressBar1.Value = static_cast<int>(100 * sent / length);
+    progress->ShowBytes(sent, length, platform.Events.Now() - began);
+    const std::string bytes = file.Read(static_cast<std::size_t>(wanted));
+    if (!bytes.empty() && !SendBlock(bytes)) return missing("The port failed");
+    sent += static_cast<std::int64_t>(bytes.size());
+    // A file that was cut short meanwhile: its rest will not come, and the loader says so.
+    if (static_cast<std::int64_t>(bytes.size()) < wanted) return missing("The file ended");
+    AwaitEmptyBuffer();
+  }
+  return sent < length ? missing("The transfer was cancelled") : "";
+}
+
+bool FirmwareTransfer::SendBlock(const std::string& block) {
+  try {
+    platform.MSComm1.Output(block);
+    return true;
+  } catch (const SerialError& error) {
+    platform.Dialogs.Message(
+        {error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
+    return false;
+  }
+}
+
+// The whole pacing: the next block follows when this one has left.
+void FirmwareTransfer::AwaitEmptyBuffer() {
+  platform.Events.Pump();
+  while (platform.MSComm1.OutBufferCount() != 0 && !session.TransferStop) {
+    platform.Events.Wait(longestWait);
+  }
+}
+
+}  // namespace quillmark

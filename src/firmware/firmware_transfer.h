@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "app/frmOrvalent.h"
+#include "firmware/firmware_file.h"
+#include "firmware/frmProgram.h"
+#include "link/session.h"
+#include "platform/platform.h"
+
+namespace quillmark {
+
+// Sends a firmware file to a radio that is in its loader: changes the line to the loader's rate,
+// has the memory erased, and sends the file byte for byte, one block at a time. What the loader
+// makes of it, it says afterwards. The firmware upgrade makes one for each run; everything given to
+// it outlives it. Throws SerialError.
+class FirmwareTransfer {
+ public:
+  FirmwareTransfer(Platform& platform, Session& session, frmOrvalent& main);
+
+  // Gives a sentence on what is missing; "" when the whole file was sent.
+  std::string Run(const std::filesystem::path& path);
+
+ private:
+  void ForceSettings();
+  void WakeLoader();
+  std::string SendFile(const std::filesystem::path& path);
+  std::string SendBlocks();
+  bool SendBlock(const std::string& block);
+  void AwaitEmptyBuffer();
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  std::shared_ptr<frmProgram> progress;
+  FirmwareFile file;
+};
+
+// Changes the line's rate. What the port has against it is no reason to stop.
+void ChangeSettings(SerialPort& port, const std::string& settings);
+
+}  // namespace quillmark

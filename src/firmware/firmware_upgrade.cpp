@@ -1,0 +1,180 @@
+#include "firmware/firmware_upgrade.h"
+
+#include <algorithm>
+
+#include "firmware/firmware_transfer.h"
+#include "firmware/firmware_version.h"
+#include "firmware/loader_entry.h"
+#include "link/serial_failure.h"
+#include "prefs/utilities.h"
+#include "text/path_text.h"
+#include "text/text.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr const char* sessionSettings = "19200,N,8,1";
+
+// Keeps keep-alives and reads of the radio off the line: in between they would break a record.
+class LineHold {
+ public:
+  explicit LineHold(MainTimer& ticks) : holders(ticks.LineHolders) { ++holders; }
+  ~LineHold() { --holders; }
+  LineHold(const LineHold&) = delete;
+  LineHold& operator=(const LineHold&) = delete;
+
+ private:
+  int& holders;
+};
+
+}  // namespace
+
+// Whatever ends the flow, its entries work again afterwards, but for a link that was disconnected.
+class FirmwareUpgrade::UnderWay {
+ public:
+  explicit UnderWay(FirmwareUpgrade& flow) : upgrade(flow) {
+    upgrade.running = true;
+    EnableEntries(upgrade.main, false);
+  }
+  ~UnderWay() {
+    upgrade.running = false;
+    upgrade.main.ShowCommStatus = true;
+    if (!upgrade.main.NotConnected) EnableEntries(upgrade.main, true);
+  }
+  UnderWay(const UnderWay&) = delete;
+  UnderWay& operator=(const UnderWay&) = delete;
+
+  static void EnableEntries(frmOrvalent& main, bool enabled) {
+    main.mnuSendText.Enabled = enabled;
+    main.tbr_TransmitTextFile.Enabled = enabled;
+  }
+
+ private:
+  FirmwareUpgrade& upgrade;
+};
+
+FirmwareUpgrade::FirmwareUpgrade(Platform& machine, Session& shared, frmOrvalent& window,
+                                 Connection& link, MainTimer& timer)
+    : platform(machine), session(shared), main(window), connection(link), ticks(timer) {}
+
+void FirmwareUpgrade::Wire() {
+  // Inside a read its replies would be taken for the loader's, and inside a connect the one at the
+  // end would not come about.
+  const auto click = [this] {
+    ticks.AfterTick([this] { connection.AfterConnect([this] { mnuSendText_Click(); }); });
+  };
+  main.mnuSendText.OnClick = click;
+  main.tbr_TransmitTextFile.OnClick = click;
+}
+
+void FirmwareUpgrade::mnuSendText_Click() {
+  if (running || !main.mnuSendText.Enabled()) return;
+  bool reconnect = false;
+  {
+    const UnderWay underWay(*this);
+    if (const auto chosen = ChooseFirmware()) reconnect = Load(*chosen);
+  }
+  if (reconnect) connection.mnuOpen_Click();
+}
+
+std::optional<FirmwareUpgrade::Chosen> FirmwareUpgrade::ChooseFirmware() {
+  const auto path = ChooseFile();
+  if (!path) return std::nullopt;
+  FirmwareFile file;
+  if (const auto trouble = file.Open(*path)) {
+    platform.Dialogs.Message({*trouble, ProgramTitle, Icon::Exclamation});
+    return std::nullopt;
+  }
+  Chosen chosen{*path, ""};
+  if (!PassesQuestions(file, chosen)) return std::nullopt;
+  return chosen;
+}
+
+std::optional<std::filesystem::path> FirmwareUpgrade::ChooseFile() {
+  for (;;) {
+    auto path = platform.Dialogs.OpenFile(
+        {"Firmware Upgrade File Selection", "S28 Files (*.S28)|*.s28|All Files (*.*)|*.*"});
+    if (!path || path->empty()) return std::nullopt;
+    if (FileExists(*path)) return path;
+    platform.Dialogs.Message({PathText(*path) + " not found!", ProgramTitle, Icon::Exclamation});
+  }
+}
+
+bool FirmwareUpgrade::PassesQuestions(FirmwareFile& file, Chosen& chosen) {
+  const FirmwareHeader header = ReadFirmwareHeader(file.Read(FirmwareHeaderLength));
+  const std::string foreign = "This Does not appear to be a valid firmware file.";
+  if (!header.IsHeaderRecord && !AskToContinue(foreign)) return false;
+  if (!header.IsForThisRadio && !AskToContinue(foreign)) return false;
+  chosen.Version = header.Version;
+  for (const MessageBox& box : VersionQuestions(session.InstalledFirmwareVersion, header.Version)) {
+    if (platform.Dialogs.Message(box) != Answer::Yes) return false;
+  }
+  // Somebody who takes another kind of file at his own risk knows that it is no sound one.
+  const bool recognised = header.IsHeaderRecord && header.IsForThisRadio;
+  return !recognised || AskAboutFaults(file);
+}
+
+bool FirmwareUpgrade::AskAboutFaults(FirmwareFile& file) {
+  const auto fault = FaultIn(file, platform.Events);
+  if (!fault) return true;
+  return AskToContinue("This firmware file is faulty in line " + std::to_string(fault->Line) +
+                       ": " + fault->What + ".");
+}
+
+bool FirmwareUpgrade::AskToContinue(const std::string& doubt) {
+  return platform.Dialogs.Message({"Error: " + doubt + " Continue working with it?", "Error",
+                                   Icon::Critical, Buttons::YesNo}) == Answer::Yes;
+}
+
+bool FirmwareUpgrade::Load(const Chosen& chosen) {
+  const LineHold held(ticks);
+  try {
+    LoaderEntry entry(platform, session, main, connection);
+    if (!AtLoaderPrompt(session) && !entry.Enter(chosen.Version)) return false;
+    if (!AtLoaderPrompt(session)) return false;
+    const std::string missing = FirmwareTransfer(platform, session, main).Run(chosen.Path);
+    Judge(missing);
+    EndSession();
+    return true;
+  } catch (const SerialError& error) {
+    GiveUp(error);
+    return false;
+  }
+}
+
+void FirmwareUpgrade::Judge(const std::string& missing) {
+  WaitMilliseconds(platform.Events, 1000);
+  platform.Events.Pump();
+  platform.Events.Sleep(Milliseconds(500));
+  if (Contains(session.RxBuffer, "PROGRAMMED OK")) {
+    platform.MSComm1.Output("EXIT\r");
+    platform.Dialogs.Message(
+        {"Radio programming was successful.", "Programmed OK", Icon::Exclamation});
+  } else {
+    platform.Dialogs.Message(
+        {"Radio programming FAILED.", "Radio Error", Icon::Exclamation, Buttons::Ok, missing});
+  }
+}
+
+void FirmwareUpgrade::EndSession() {
+  UnderWay::EnableEntries(main, true);
+  session.TransferStop = true;
+  ChangeSettings(platform.MSComm1, sessionSettings);
+  main.pnl_Settings.Text = "Settings: " + platform.MSComm1.Settings();
+  connection.DisconnectRadio();
+  main.ShowCommStatus = true;
+  platform.Events.Sleep(Milliseconds(500));
+}
+
+// The line must not stay at the loader's rate: the next connect would find nobody there.
+void FirmwareUpgrade::GiveUp(const SerialError& error) {
+  session.TransferStop = true;
+  main.ShowCommStatus = true;
+  ChangeSettings(platform.MSComm1, sessionSettings);
+  main.pnl_Settings.Text =
+      "Settings: " + (platform.MSComm1.PortOpen() ? platform.MSComm1.Settings() : "");
+  ShowLinkError(platform.Dialogs, error);
+}
+
+}  // namespace quillmark

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "app/frmOrvalent.h"
+#include "firmware/firmware_file.h"
+#include "link/connection.h"
+#include "link/session.h"
+#include "platform/platform.h"
+#include "radio/main_timer.h"
+
+namespace quillmark {
+
+// Loads a firmware file into the radio: lets the user choose it, asks at each doubt, brings the
+// radio into its loader, sends the file, tells how it went and connects anew. One handler from
+// start to end, during which the windows stay alive. Everything given to it outlives it.
+class FirmwareUpgrade {
+ public:
+  FirmwareUpgrade(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
+                  MainTimer& ticks);
+
+  // Joins the menu entry and the toolbar's button to the flow.
+  void Wire();
+  // Does nothing while an upgrade runs.
+  void mnuSendText_Click();
+
+ private:
+  class UnderWay;
+
+  struct Chosen {
+    std::filesystem::path Path;
+    std::string Version;
+  };
+
+  std::optional<Chosen> ChooseFirmware();
+  std::optional<std::filesystem::path> ChooseFile();
+  // False when the user does not want to go on.
+  bool PassesQuestions(FirmwareFile& file, Chosen& chosen);
+  bool AskAboutFaults(FirmwareFile& file);
+  bool AskToContinue(const std::string& doubt);
+
+  // True when the link is to be connected anew.
+  bool Load(const Chosen& chosen);
+  void Judge(const std::string& missing);
+  void EndSession();
+  void GiveUp(const SerialError& error);
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  Connection& connection;
+  MainTimer& ticks;
+  bool running = false;
+};
+
+}  // namespace quillmark

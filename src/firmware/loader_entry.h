@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "app/frmOrvalent.h"
+#include "link/connection.h"
+#include "link/session.h"
+#include "platform/platform.h"
+
+namespace quillmark {
+
+// Brings a radio that runs its firmware into its loader: asks radio and user, has the firmware
+// erased, and wakes the loader up. The firmware upgrade makes one for each run; everything given to
+// it outlives it. Throws SerialError.
+class LoaderEntry {
+ public:
+  LoaderEntry(Platform& platform, Session& session, frmOrvalent& main, Connection& connection);
+
+  // False when the upgrade is over: the user said No, or the radio did not wake up. On True
+  // RxBuffer tells whether the radio is in its loader.
+  bool Enter(const std::string& newVersion);
+
+ private:
+  bool UserConfirms(const std::string& newVersion);
+  void ShowErasing();
+  bool RecoverPrompt();
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  Connection& connection;
+};
+
+// Whether the radio shows its loader's prompt.
+bool AtLoaderPrompt(const Session& session);
+
+}  // namespace quillmark
