@@ -61,6 +61,7 @@ class FaultPlayer {
   // What becomes of one byte: none, one or two bytes. Counts it.
   std::string ToHost(char byte);
   std::string ToRadio(char byte);
+  std::int64_t BytesToRadio() const { return toRadio; }
   // True if neither echo nor reply of this command goes out.
   bool IsMuted(std::int64_t command) const;
   // Changes a reply on its way out.

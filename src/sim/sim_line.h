@@ -69,6 +69,8 @@ class SimLine {
 
   // May be changed at any time.
   LineFaults& Faults() { return player.Faults(); }
+  // How many bytes of the host have arrived since the start: what the faults count.
+  std::int64_t BytesToRadio() const { return player.BytesToRadio(); }
   const LineLog& Log() const { return log; }
   void SetLogLimit(std::size_t bytes) { log.SetLimit(bytes); }
   void ClearLog();

@@ -10,6 +10,11 @@ void SimLoader::Enter() {
   receiving = false;
 }
 
+void SimLoader::SetFaults(std::int64_t stallAtByte, std::int64_t resetAtByte) {
+  options.StallAtByte = stallAtByte;
+  options.ResetAtByte = resetAtByte;
+}
+
 RadioAnswer SimLoader::Execute(std::string_view line) {
   const std::string word = Lowered(Trimmed(line));
   if (word == "erase") {

@@ -20,6 +20,7 @@ struct SimLoaderOptions {
   Time SilenceTime = std::chrono::milliseconds(2000);  // a transfer that pauses so long has failed
   std::int64_t StallAtByte = 0;  // hears nothing from this transfer byte on (from 1); 0: never
   Time StallTime = std::chrono::seconds(60);
+  std::int64_t ResetAtByte = 0;  // starts anew at this transfer byte, without firmware; 0: never
 };
 
 // One transfer of an image: for tests of what came and for measurements.
@@ -41,6 +42,7 @@ class SimLoader {
   explicit SimLoader(SimLoaderOptions loaderOptions = {}) : options(loaderOptions) {}
 
   const SimLoaderOptions& Options() const { return options; }
+  void SetFaults(std::int64_t stallAtByte, std::int64_t resetAtByte);
   void Enter();  // the old firmware is gone
 
   // ERASE, PROGRAM and EXIT; anything else is an invalid command.
@@ -56,6 +58,8 @@ class SimLoader {
   std::optional<Time> Deadline() const;
   // True at the transfer byte at which the loader is to stall.
   bool StallsNow() const { return receiving && transfer.Bytes == options.StallAtByte; }
+  // True at the transfer byte at which the radio is to start anew.
+  bool ResetsNow() const { return receiving && transfer.Bytes == options.ResetAtByte; }
 
   // The last transfer, or the one that runs.
   const SimTransfer& Transfer() const { return transfer; }

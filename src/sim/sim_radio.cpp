@@ -172,6 +172,7 @@ void SimRadio::TakeTypedByte(Time at, char byte) {
 void SimRadio::TakeImageByte(Time at, char byte) {
   const auto verdict = loader.Take(at, byte);
   if (verdict) return GiveVerdict(at, *verdict);
+  if (loader.ResetsNow()) return Restart(at, RadioAnswer::Next::EnterLoader);
   if (loader.StallsNow()) busyUntil = at + options.Loader.StallTime;
 }
 
@@ -233,8 +234,8 @@ void SimRadio::Restart(Time at, RadioAnswer::Next how) {
     loader.Enter();
   } else {
     settings.Traits().Revision = loader.Version();
-    baud = options.Baud;
   }
+  baud = options.Baud;
   if (!IsMuted(commandCount + 1)) Send(busyUntil, std::string(lineEnd) + Prompt());
 }
 

@@ -65,6 +65,10 @@ class SimRadio {
   bool Program(std::string_view word, std::string_view value);
   void SetZoneCounters(int zone, std::int64_t tx, std::int64_t rx, std::int64_t errors);
   void SetRssi(int dBm) { rssi = dBm; }
+  // For the next transfers; see SimLoaderOptions. 0: never.
+  void SetLoaderFaults(std::int64_t stallAtByte, std::int64_t resetAtByte) {
+    loader.SetFaults(stallAtByte, resetAtByte);
+  }
   void SetSynchronised(bool synchronised) { settings.Traits().Synchronised = synchronised; }
   // From now on `word` (a word or a whole line, case does not matter) is answered by this text, raw
   // between echo and prompt, line ends and all. What the word does, it still does.

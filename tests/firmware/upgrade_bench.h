@@ -44,11 +44,18 @@ class UpgradeBench : public sim::Bench {
   void StartInLoader(sim::SimRadioOptions options = {}) {
     options.StartInLoader = true;
     UseRadio(std::move(options));
-    Start();
+    if (!WindowOpen("frmOrvalent")) Start();
     ExpectNeedsSoftware();
     ASSERT_TRUE(Click("tbr_Connect"));
     CheckExpectations();
     Run(Milliseconds(100));
+    ClearLog();
+  }
+  // A running radio, connected and read.
+  void ConnectTo(sim::SimRadioOptions options) {
+    UseRadio(std::move(options));
+    if (!WindowOpen("frmOrvalent")) Start();
+    ASSERT_TRUE(Connect());
     ClearLog();
   }
   // Runs the whole flow, or what can be run of it.

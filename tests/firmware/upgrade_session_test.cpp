@@ -1,0 +1,394 @@
+// What radio, file and user can do while an upgrade is under way.
+
+#include "firmware/upgrade_bench.h"
+
+namespace quillmark {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+constexpr const char* lost =
+    "There was an error communicating with the radio. Please reconnect and try again";
+constexpr const char* surely = "\r\nARE YOU SURE?\r\n";
+
+class UpgradeSessionTest : public UpgradeBench {
+ public:
+  std::filesystem::path Image(std::size_t length = 4096) {
+    return Save("new.s28", sim::FirmwareImage("3.2.1", length));
+  }
+  // While the first blocks go out.
+  void WhileSending(std::function<void()> act) {
+    OnCommand("ERASE", [this, act] {
+      OnCommand("PROGRAM", [this, act] { After(Milliseconds(100), act); });
+    });
+  }
+  void FailOnce(const std::filesystem::path& file) {
+    ExpectFailed();
+    ExpectNeedsSoftware();
+    Upgrade(file);
+    ExpectConnected();
+    ClearLog();
+  }
+};
+
+TEST_F(UpgradeSessionTest, RadiosThatDoNotGoIntoTheirLoader) {
+  const std::string attempt = "\x1B\r\n" + Bursts(4);
+  std::string thirty;
+  for (int i = 0; i < 30; ++i) thirty += attempt;
+  const struct {
+    const char* Name;
+    sim::SimRadioOptions Options;
+    std::function<void()> Prepare;
+    std::optional<Answer> Erase;
+    std::string Sent;
+    Duration Takes;
+  } cases[] = {
+      {"the user says no", {}, [] {}, Answer::No, "PROGRAM\rNO\r", {}},
+      {"silence", {}, [&] { Faults().SilentFrom = 1; }, {}, "PROGRAM\r", Seconds(3)},
+      {"refusal", {.Password = "abcd"}, [] {}, {}, "PROGRAM\r", Seconds(3)},
+      {"a question without a prompt",
+       {},
+       [&] { Radio().SetReply("program", surely, false); },
+       Answer::No,
+       "PROGRAM\rNO\r",
+       Seconds(3)},
+      {"falls back to its prompt",
+       {.Password = "abcd"},
+       [&] { Radio().SetReply("program", surely); },
+       Answer::Yes,
+       "PROGRAM\rYES\r" + attempt + attempt,
+       {}},
+      {"dead after YES",
+       {},
+       [&] { Faults().SilentFrom = 2; },
+       Answer::Yes,
+       "PROGRAM\rYES\r" + thirty + "CLOS\r",
+       {}},
+  };
+  StartConnected();
+  const auto file = Image();
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Name);
+    UseRadio(c.Options);
+    c.Prepare();
+    if (c.Erase) ExpectErase(*c.Erase);
+    const Duration began = Now();
+    Upgrade(file);
+    EXPECT_EQ(Sent(), c.Sent);
+    if (c.Takes > Duration::zero()) {
+      EXPECT_EQ((Now() - began) / Milliseconds(10), c.Takes / Milliseconds(10));
+    }
+    const bool disconnected = c.Sent.ends_with("CLOS\r");
+    EXPECT_EQ(Enabled("mnuSendText"), !disconnected);
+    EXPECT_EQ(Enabled("tbr_TransmitTextFile"), !disconnected);
+    EXPECT_EQ(Port().Settings(), "19200,N,8,1");
+    EXPECT_EQ(Application().Ticks().LineHolders, 0);
+    EXPECT_FALSE(WindowOpen("frmProgram"));
+    EXPECT_EQ(Text("txtTerm") == "Error. Please reconnect.", disconnected);
+  }
+}
+
+TEST_F(UpgradeSessionTest, SmallLargeAndForeignFiles) {
+  const std::string foreign = "This Does not appear to be a valid firmware file.";
+  const std::string sound = sim::FirmwareImage("3.2.1", 512);
+  const struct {
+    std::string Content;
+    int Questions;
+    bool Succeeds;
+    std::vector<int> Bar;
+  } cases[] = {
+      {"", 2, false, {0}},
+      {sound.substr(0, 59), 1, false, {0}},
+      {sound.substr(0, 60), 1, false, {0}},
+      {sound, 0, true, {0}},
+      {sim::FirmwareImage("3.2.1", 514), 0, true, {0}},
+      {sim::FirmwareImage("3.2.1", 1024), 0, true, {0}},
+      {sim::FirmwareImage("3.2.1", 1536), 0, true, {0, 33}},
+      {sim::FirmwareImage("3.2.1", 1600), 0, true, {0, 32, 64}},
+  };
+  struct Bar : ControlView {
+    void Changed(Control& control) override {
+      Values.push_back(static_cast<ProgressBar&>(control).Value());
+    }
+    std::vector<int> Values{0};
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Content.size());
+    StartInLoader();
+    Bar bar;
+    OnCommand("PROGRAM", [&] {
+      if (WindowOpen("frmProgram")) Find("ProgressBar1").SetView(&bar);
+    });
+    for (int i = 0; i < c.Questions; ++i) {
+      ExpectBox("Error")
+          .Containing(c.Questions == 2 ? foreign : "shorter than its length says")
+          .Reply(Answer::Yes);
+    }
+    if (c.Succeeds) {
+      ExpectSuccess();
+    } else {
+      ExpectFailed();
+      ExpectNeedsSoftware();
+    }
+    Upgrade(Save("new.s28", c.Content));
+    EXPECT_THAT(Sent(),
+                StartsWith(LoaderPrelude() + c.Content + (c.Succeeds ? "EXIT\r" : "CLOS\r")));
+    EXPECT_EQ(bar.Values, c.Bar);
+    ExpectConnected();
+    ASSERT_TRUE(Click("tbr_Disconnect"));
+  }
+}
+
+TEST_F(UpgradeSessionTest, TheLineBelongsToTheTransfer) {
+  StartInLoader();
+  const auto file = Image(65536);
+  WhileSending([&] {
+    EXPECT_TRUE(Click("ButtonRefresh"));
+    EXPECT_TRUE(Shared().RefreshRequested);
+    Main().NextKeepAlive = Now();
+    // A second upgrade is not to be had, whatever enables its entries.
+    EXPECT_FALSE(Click("mnuSendText"));
+    EXPECT_FALSE(Click("tbr_TransmitTextFile"));
+    Main().tbr_TransmitTextFile.Enabled = true;
+    Main().mnuSendText.Enabled = true;
+    EXPECT_TRUE(Click("tbr_TransmitTextFile"));
+    // Another window comes to the front; this one comes back.
+    Events().Pump();
+    EXPECT_TRUE(WindowOpen("frmProgram"));
+    EXPECT_FALSE(Shared().TransferStop);
+  });
+  ExpectSuccess().StaysUp(Seconds(600));
+  Upgrade(file);
+  const std::string whole = LoaderPrelude() + sim::FirmwareImage("3.2.1", 65536) + "EXIT\rCLOS\r";
+  EXPECT_THAT(Sent(), StartsWith(whole));
+  ExpectConnected();
+}
+
+TEST_F(UpgradeSessionTest, WhatTheUserDoesMeanwhile) {
+  const char* portClosed = "The port is not open";
+  struct Box {
+    const char* Title;
+    std::string Text;
+  };
+  const Box failed{"Radio Error", "Radio programming FAILED."};
+  const struct {
+    const char* Name;
+    std::function<void()> Act;
+    std::vector<Box> Boxes;
+  } cases[] = {
+      {"types at the radio", [&] { EXPECT_TRUE(Type("txtTerm", "x")); }, {failed}},
+      {"disconnects",
+       [&] { EXPECT_TRUE(Click("tbr_Disconnect")); },
+       {{ProgramTitle, portClosed}, failed}},
+      {"closes the port",
+       [&] { EXPECT_TRUE(Click("mnuOpen")); },
+       {{ProgramTitle, portClosed}, failed}},
+      {"programs a setting",
+       [&] {
+         ExpectInput("Program Radio Mode").Type("R");
+         EXPECT_TRUE(Click("Mode"));
+       },
+       {failed}},
+      {"looks at the preferences",
+       [&] {
+         ExpectWindow("frmPreferences").StaysUp(Seconds(5)).Do([&] {
+           EXPECT_TRUE(Click("CancelButton"));
+         });
+         EXPECT_TRUE(Click("mnuPreferences"));
+       },
+       {failed}},
+  };
+  StartInLoader();
+  ASSERT_TRUE(Click("ButtonAdv"));
+  const auto file = Image(16384);
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Name);
+    WhileSending(c.Act);
+    for (const Box& box : c.Boxes) {
+      ExpectBox(box.Title).Saying(box.Text).With(Icon::Exclamation);
+    }
+    ExpectNeedsSoftware();
+    Upgrade(file);
+    ExpectConnected();
+    ClearLog();
+  }
+  ExpectSuccess();
+  Upgrade(file);
+  ExpectConnected();
+}
+
+TEST_F(UpgradeSessionTest, QuittingEndsItAtOnce) {
+  const auto file = Image(16384);
+  for (const bool inTransfer : {false, true}) {
+    ConnectTo({});
+    ExpectErase(Answer::Yes);
+    const auto quit = [&] { EXPECT_TRUE(Quit()); };
+    if (inTransfer) {
+      OnCommand("PROGRAM", [&] { WhileSending(quit); });
+    } else {
+      OnCommand("YES", [&] { After(Seconds(5), quit); });
+    }
+    Upgrade(file);
+    EXPECT_TRUE(Ended());
+    EXPECT_THAT(Sent(), EndsWith("PASS NONE\r"));
+    EXPECT_EQ(Application().Ticks().LineHolders, 0);
+    Restart();
+  }
+}
+
+TEST_F(UpgradeSessionTest, ALinkThatIsLostOutsideOfTheTransfer) {
+  const auto file = Image(512);
+  const auto disconnect = [&] { EXPECT_TRUE(Click("tbr_Disconnect")); };
+  const struct {
+    const char* Name;
+    std::function<void()> Plan;
+    bool Box;
+  } cases[] = {
+      {"while the radio is asked", [&] { After(Milliseconds(2), disconnect); }, false},
+      {"while it erases",
+       [&] {
+         ExpectErase(Answer::Yes);
+         OnCommand("YES", [&] { After(Seconds(3), disconnect); });
+       },
+       true},
+      {"while it wakes up",
+       [&] {
+         ExpectErase(Answer::Yes);
+         OnCommand("YES", [&] { After(Seconds(5.8), disconnect); });
+       },
+       true},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Name);
+    ConnectTo({});
+    c.Plan();
+    if (c.Box) ExpectBox("Error").Saying(lost).With(Icon::Exclamation);
+    Upgrade(file);
+    EXPECT_EQ(Port().Settings(), "19200,N,8,1");
+    EXPECT_FALSE(Port().PortOpen());
+    EXPECT_EQ(Text("pnl_Settings"), "Settings: ");
+    EXPECT_FALSE(Enabled("mnuSendText"));
+    EXPECT_FALSE(Enabled("tbr_TransmitTextFile"));
+    EXPECT_FALSE(WindowOpen("frmProgram"));
+    EXPECT_TRUE(Main().ShowCommStatus);
+    EXPECT_EQ(Application().Ticks().LineHolders, 0);
+  }
+}
+
+TEST_F(UpgradeSessionTest, LeftJustAfterTheLoaderHasFinished) {
+  StartInLoader();
+  std::string image = sim::FirmwareImage("3.2.1", 4096);
+  image.append(8192, '\n');
+  const auto file = Save("new.s28", image);
+  const auto whenDone = [&](const char* button) {
+    OnCommand("PROGRAM", [this, button] {
+      After(Milliseconds(800), [this, button] { EXPECT_TRUE(Click(button)); });
+    });
+  };
+  whenDone("Command1");
+  ExpectSuccess();
+  Upgrade(file);
+  ExpectConnected();
+  // The image was sound, but nobody can tell the radio to run it.
+  ASSERT_TRUE(Click("tbr_Disconnect"));
+  StartInLoader();
+  whenDone("tbr_Disconnect");
+  ExpectBox(ProgramTitle).Saying("The port is not open").With(Icon::Exclamation);
+  ExpectBox("Error").Saying(lost).With(Icon::Exclamation);
+  Upgrade(file);
+  EXPECT_THAT(Sent(), EndsWith("\nCLOS\r"));
+  EXPECT_EQ(Port().Settings(), "19200,N,8,1");
+  EXPECT_FALSE(Enabled("mnuSendText"));
+}
+
+TEST_F(UpgradeSessionTest, AFileThatChangesWhileItIsSent) {
+  const std::string image = sim::FirmwareImage("3.2.1", 16384);
+  const auto file = Image(16384);
+  const struct {
+    const char* Name;
+    std::function<void()> Act;
+    std::string Sent;
+    const char* Details;
+  } cases[] = {
+      {"shrinks", [&] { std::filesystem::resize_file(file, 10000); }, image.substr(0, 10000),
+       "The file ended after 10000 of 16384 bytes."},
+      {"grows",
+       [&] { std::ofstream(file, std::ios::binary | std::ios::app) << std::string(5000, 'x'); },
+       image, ""},
+      {"vanishes", [&] { std::filesystem::remove(file); }, image, ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Name);
+    Image(16384);
+    StartInLoader();
+    WhileSending(c.Act);
+    const bool whole = c.Sent == image;
+    if (whole) {
+      ExpectSuccess();
+    } else {
+      ExpectFailed();
+      ExpectNeedsSoftware();
+    }
+    const std::size_t before = Boxes().size();
+    Upgrade(file);
+    EXPECT_EQ(Boxes()[before + 1].Details, c.Details);
+    EXPECT_THAT(Sent(), StartsWith(LoaderPrelude() + c.Sent + (whole ? "EXIT\r" : "CLOS\r")));
+    ExpectConnected();
+    ASSERT_TRUE(Click("tbr_Disconnect"));
+  }
+  // Gone before it was opened again.
+  Image(16384);
+  ConnectTo({});
+  ExpectErase(Answer::Yes);
+  OnCommand("YES", [&] { std::filesystem::remove(file); });
+  ExpectBox(ProgramTitle).Saying("No such file or directory").With(Icon::Exclamation);
+  ExpectFailed();
+  ExpectNeedsSoftware();
+  Upgrade(file);
+  EXPECT_THAT(Sent(), HasSubstr("\r" + Bursts(20) + "ERASE\rCLOS\r"));
+  ExpectConnected();
+}
+
+TEST_F(UpgradeSessionTest, ClickedInTheMiddleOfSomethingElse) {
+  const auto file = Image();
+  Start();
+  const struct {
+    const char* Command;
+    const char* Sent;
+  } cases[] = {{"mode", "options\rPROGRAM\rYES\r"}, {"OPEN", "OPEN\r\rPROGRAM\rYES\r"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Command);
+    // Slow, so that there is time for a click before the connect has ended.
+    UseRadio({.ThinkTime = Milliseconds(500)});
+    ExpectErase(Answer::Yes);
+    ExpectSuccess();
+    ExpectChoice(file);
+    OnCommand(c.Command,
+              [&] { After(Milliseconds(1), [&] { EXPECT_TRUE(Click("mnuSendText")); }); });
+    ASSERT_TRUE(Click("tbr_Connect"));
+    ASSERT_TRUE(RunUntil([&] { return Radio().Setting("srev") == "3.2.1"; }, Seconds(300)));
+    EXPECT_THAT(Sent(), HasSubstr(c.Sent));
+    Run(Seconds(60));
+    CheckExpectations();
+    ExpectConnected();
+    ASSERT_TRUE(Click("tbr_Disconnect"));
+    Shared().InstalledFirmwareVersion = "";
+  }
+}
+
+TEST_F(UpgradeSessionTest, TwentyMegabytes) {
+  StartInLoader();
+  OnCommand("PROGRAM", [&] {
+    After(Seconds(2), [&] {
+      EXPECT_EQ(Text("lblLeft"), "22528 of 20000000 bytes, 1735 s left");
+      EXPECT_TRUE(Click("Command1"));
+    });
+  });
+  FailOnce(Image(20'000'000));
+}
+
+}  // namespace
+}  // namespace quillmark
