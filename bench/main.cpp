@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "bare_window.h"
+#include "firmware_radio.h"
 #include "line_feeder.h"
 #include "measurements.h"
 #include "surroundings.h"
@@ -27,7 +28,8 @@ constexpr Measurement measurements[] = {
     {"read-cycle", MeasureReadCycle}, {"configurations", MeasureConfigurations},
     {"waking", MeasureWaking},        {"idle", MeasureIdle},
     {"unplug", MeasureUnplug},        {"start", MeasureStart},
-    {"terminal", MeasureTerminal},    {"tests", MeasureTestSuite},
+    {"terminal", MeasureTerminal},    {"firmware", MeasureFirmware},
+    {"tests", MeasureTestSuite},
 };
 
 QString Names() {
@@ -86,6 +88,7 @@ int MeasureAll(Surroundings& surroundings, const QStringList& asked) {
 int Run(int argc, char* argv[]) {
   const std::string_view mode = argc > 1 ? argv[1] : "";
   if (mode == "--feed") return Feed(argc > 2 ? std::atoi(argv[2]) : 1);
+  if (mode == "--take-firmware") return TakeFirmware();
   if (mode == "--bare-window") return ShowBareWindow(argc, argv);
   Surroundings surroundings;
   QApplication application(argc, argv);

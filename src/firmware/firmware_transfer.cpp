@@ -70,9 +70,12 @@ std::string FirmwareTransfer::SendFile(const std::filesystem::path& path) {
 std::string FirmwareTransfer::SendBlocks() {
   const auto block = static_cast<std::int64_t>(platform.MSComm1.OutBufferSize());
   const std::int64_t length = file.Length();
+  progress->ShowBytes(0, length, {});
   platform.Events.Sleep(Milliseconds(2000));
   platform.MSComm1.Output("PROGRAM\r");
   main.ShowCommStatus = false;
+  // One block at most stands in the buffer, and no command in front of it.
+  AwaitEmptyBuffer();
   const Duration began = platform.Events.Now();
   std::int64_t sent = 0;
   const auto missing = [&](const std::string& why) {

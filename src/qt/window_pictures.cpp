@@ -12,6 +12,7 @@
 #include "app/console.h"
 #include "config/frmSimpleRptrSetup.h"
 #include "config/frmViewer.h"
+#include "firmware/frmProgram.h"
 #include "qt/latin1.h"
 #include "qt/message_window.h"
 #include "qt/qt_windows.h"
@@ -57,7 +58,8 @@ void Type(Form& form, const char* name, const char* text) {
 
 // By the button that gives up, where the window has one.
 void Leave(Form& form) {
-  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton", "ExitButton", "cmdClose"}) {
+  for (const char* name :
+       {"cmdCancel", "CancelButton", "CloseButton", "ExitButton", "cmdClose", "Command1"}) {
     Click(form, name);
   }
   if (form.Loaded()) form.UserClose();
@@ -86,6 +88,7 @@ bool WindowPictures::Take() {
   TakeAccessWindows();
   TakeConfigurationWindows();
   TakePrint();
+  TakeProgressWindow();
   return sound;
 }
 
@@ -195,6 +198,18 @@ void WindowPictures::TakePrint() {
   if (!main.cmdPrint.Click()) return;
   sound = sound && std::filesystem::exists(dialogs.PdfFile);
   WaitUntil(platform.Events, longestRun, [this] { return !console.Shared().RefreshRequested; });
+}
+
+// As half-way through a firmware file; nothing is sent.
+void WindowPictures::TakeProgressWindow() {
+  const auto progress = std::make_shared<frmProgram>(platform, console.Shared());
+  progress->Caption = "Downloading Firmware to the radio...";
+  progress->Label1.Text = "Transmitting S28 File - quillmark-3.2.1.s28";
+  constexpr std::int64_t length = 524'288;
+  constexpr std::int64_t sent = 219'648;
+  progress->ProgressBar1.Value = static_cast<int>(100 * sent / length);
+  progress->ShowBytes(sent, length, Milliseconds(sent * 10'000 / 115'200));
+  TakeShown("frmProgram", "firmware-upgrade", [&] { progress->Show(); });
 }
 
 // The picture is taken from inside the window's own loop.

@@ -39,6 +39,7 @@ class WindowPictures {
   void TakePresetMenu();
   // Prints the radio's configuration into a PDF, with a picture of the window meanwhile.
   void TakePrint();
+  void TakeProgressWindow();
 
   // Of a window that runs its own loop until it is closed. `open` may decline to open it.
   void TakeModal(const char* formName, const std::string& name, const std::function<void()>& open,

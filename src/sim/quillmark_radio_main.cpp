@@ -87,6 +87,8 @@ void AddLoaderOptions(CLI::App& app, SimLoaderOptions& loader) {
       ->group(group);
   app.add_option("--stall-at-byte", loader.StallAtByte, "go deaf at the Nth byte of an image")
       ->group(group);
+  app.add_option("--reset-at-byte", loader.ResetAtByte, "start anew at the Nth byte of an image")
+      ->group(group);
 }
 
 void AddLineOptions(CLI::App& app, ProgramOptions& options) {

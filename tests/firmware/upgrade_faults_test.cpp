@@ -111,9 +111,10 @@ TEST_F(UpgradeFaultsTest, CancelledAtEveryBlock) {
     });
     const std::size_t before = Boxes().size();
     FailOnce();
-    EXPECT_EQ(Radio().Transfer().Bytes, (at + 1) * block);
+    const std::int64_t sent = at == 0 ? 0 : (at + 1) * block;
+    EXPECT_EQ(Radio().Transfer().Bytes, sent);
     EXPECT_EQ(Boxes()[before + 1].Details, "The transfer was cancelled after " +
-                                               std::to_string((at + 1) * block) +
+                                               std::to_string(sent) +
                                                " of 65536 bytes.");
   }
   SucceedAtLast();
