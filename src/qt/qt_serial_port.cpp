@@ -22,7 +22,7 @@ QtSerialPort::QtSerialPort(QtEventLoop& eventLoop, std::function<std::string(int
     : events(eventLoop), deviceOf(std::move(deviceOfNumber)) {
   drained.setSingleShot(true);
   drained.setTimerType(Qt::PreciseTimer);
-  connect(&drained, &QTimer::timeout, this, &QtSerialPort::WakeWhenDrained);
+  connect(&drained, &QTimer::timeout, this, &QtSerialPort::FinishDrained);
 }
 
 QtSerialPort::~QtSerialPort() {
@@ -169,15 +169,24 @@ std::size_t QtSerialPort::OutBufferCount() const {
   return std::max(engine->Queues->Unsent + WithDriver(), pace.Held(events.Now()));
 }
 
+Duration QtSerialPort::UntilDrained() const {
+  if (!PortOpen()) return Duration::zero();
+  const std::lock_guard lock(engine->Queues->Lock);
+  return std::max(pace.Left(events.Now()), pace.TimeOf(WithDriver()));
+}
+
 // While the worker still has bytes there is nothing to time: it reports when it has none.
 void QtSerialPort::WakeWhenDrained() {
-  if (!PortOpen()) return;
-  Duration left = pace.Left(events.Now());
-  {
-    const std::lock_guard lock(engine->Queues->Lock);
-    left = std::max(left, pace.TimeOf(WithDriver()));
-  }
-  if (left > Duration::zero()) drained.start(std::chrono::ceil<std::chrono::milliseconds>(left));
+  const Duration left = UntilDrained();
+  if (left > Duration::zero()) drained.start(std::chrono::floor<std::chrono::milliseconds>(left));
+}
+
+// The timer counts whole milliseconds. What is left of one is slept: rounded up, it would cost a
+// hundredth of a firmware transfer's time.
+void QtSerialPort::FinishDrained() {
+  const Duration left = UntilDrained();
+  if (left >= Milliseconds(1)) return WakeWhenDrained();
+  if (left > Duration::zero()) QThread::usleep(static_cast<unsigned long>(left.count()));
 }
 
 // Holds the thread until the last byte has left, but not for ever: a line may be stuck.

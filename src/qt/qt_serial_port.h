@@ -55,6 +55,8 @@ class QtSerialPort : public QObject, public SerialPort {
   void CloseDevice();
   void Drain();
   void WakeWhenDrained();
+  void FinishDrained();
+  Duration UntilDrained() const;
   std::size_t WithDriver() const;
   void Announce(quint64 session);
   void Raise(int event, quint64 session);

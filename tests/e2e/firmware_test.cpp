@@ -26,6 +26,9 @@ class Upgrader {
         qobject_cast<QFileDialog*>(front)->selectFile(chosen);
         QMetaObject::invokeMethod(front, "accept");
       } else if (front != nullptr && front->objectName() == "MessageBox") {
+        // Nobody is quicker; and the radio must have read EXIT before the rate changes.
+        if (++looksAtBox < 20) return;
+        looksAtBox = 0;
         AnswerBox(*front);
       } else if (Form* form = shown.FormNamed("frmProgram")) {
         LookAt(*shown.WindowOf(*form));
@@ -52,6 +55,7 @@ class Upgrader {
 
   const QtWindows& shown;
   QTimer look;
+  int looksAtBox = 0;
   bool acting = false;
 };
 
