@@ -113,9 +113,8 @@ TEST_F(UpgradeFaultsTest, CancelledAtEveryBlock) {
     FailOnce();
     const std::int64_t sent = at == 0 ? 0 : (at + 1) * block;
     EXPECT_EQ(Radio().Transfer().Bytes, sent);
-    EXPECT_EQ(Boxes()[before + 1].Details, "The transfer was cancelled after " +
-                                               std::to_string(sent) +
-                                               " of 65536 bytes.");
+    EXPECT_EQ(Boxes()[before + 1].Details,
+              "The transfer was cancelled after " + std::to_string(sent) + " of 65536 bytes.");
   }
   SucceedAtLast();
 }
