@@ -146,7 +146,10 @@ TEST_F(UpgradeSessionTest, TheLineBelongsToTheTransfer) {
   StartInLoader();
   const auto file = Image(65536);
   WhileSending([&] {
+    // The main window comes to the front; this one is shown anew.
+    As<Form>("frmProgram").AlwaysOnTop = false;
     EXPECT_TRUE(Click("ButtonRefresh"));
+    EXPECT_TRUE(As<Form>("frmProgram").AlwaysOnTop());
     EXPECT_TRUE(Shared().RefreshRequested);
     Main().NextKeepAlive = Now();
     // A second upgrade is not to be had, whatever enables its entries.
@@ -155,8 +158,6 @@ TEST_F(UpgradeSessionTest, TheLineBelongsToTheTransfer) {
     Main().tbr_TransmitTextFile.Enabled = true;
     Main().mnuSendText.Enabled = true;
     EXPECT_TRUE(Click("tbr_TransmitTextFile"));
-    // Another window comes to the front; this one comes back.
-    Events().Pump();
     EXPECT_TRUE(WindowOpen("frmProgram"));
     EXPECT_FALSE(Shared().TransferStop);
   });
