@@ -35,11 +35,7 @@ std::string AccessMenus::OpenWindow() const {
          (passwords ? setPass->Caption() : setup->Caption()) + "\" first.";
 }
 
-bool AccessMenus::PortIsOpen() {
-  if (platform.MSComm1.PortOpen()) return true;
-  platform.Dialogs.Message({"Please Toggle COMM Port open first.", "User Help"});
-  return false;
-}
+bool AccessMenus::PortIsOpen() { return quillmark::PortIsOpen(platform.Dialogs, platform.MSComm1); }
 
 void AccessMenus::ShowLogin(frmLogin::Command command) {
   platform.Windows.ShowModal(std::make_shared<frmLogin>(platform, session, main, command), main);

@@ -33,7 +33,8 @@ Console::Console(Platform& machine)
       fileTasks(machine, *main, directRun, saver, sender),
       presets(machine, *main, directRun, saver, sender),
       quickConfig(machine, *main, directRun, sender),
-      upgrade(machine, session, *main, connection, mainTimer) {
+      upgrade(machine, session, *main, connection, mainTimer),
+      diagnostics(machine, session, *main, mainTimer) {
   WireLink();
   WireShell();
   programmer.Wire();
@@ -44,6 +45,7 @@ Console::Console(Platform& machine)
   presets.Wire();
   quickConfig.Wire();
   upgrade.Wire();
+  diagnostics.Wire();
   WireSettingTexts(*main, platform.Dialogs, session);
 }
 
@@ -179,6 +181,7 @@ void Console::Form_Unload() {
     return;
   }
   ending = true;
+  diagnostics.CloseWindow();
   ++mainTimer.LineHolders;
   const bool wasOpen = platform.MSComm1.PortOpen();
   SendLogout();

@@ -14,6 +14,7 @@
 #include "config/presets.h"
 #include "config/quick_config.h"
 #include "firmware/firmware_upgrade.h"
+#include "diagnostics/diagnostic_buttons.h"
 #include "link/connection.h"
 #include "link/receiver.h"
 #include "link/session.h"
@@ -79,6 +80,7 @@ class Console {
   Presets presets;
   QuickConfig quickConfig;
   FirmwareUpgrade upgrade;
+  DiagnosticButtons diagnostics;
   std::weak_ptr<frmSplash> splash;
   bool mainLoaded = false;
   bool ending = false;

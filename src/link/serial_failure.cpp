@@ -11,4 +11,10 @@ void ShowLinkError(Dialogs& dialogs, const SerialError& error) {
        Icon::Exclamation, Buttons::Ok, error.Details});
 }
 
+bool PortIsOpen(Dialogs& dialogs, const SerialPort& port) {
+  if (port.PortOpen()) return true;
+  dialogs.Message({"Please Toggle COMM Port open first.", "User Help"});
+  return false;
+}
+
 }  // namespace quillmark

@@ -11,6 +11,9 @@ namespace quillmark {
 // serial failure stays silent.
 void ShowLinkError(Dialogs& dialogs, const SerialError& error);
 
+// Whether the port is open; a box asks for that when it is not.
+bool PortIsOpen(Dialogs& dialogs, const SerialPort& port);
+
 // Runs a handler that talks to the radio; a serial failure ends it with the box above.
 template <class Handler>
 void WithLinkErrors(Dialogs& dialogs, Handler&& handler) {

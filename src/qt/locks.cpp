@@ -17,8 +17,6 @@ struct Lock {
 
 // clang-format off
 constexpr Lock locks[] = {
-    {"frmOrvalent.ButtonZoneData", "Zone data"},
-    {"frmOrvalent.ButtonRSSI", "The RSSI meter"},
     {"frmOrvalent.mnuConfigRestore", "The store and restore window"},
 };
 // clang-format on

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "app/frmOrvalent.h"
+#include "link/session.h"
+#include "platform/platform.h"
+#include "radio/main_timer.h"
+
+namespace quillmark {
+
+// The main window's buttons that open the windows of the link's diagnostics. While one of these is
+// loaded it has the line to itself: no keep-alive and no read. Everything given to it outlives it.
+class DiagnosticButtons {
+ public:
+  DiagnosticButtons(Platform& platform, Session& session, frmOrvalent& main, MainTimer& ticks);
+
+  // Joins the buttons to their handlers.
+  void Wire();
+  // Closes the window that is up, so that the radio is left as it was found.
+  void CloseWindow();
+
+ private:
+  void ButtonRSSI_Click();
+  void ButtonZoneData_Click();
+  template <class Window>
+  void Show();
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  MainTimer& ticks;
+  std::weak_ptr<Form> shown;
+};
+
+}  // namespace quillmark

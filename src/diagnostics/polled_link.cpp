@@ -1,0 +1,26 @@
+#include "diagnostics/polled_link.h"
+
+#include <utility>
+
+#include "link/serial_failure.h"
+
+namespace quillmark {
+
+PolledLink::PolledLink(Platform& machine, const frmOrvalent& window)
+    : platform(machine), main(window), wasUp(machine.MSComm1.PortOpen()) {}
+
+void PolledLink::Send(const std::string& command) {
+  try {
+    platform.MSComm1.Output(command + "\r");
+    wasUp = true;
+  } catch (const SerialError& error) {
+    if (OnLost) OnLost();
+    // A port that vanished has its own notice up or on the way; the main window then shows it
+    // closed.
+    platform.Events.Pump();
+    const bool told = std::exchange(wasUp, false) && !main.mnuOpen.Checked();
+    if (!told) ShowLinkError(platform.Dialogs, error);
+  }
+}
+
+}  // namespace quillmark
