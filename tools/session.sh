@@ -59,7 +59,7 @@ with_simulated_radio() {
 start_radio() {
   rm -f "$1"
   sessionLink=$1
-  setsid setpriv --pdeathsig TERM build/release/quillmark-radio --link "$1" >"$2" 2>&1 </dev/null 9>&- &
+  setsid setpriv --pdeathsig TERM build/release/quillmark-radio --link "$1" --zone-traffic >"$2" 2>&1 </dev/null 9>&- &
   sessionRadio=$!
   if ! wait_for_link "$1" "$sessionRadio"; then
     say "The simulated radio did not start:"

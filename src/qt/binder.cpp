@@ -19,6 +19,7 @@
 #include "qt/clickable_text.h"
 #include "qt/latin1.h"
 #include "qt/locks.h"
+#include "qt/painted_controls.h"
 #include "qt/row_stack.h"
 #include "qt/terminal_view.h"
 
@@ -66,6 +67,26 @@ bool Binder::TryJoin(Control& control) {
   return true;
 }
 
+// What painted widgets draw has no widgets of its own.
+void Binder::JoinPainted() {
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    auto* painted = dynamic_cast<PaintedControls*>(widget);
+    if (painted == nullptr) continue;
+    const std::size_t problemsBefore = problems.size();
+    for (const std::string& name : painted->Drawn()) {
+      Control* control = form.Find(name);
+      if (control == nullptr) {
+        problems.push_back(name + " is drawn, but has no control");
+        continue;
+      }
+      widgets[control] = widget;
+      shows[control] = [painted, control] { painted->ControlChanged(*control); };
+      control->SetView(this);
+    }
+    if (problems.size() == problemsBefore) painted->Join(form);
+  }
+}
+
 bool Binder::Ignore(Control& control) { return dynamic_cast<Timer*>(&control) != nullptr; }
 
 void Binder::Join() {
@@ -89,7 +110,9 @@ void Binder::Join() {
       &Binder::TryJoin<TabStrip, QTabBar, &Binder::JoinTabs>,
       &Binder::Ignore,
   };
+  JoinPainted();
   for (Control* control : form.Controls()) {
+    if (widgets.count(control) != 0) continue;
     if (const auto tip = LockTip(*control)) lockTips[control] = *tip;
     bool joined = false;
     for (const Joiner joiner : joiners) joined = joined || (this->*joiner)(*control);

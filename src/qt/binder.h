@@ -74,6 +74,7 @@ class Binder : public QObject, public ControlView {
   template <class Kind, class Widget, void (Binder::*join)(Kind&, Widget&)>
   bool TryJoin(Control& control);
   bool Ignore(Control& control);
+  void JoinPainted();
 
   void JoinMenuItem(MenuItem& control, QAction& action);
   void JoinMenu(Menu& control, QMenu& menu);

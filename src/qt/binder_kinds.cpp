@@ -182,6 +182,7 @@ void Binder::JoinValueField(ValueField& control, ValueBox& box) {
           [this, &control] { ActOn(control, [&control] { control.Click(); }); });
   Follow(control, [this, &control, &box] {
     ShowCommon(control, box, false);
+    ShowFont(control, box);
     box.setText(ToQt(OnOneLine(control.Text())));
     box.setAccessibleDescription(box.text());
     const bool promised = control.MousePointer() != Pointer::NoDrop;

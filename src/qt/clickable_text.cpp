@@ -170,7 +170,7 @@ void ValueBox::paintEvent(QPaintEvent*) {
   QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
   if (!isEnabled()) ink.setAlphaF(mutedInk);
   painter.setPen(ink);
-  painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, Elided());
+  painter.drawText(contentsRect(), static_cast<int>(alignment()), Elided());
 }
 
 }  // namespace quillmark

@@ -18,6 +18,7 @@
 #include "ui_frmPreferences.h"
 #include "ui_frmProgram.h"
 #include "ui_frmProperties.h"
+#include "ui_frmRSSI.h"
 #include "ui_frmRTUOptions.h"
 #include "ui_frmSetPass.h"
 #include "ui_frmSetup.h"
@@ -26,6 +27,8 @@
 #include "ui_frmSplash.h"
 #include "ui_frmViewer.h"
 #include "ui_frmXMAP.h"
+#include "ui_frmZoneData.h"
+#include "ui_frmZoneQuality.h"
 
 namespace quillmark {
 
@@ -168,6 +171,9 @@ constexpr Row rows[] = {
     {"frmViewer", MakeViewer},
     {"frmSimpleRptrSetup", MakeDialog<Ui::frmSimpleRptrSetup>},
     {"frmProgram", MakeDialog<Ui::frmProgram>},
+    {"frmRSSI", MakeDialog<Ui::frmRSSI>},
+    {"frmZoneData", MakeDialog<Ui::frmZoneData>},
+    {"frmZoneQuality", MakeDialog<Ui::frmZoneQuality>},
 };
 
 }  // namespace

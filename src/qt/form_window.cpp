@@ -1,5 +1,6 @@
 #include "qt/form_window.h"
 
+#include <QAction>
 #include <QDialog>
 #include <QEvent>
 #include <QGuiApplication>
@@ -23,13 +24,18 @@ namespace {
 constexpr double helpDistance = 120;  // twips between a dialog and the window that explains it
 constexpr int mouseLook = 20;         // ms between looks for the release of a mouse button
 
-// The button that Escape clicks, whatever it is called; null when the window has none.
-QPushButton* CancelButton(const QWidget& window) {
-  for (const char* name :
-       {"cmdCancel", "CancelButton", "CloseButton", "cmdClose", "Command1"}) {
-    if (auto* button = window.findChild<QPushButton*>(QLatin1String(name))) return button;
+// What Escape does: it clicks the button or the menu entry by which one leaves the window without
+// a change, whatever that is called. False where the window has none.
+bool LeaveByEscape(const QWidget& window) {
+  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton", "cmdClose", "Command1"}) {
+    if (auto* button = window.findChild<QPushButton*>(QLatin1String(name))) {
+      button->click();
+      return true;
+    }
   }
-  return nullptr;
+  auto* exit = window.findChild<QAction*>(QStringLiteral("mnuExitScreen"));
+  if (exit != nullptr) exit->trigger();
+  return exit != nullptr;
 }
 
 }  // namespace
@@ -195,9 +201,8 @@ bool FormWindow::KeyPressed(int key) {
     return false;
   }
   if (key != Qt::Key_Escape) return false;
-  if (QPushButton* cancel = CancelButton(*window)) {
-    cancel->click();
-  } else if (window->findChild<QAbstractButton*>() == nullptr) {
+  // A picture has nothing to click.
+  if (!LeaveByEscape(*window) && window->findChild<QAbstractButton*>() == nullptr) {
     Act([this] { form->UserClose(); });
   }
   return true;

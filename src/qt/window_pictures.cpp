@@ -37,6 +37,11 @@ constexpr const char* samplePreset =
     "\r\nUNIT 1234\r\nMODE R\r\nPWR 30 dBm\r\nBAUD 9600 8N1\r\nADDR 1000\r\n"
     "XMAP 00000002\r\nXPRI 1\r\n";
 
+// Until the windows that watch the link show what the radio says, paced by its line.
+constexpr Duration levelTime = Milliseconds(400);
+constexpr Duration zoneTime = Milliseconds(2800);
+constexpr Duration qualityTime = Milliseconds(1300);
+
 constexpr int modalLook = 10;  // ms between looks for a window that is about to open
 
 // For a file name: "Radio Settings 1" as "radio-settings-1".
@@ -85,6 +90,7 @@ bool WindowPictures::Take() {
   main.ButtonAdv.Click();
   WaitUntil(platform.Events, longestStatus, [&main] { return !main.Timer2.Enabled(); });
   TakeMain();
+  TakeDiagnosticWindows();
   TakeAccessWindows();
   TakeConfigurationWindows();
   TakePrint();
@@ -210,6 +216,24 @@ void WindowPictures::TakeProgressWindow() {
   progress->ProgressBar1.Value = static_cast<int>(100 * sent / length);
   progress->ShowBytes(sent, length, Milliseconds(sent * 10'000 / 115'200));
   TakeShown("frmProgram", "firmware-upgrade", [&] { progress->Show(); });
+}
+
+void WindowPictures::TakeDiagnosticWindows() {
+  frmOrvalent& main = console.Main();
+  const auto watch = [this](Duration time) {
+    WaitUntil(platform.Events, time, [] { return false; });
+  };
+  TakeModal(
+      "frmRSSI", "signal-level", [&] { main.ButtonRSSI.Click(); },
+      [&](Form&) { watch(levelTime); });
+  TakeModal(
+      "frmZoneData", "zone-data", [&] { main.ButtonZoneData.Click(); },
+      [&](Form& zoneData) {
+        watch(zoneTime);
+        TakeModal(
+            "frmZoneQuality", "zone-quality", [&] { Click(zoneData, "mnuShowZoneQuality"); },
+            [&](Form&) { watch(qualityTime); });
+      });
 }
 
 // The picture is taken from inside the window's own loop.

@@ -40,6 +40,7 @@ class WindowPictures {
   // Prints the radio's configuration into a PDF, with a picture of the window meanwhile.
   void TakePrint();
   void TakeProgressWindow();
+  void TakeDiagnosticWindows();
 
   // Of a window that runs its own loop until it is closed. `open` may decline to open it.
   void TakeModal(const char* formName, const std::string& name, const std::function<void()>& open,

@@ -208,7 +208,7 @@ TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   EXPECT_THAT(table, HasSubstr("\nStore and Forward Settings\n"
                                "  Store and Forward         SAF OFF\n"));
   EXPECT_THAT(table, HasSubstr("  Radio Mode                MODE M\n"));
-  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 24);
+  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 27);
 
   ASSERT_TRUE(silent.waitForFinished(5'000));
   EXPECT_EQ(silent.exitCode(), 1);

@@ -22,6 +22,9 @@
 #include "app/frmSplash.h"
 #include "config/frmSimpleRptrSetup.h"
 #include "config/frmViewer.h"
+#include "diagnostics/frmRSSI.h"
+#include "diagnostics/frmZoneData.h"
+#include "diagnostics/frmZoneQuality.h"
 #include "link/frmProperties.h"
 #include "prefs/frmPreferences.h"
 #include "qt/clickable_text.h"
@@ -74,6 +77,9 @@ TEST(Binder, EveryWindowFitsItsForm) {
       std::make_shared<frmSetup>(platform, session, main),
       std::make_shared<frmViewer>(),
       std::make_shared<frmSimpleRptrSetup>(),
+      std::make_shared<frmRSSI>(platform, session, main),
+      std::make_shared<frmZoneData>(platform, session, main),
+      std::make_shared<frmZoneQuality>(platform, session, main),
       main.shared_from_this(),
   };
   for (const auto& form : forms) {

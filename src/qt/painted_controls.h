@@ -1,0 +1,34 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "controls/form.h"
+
+namespace quillmark {
+
+// A widget that draws many controls of its window by itself, where a widget for each would be
+// hundreds of labels. The binder finds it among the window's widgets and joins it; the form
+// outlives it.
+class PaintedControls {
+ public:
+  // The names of the controls that it draws; the form has each of them.
+  virtual std::vector<std::string> Drawn() const = 0;
+  // Called once. Throws std::logic_error when one of them is of another kind.
+  virtual void Join(const Form& form) = 0;
+  // One of them has changed.
+  virtual void ControlChanged(const Control& control) = 0;
+
+ protected:
+  ~PaintedControls() = default;
+};
+
+template <class Kind>
+const Kind& DrawnControl(const Form& form, const std::string& name) {
+  const auto* control = dynamic_cast<const Kind*>(form.Find(name));
+  if (control == nullptr) throw std::logic_error(name + " is of a kind that is not drawn");
+  return *control;
+}
+
+}  // namespace quillmark
