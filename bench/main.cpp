@@ -25,10 +25,15 @@ struct Measurement {
 };
 
 constexpr Measurement measurements[] = {
-    {"read-cycle", MeasureReadCycle}, {"configurations", MeasureConfigurations},
-    {"waking", MeasureWaking},        {"idle", MeasureIdle},
-    {"unplug", MeasureUnplug},        {"start", MeasureStart},
-    {"terminal", MeasureTerminal},    {"firmware", MeasureFirmware},
+    {"read-cycle", MeasureReadCycle},
+    {"configurations", MeasureConfigurations},
+    {"waking", MeasureWaking},
+    {"idle", MeasureIdle},
+    {"unplug", MeasureUnplug},
+    {"start", MeasureStart},
+    {"terminal", MeasureTerminal},
+    {"zone-polling", MeasureZonePolling},
+    {"firmware", MeasureFirmware},
     {"tests", MeasureTestSuite},
 };
 

@@ -19,6 +19,7 @@ std::vector<Figure> MeasureUnplug(Surroundings& surroundings);
 std::vector<Figure> MeasureStart(Surroundings& surroundings);
 std::vector<Figure> MeasureTerminal(Surroundings& surroundings);
 std::vector<Figure> MeasureFirmware(Surroundings& surroundings);
+std::vector<Figure> MeasureZonePolling(Surroundings& surroundings);
 std::vector<Figure> MeasureTestSuite(Surroundings& surroundings);
 
 // The name of the floor that Surroundings::IdleRate gives.

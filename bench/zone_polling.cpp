@@ -1,0 +1,62 @@
+// Processor time while the window with the zones' counters is up and polls a radio on a line at the
+// radio's own rate.
+
+#include <QApplication>
+#include <QWidget>
+#include <stdexcept>
+#include <string>
+
+#include "child.h"
+#include "desk.h"
+#include "measurements.h"
+#include "surroundings.h"
+
+namespace quillmark::bench {
+
+namespace {
+
+constexpr Duration settlingTime = Seconds(4);
+constexpr Duration measuredTime = Seconds(12);
+constexpr Duration closingTime = Seconds(5);
+
+// Nobody looks at the main window meanwhile: the acts are timers.
+struct Watch {
+  Moment Begin, End;
+  std::size_t PollsBefore = 0, Polls = 0;
+};
+
+Watch WatchZones(Desk& desk) {
+  Watch watch;
+  QObject owner;
+  After(Duration(0), owner, [&] {
+    desk.Main().ButtonZoneData.Click();  // returns when the window is closed
+    desk.Leave();
+  });
+  After(settlingTime, owner, [&] {
+    watch.PollsBefore = desk.Port().Exchanges().size();
+    watch.Begin = Now();
+  });
+  After(settlingTime + measuredTime, owner, [&] {
+    watch.End = Now();
+    watch.Polls = desk.Port().Exchanges().size() - watch.PollsBefore;
+    if (QWidget* window = QApplication::activeModalWidget()) window->close();
+  });
+  desk.RunFor(settlingTime + measuredTime + closingTime);
+  return watch;
+}
+
+}  // namespace
+
+std::vector<Figure> MeasureZonePolling(Surroundings& surroundings) {
+  const double idleShare = surroundings.IdleRate() / 10;
+  const RadioProcess radio(surroundings, {"--pace", "19200", "--zone-traffic", "20"});
+  Desk desk(surroundings, radio.Device());
+  desk.Connect();
+  const Watch watch = WatchZones(desk);
+  if (watch.Polls < 10) throw std::runtime_error("the zones are not polled");
+  return {{"processor, polling zone data", processorShare, ShareBetween(watch.Begin, watch.End),
+           idleShare, idleFloorName, Judged::Value, 3,
+           std::to_string(watch.Polls) + " polls in 12 s, each answered by 516 characters"}};
+}
+
+}  // namespace quillmark::bench
