@@ -35,8 +35,9 @@ void Form::UserClose() {
 
 void Form::UserResize(double width, double height) {
   const auto alive = weak_from_this().lock();
-  Width = width;
+  // The height first: a view follows what the logic does to it, and knows this one already.
   Height = height;
+  Width = width;
   if (loaded) Form_Resize();
 }
 

@@ -42,6 +42,7 @@ TEST_F(Program, TheSignalAndTheZonesAreShownLiveUntilTheAdapterIsPulled) {
       [](QWidget& window) {
         EXPECT_EQ(Spoken(window, "meter"), "-120 dBm to -50 dBm: 84 %");
         EXPECT_TRUE(window.findChild<QWidget*>("Command1")->hasFocus());
+        EXPECT_EQ(window.size(), window.sizeHint());
         Press(window, Qt::Key_Escape);
       },
       [](QWidget& window) { return window.findChild<ValueBox*>("Text1")->text() == "-61 "; });
