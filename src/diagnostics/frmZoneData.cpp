@@ -159,12 +159,7 @@ void frmZoneData::mnuShowZoneQuality_Click() {
 }
 
 void frmZoneData::Form_GotFocus() {
-  if (!UpdatesWanted() || Updating()) return;
-  if (link.Open()) {
-    pollTimer.Enabled = true;
-  } else {
-    StopUpdates();  // told by the window that has just closed
-  }
+  if (UpdatesWanted() && !Updating()) pollTimer.Enabled = true;
 }
 
 }  // namespace quillmark

@@ -37,10 +37,8 @@ constexpr const char* samplePreset =
     "\r\nUNIT 1234\r\nMODE R\r\nPWR 30 dBm\r\nBAUD 9600 8N1\r\nADDR 1000\r\n"
     "XMAP 00000002\r\nXPRI 1\r\n";
 
-// Until the windows that watch the link show what the radio says, paced by its line.
-constexpr Duration levelTime = Milliseconds(400);
-constexpr Duration zoneTime = Milliseconds(2800);
-constexpr Duration qualityTime = Milliseconds(1300);
+// Until the windows that watch the link show what the radio says.
+constexpr Duration longestReport = Seconds(5);
 
 constexpr int modalLook = 10;  // ms between looks for a window that is about to open
 
@@ -220,19 +218,20 @@ void WindowPictures::TakeProgressWindow() {
 
 void WindowPictures::TakeDiagnosticWindows() {
   frmOrvalent& main = console.Main();
-  const auto watch = [this](Duration time) {
-    WaitUntil(platform.Events, time, [] { return false; });
+  const auto awaitOther = [this](Form& form, const char* control, const char* text) {
+    const auto& shown = dynamic_cast<const Clickable&>(*form.Find(control));
+    WaitUntil(platform.Events, longestReport, [&] { return shown.Text() != text; });
   };
   TakeModal(
       "frmRSSI", "signal-level", [&] { main.ButtonRSSI.Click(); },
-      [&](Form&) { watch(levelTime); });
+      [&](Form& form) { awaitOther(form, "Text1", "n/a"); });
   TakeModal(
       "frmZoneData", "zone-data", [&] { main.ButtonZoneData.Click(); },
       [&](Form& zoneData) {
-        watch(zoneTime);
+        awaitOther(zoneData, "zoneTXCount_0", "0");
         TakeModal(
             "frmZoneQuality", "zone-quality", [&] { Click(zoneData, "mnuShowZoneQuality"); },
-            [&](Form&) { watch(qualityTime); });
+            [&](Form& form) { awaitOther(form, "percentUsable_0", "0"); });
       });
 }
 

@@ -85,6 +85,16 @@ TEST_F(LostLinkTest, AnAdapterThatIsPulled) {
     });
     Plug();
   }
+  // The window finds it out first.
+  ASSERT_TRUE(Connect());
+  InZoneData([&] {
+    ExpectBox(vanished);
+    Sockets().Unplug(1);
+    EXPECT_TRUE(Click("mnuResetZoneData"));
+    ExpectStopped("frmZoneData");
+    EXPECT_TRUE(CloseWindow("frmZoneData"));
+  });
+  Plug();
   ASSERT_TRUE(Connect());
   InZoneData([&] {
     Run(Seconds(3));

@@ -190,7 +190,7 @@ TEST_F(Program, QuittingInsideAModalWindowEndsIt) {
 
 // What a person starts from a terminal.
 TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
-  radio.Start({"--revision", "1.9.9", "--mode", "M"});
+  radio.Start({"--revision", "1.9.9", "--mode", "M", "--zone-traffic", "20"});
   const QString program = QCoreApplication::applicationDirPath() + "/quillmark-console";
   QProcess report;
   report.start(program, {"--port", radio.link, "--report", home.filePath("pictures")});
