@@ -14,8 +14,8 @@ constexpr double scaleFontShare = 0.85;
 constexpr double barShare = 0.62;      // of a column's width
 constexpr double markLineInk = 0.35F;  // so that the bars stand out
 constexpr int edge = 2;                // pixels that a bar's or the ground's rim may take
-constexpr int fewestLines = 6;
-constexpr int usualLines = 12;
+constexpr int fewestLines = 9;
+constexpr int usualLines = 20;
 
 // Each bar can be told from its neighbours without colours.
 constexpr Qt::BrushStyle patterns[] = {Qt::SolidPattern, Qt::Dense4Pattern, Qt::BDiagPattern};
