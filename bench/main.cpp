@@ -25,16 +25,11 @@ struct Measurement {
 };
 
 constexpr Measurement measurements[] = {
-    {"read-cycle", MeasureReadCycle},
-    {"configurations", MeasureConfigurations},
-    {"waking", MeasureWaking},
-    {"idle", MeasureIdle},
-    {"unplug", MeasureUnplug},
-    {"start", MeasureStart},
-    {"terminal", MeasureTerminal},
-    {"zone-polling", MeasureZonePolling},
-    {"firmware", MeasureFirmware},
-    {"tests", MeasureTestSuite},
+    {"read-cycle", MeasureReadCycle}, {"configurations", MeasureConfigurations},
+    {"waking", MeasureWaking},        {"idle", MeasureIdle},
+    {"unplug", MeasureUnplug},        {"start", MeasureStart},
+    {"terminal", MeasureTerminal},    {"zone-polling", MeasureZonePolling},
+    {"firmware", MeasureFirmware},    {"tests", MeasureTestSuite},
 };
 
 QString Names() {

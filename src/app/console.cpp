@@ -44,6 +44,7 @@ Console::Console(Platform& machine)
   fileTasks.Wire();
   presets.Wire();
   quickConfig.Wire();
+  upgrade.MayStart = [this] { return directRun.MayStart(); };
   upgrade.Wire();
   diagnostics.Wire();
   WireSettingTexts(*main, platform.Dialogs, session);

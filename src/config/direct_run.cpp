@@ -1,7 +1,5 @@
 #include "config/direct_run.h"
 
-#include <initializer_list>
-
 #include "prefs/utilities.h"
 
 namespace quillmark {
@@ -76,44 +74,21 @@ void DirectRun::ReadRadioAgain() {
   if (reconnectTried) return;
   reconnectTried = true;
   connection.ButtonRefresh_Click();
-  task->HoldAll();
+  task->controls.HoldAgain();
 }
 
-QuickTask::QuickTask(DirectRun& itsRun) : run(itsRun) {
+QuickTask::QuickTask(DirectRun& itsRun) : run(itsRun), controls(itsRun.main) {
   run.task = this;
   run.reconnectTried = false;
   run.userLetGo = false;
-  frmOrvalent& main = run.main;
-  for (Control* control : std::initializer_list<Control*>{
-           &main.frQuick, &main.InfoFrame, &main.ButtonAdv, &main.ButtonZoneData, &main.ButtonRSSI,
-           &main.mnuSpecial, &main.mnuPort, &main.mnuOpenLog, &main.mnuAbout, &main.tbr_Properties,
-           &main.tbr_OpenLogFile, &main.mnuSendText, &main.tbr_TransmitTextFile, &main.tbr_Login,
-           &main.tbr_Logout}) {
-    held.push_back({control, false});
-  }
-  HoldAll();
-}
-
-void QuickTask::HoldAll() {
-  for (Held& each : held) {
-    if (!each.What->Enabled()) continue;
-    each.WasEnabled = true;
-    each.What->Enabled = false;
-  }
+  controls.Hold(run.main.mnuSendText);
+  controls.Hold(run.main.tbr_TransmitTextFile);
 }
 
 QuickTask::~QuickTask() {
-  frmOrvalent& main = run.main;
-  const bool linkStands = run.platform.MSComm1.PortOpen();
-  for (const Held& each : held) {
-    // The link's own controls were switched off with it.
-    const bool ofLink = each.What == &main.mnuSendText || each.What == &main.tbr_TransmitTextFile ||
-                        each.What == &main.tbr_Login || each.What == &main.tbr_Logout;
-    if (each.WasEnabled && (!ofLink || linkStands)) each.What->Enabled = true;
-  }
   run.HideProgress();
   // The status panel has told what was done; nobody else takes it back.
-  main.Timer2.Enabled = true;
+  run.main.Timer2.Enabled = true;
   run.task = nullptr;
   run.userLetGo = false;
 }

@@ -3,9 +3,9 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "app/frmOrvalent.h"
+#include "app/held_controls.h"
 #include "link/connection.h"
 #include "platform/platform.h"
 
@@ -85,15 +85,8 @@ class QuickTask {
  private:
   friend class DirectRun;
 
-  // Also what a connect in the middle of the task has switched on again.
-  void HoldAll();
-
   DirectRun& run;
-  struct Held {
-    Control* What;
-    bool WasEnabled;
-  };
-  std::vector<Held> held;
+  HeldControls controls;
 };
 
 }  // namespace quillmark

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/held_controls.h"
 #include "firmware/firmware_transfer.h"
 #include "firmware/firmware_version.h"
 #include "firmware/loader_entry.h"
@@ -70,6 +71,7 @@ void FirmwareUpgrade::Wire() {
 
 void FirmwareUpgrade::mnuSendText_Click() {
   if (running || !main.mnuSendText.Enabled()) return;
+  if (MayStart && !MayStart()) return;
   bool reconnect = false;
   {
     const UnderWay underWay(*this);
@@ -129,6 +131,7 @@ bool FirmwareUpgrade::AskToContinue(const std::string& doubt) {
 
 bool FirmwareUpgrade::Load(const Chosen& chosen) {
   const LineHold held(ticks);
+  const HeldControls controls(main);
   try {
     LoaderEntry entry(platform, session, main, connection);
     if (!AtLoaderPrompt(session) && !entry.Enter(chosen.Version)) return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -23,6 +24,9 @@ class FirmwareUpgrade {
 
   // Joins the menu entry and the toolbar's button to the flow.
   void Wire();
+  // Asked before a start: false, with a box, when something else has the radio. Set by the
+  // application.
+  std::function<bool()> MayStart;
   // Does nothing while an upgrade runs.
   void mnuSendText_Click();
 

@@ -148,8 +148,8 @@ char Receiver::txtTerm_KeyPress(char key) {
   if (!platform.MSComm1.PortOpen()) return key;
   // Half a line in front of a password would make it something else.
   if (main.SecretWindows > 0) return 0;
-  // Nor may it come between the lines of a run that programs the radio.
-  if (main.DirectPortMode) return 0;
+  // Nor may it come into a run that has the line to itself.
+  if (main.DirectPortMode || main.LineHolders > 0) return 0;
   WithLinkErrors(platform.Dialogs, [&] { platform.MSComm1.Output(std::string(1, key)); });
   if (session.LocalEcho) return key;
   main.txtTerm.SetSelStart(main.txtTerm.Text().size());

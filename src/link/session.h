@@ -49,6 +49,7 @@ struct LinkState {
   bool EchoIsOff = false;               // the radio's, by our own "deco"
   int SecretReplies = 0;                // so many replies are neither shown nor logged
   int SecretWindows = 0;                // so many windows have the line to themselves for a secret
+  int LineHolders = 0;                  // so many windows or runs keep reads and keep-alives off
   bool NotConnected = false;            // the last connect failed, or the user closed the link
   bool ConnectCancelled = false;        // stop the wake attempt
   bool ConnectOnLaunchPending = false;  // the first tick connects

@@ -26,7 +26,12 @@ std::string ClockText(std::int64_t seconds) {
 
 MainTimer::MainTimer(Platform& machine, Session& shared, frmOrvalent& window, Connection& link,
                      ReadCycle& cycle)
-    : platform(machine), session(shared), main(window), connection(link), readCycle(cycle) {}
+    : LineHolders(window.LineHolders),
+      platform(machine),
+      session(shared),
+      main(window),
+      connection(link),
+      readCycle(cycle) {}
 
 bool MainTimer::LineHeld() const {
   return main.DirectPortMode || LineHolders > 0 || main.SecretWindows > 0 ||

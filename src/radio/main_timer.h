@@ -26,7 +26,7 @@ class MainTimer {
   // True while something else has the line to itself, so that no keep-alive and no read may start.
   // Windows that need that count themselves in and out of LineHolders.
   bool LineHeld() const;
-  int LineHolders = 0;
+  int& LineHolders;
 
   // Closes the store and restore window when it has lost the radio.
   std::function<void()> CloseRestoreWindow;
