@@ -106,8 +106,8 @@ void ConfigSaver::Write(const std::filesystem::path& path, bool report) {
     file.Line("");
     file.Line("");
   }
-  file.Line(std::string("#Created by Kelvor Quillmark Configuration Software Version ") +
-            VersionText);
+  std::string creator = "#Created by Kelvor Quillmark Configuration Software Version ";
+  file.Line(creator.append(VersionText));
   file.Line("#On " + platform.Desktop.ShortDate());
   WriteHead(file, report);
   WriteSettings(file, report);
