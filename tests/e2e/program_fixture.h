@@ -34,10 +34,7 @@ class RadioProgram {
  public:
   explicit RadioProgram(const QString& folder)
       : link(folder + "/radio"), log(folder + "/radio.log") {}
-  ~RadioProgram() {
-    process.terminate();
-    process.waitForFinished(3000);
-  }
+  ~RadioProgram() { Stop(); }
 
   void Start(const QStringList& options = {}) {
     process.start(
@@ -46,6 +43,11 @@ class RadioProgram {
     ASSERT_TRUE(process.waitForStarted());
     ASSERT_TRUE(process.waitForReadyRead(5000));
     ASSERT_TRUE(QFile::exists(link));
+  }
+  // It may be started again, as another radio.
+  void Stop() {
+    process.terminate();
+    process.waitForFinished(3000);
   }
   void HangUp() const { kill(static_cast<pid_t>(process.processId()), SIGUSR1); }
   bool Present() const { return QFile::exists(link); }
@@ -180,6 +182,10 @@ class Program : public testing::Test {
     console.emplace(*platform);
     console->OnReadCycleDone = [this] { ++readCycles; };
     machine->Events.Deliver([this] { console->Start(); });
+    // Nobody waits for the first window to go by itself.
+    machine->Events.Deliver([this] {
+      if (Form* splash = machine->Shown.FormNamed("frmSplash")) splash->UserKey();
+    });
     ASSERT_TRUE(Until([this] { return machine->Shown.WindowOf(console->Main()) != nullptr; }));
     window = machine->Shown.WindowOf(console->Main());
   }

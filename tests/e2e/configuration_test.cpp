@@ -1,0 +1,120 @@
+// Configurations in the real windows: files, presets, and a second radio that is programmed from
+// what the first one gave.
+
+#include <QAction>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+
+#include "e2e/program_fixture.h"
+#include "qt/report.h"
+
+namespace quillmark {
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class Configurations : public Program {
+ protected:
+  // Reads the radio anew after `act`, which asks for that.
+  void AndRead(const std::function<void()>& act) {
+    const int before = readCycles;
+    act();
+    ASSERT_TRUE(Until([&] { return readCycles > before; }));
+  }
+  void Enter(const std::string& command) {
+    const std::string before = Terminal();
+    Type(command + "\r");
+    ASSERT_TRUE(Until([&] { return Terminal() == before + command + "\nPROGRAMMED OK\n>"; }))
+        << Terminal();
+  }
+  // Another run of the program, with the same folders.
+  void Relaunch() {
+    window->close();
+    EXPECT_TRUE(machine->Events.Quitting());
+    console.reset();
+    platform.reset();
+    machine.reset();
+    QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+    QApplication::exec();
+    Launch();
+  }
+};
+
+void ChooseFile(QWidget& dialog, const QString& path) {
+  dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+  static_cast<QDialog&>(dialog).accept();
+}
+
+void AnswerInput(QWidget& box, const QString& text) {
+  box.findChild<QLineEdit*>("inputLine")->setText(text);
+  box.findChild<QPushButton*>("Ok")->click();
+}
+
+TEST_F(Configurations, OfOneRadioGoIntoAnotherAndPresetsOutliveTheProgram) {
+  // One word clears a radio sooner than the set that ships with the program.
+  QDir(home.path()).mkpath("quillmark-console");
+  QFile clearing(home.filePath("quillmark-console/NewRadio.txt"));
+  ASSERT_TRUE(clearing.open(QIODevice::WriteOnly) && clearing.write("OWM cleared\r\n") > 0);
+  clearing.close();
+  radio.Start({"--revision", "1.9.0"});
+  Prefer("True");
+  BoxAnswerer boxes;
+  AndRead([this] { Launch(); });
+  const std::string factory = RowTable(console->Main());
+  for (const char* command :
+       {"unit 12345", "own Hill top", "pwr 21", "baud 9600 7E1", "addr 1234", "device CTS KEY",
+        "ctshold 70", "amask 0000 00FF", "asense LO", "sleep ON", "xaddr 7"}) {
+    Enter(command);
+  }
+  Hand hand;
+  hand.Plan("FileDialog",
+            [this](QWidget& dialog) { ChooseFile(dialog, home.filePath("H\u00fcgel <1>")); });
+  hand.Start();
+  AndRead([this] { Find<QPushButton>("cmdSaveToFile").click(); });
+  const std::string rows = RowTable(console->Main());
+  hand.Plan("InputBox", [](QWidget& box) { AnswerInput(box, "Hill & top"); });
+  hand.Plan("InputBox", [](QWidget& box) { AnswerInput(box, "The <b>first</b> one"); });
+  hand.Start();
+  Find<QPushButton>("cmdSaveToPreset").click();
+
+  // The other radio stands on the same line.
+  radio.Stop();
+  radio.Start({"--revision", "1.9.0"});
+  AndRead([this] { Relaunch(); });
+  EXPECT_EQ(RowTable(console->Main()), factory);
+  auto& preset = Find<QPushButton>("cmdPre_0");
+  EXPECT_THAT(preset.toolTip().toStdString(), HasSubstr("The &lt;b&gt;first&lt;/b&gt; one"));
+  EXPECT_EQ(Find<QPushButton>("cmdPre_1").text(), "(Empty)");
+  hand.Plan("frmViewer", [](QWidget& viewer) {
+    EXPECT_EQ(viewer.windowTitle(), "Hill & top");
+    EXPECT_THAT(viewer.findChild<QPlainTextEdit*>("txtViewer")->toPlainText().toStdString(),
+                AllOf(StartsWith("#PresetFile1\n#Name:The <b>first</b> one\n"
+                                 "#PresetCaption:Hill & top\n#Created by Kelvor Quillmark "
+                                 "Configuration Software Version "),
+                      HasSubstr("\nUNIT 12345\nOWN Hill top\n")));
+    viewer.findChild<QPushButton*>("cmdClose")->click();
+  });
+  hand.Start();
+  emit preset.customContextMenuRequested({});
+  EXPECT_TRUE(Find<QMenu>("mnuPreset").isVisible());
+  Find<QAction>("mnuPresetView").trigger();
+  Find<QMenu>("mnuPreset").close();
+
+  hand.Plan("FileDialog",
+            [this](QWidget& dialog) { ChooseFile(dialog, home.filePath("H\u00fcgel <1>.txt")); });
+  hand.Plan("InputBox", [](QWidget& box) { AnswerInput(box, "UNIT 12345"); });
+  hand.Start();
+  AndRead([this] { Find<QPushButton>("cmdProgramFromFile").click(); });
+  EXPECT_TRUE(hand.Done());
+  EXPECT_THAT(radio.Lines(), HasSubstr(" s: OWM cleared\n"));
+  EXPECT_EQ(RowTable(console->Main()), rows);
+  EXPECT_THAT(boxes.Texts, ElementsAre("New Unit: UNIT 12345"));
+}
+
+}  // namespace
+}  // namespace quillmark
