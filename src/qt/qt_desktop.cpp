@@ -9,7 +9,7 @@
 #include <QScreen>
 #include <QUrl>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 #include "qt/form_size.h"
 #include "qt/latin1.h"
@@ -26,10 +26,13 @@ constexpr const char* programFolder = "quillmark-console";
 std::optional<PrintTrouble> PrintFile(const PrintTarget& target, const std::filesystem::path& file,
                                       const std::string& title) {
   std::ifstream in(file, std::ios::binary);
-  const std::string text{std::istreambuf_iterator<char>(in), {}};
-  if (!in) return PrintTrouble{PathText(file) + " could not be read.", ""};
+  std::ostringstream text;
+  // An unreadable file fails here; the bare buffer would throw.
+  if (!in || !(text << in.rdbuf())) {
+    return PrintTrouble{PathText(file) + " could not be read.", ""};
+  }
   const QString date = QLocale::system().toString(QDate::currentDate(), QLocale::LongFormat);
-  return PrintReport(PrintedReport(text, ToQt(title), date), target);
+  return PrintReport(PrintedReport(text.str(), ToQt(title), date), target);
 }
 
 }  // namespace
