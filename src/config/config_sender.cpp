@@ -152,7 +152,11 @@ void ConfigSender::ProgramFromFile(const std::filesystem::path& path) {
   main.DirectPortMode = true;
   LoadConfigLines({}, true, loaded);
   SendConfigLines(false);
-  if (run.UserLetGo()) return;
+  // Without a port there is nobody to send to, or to ask a unit number for.
+  if (run.UserLetGo() || !platform.MSComm1.PortOpen()) {
+    main.DirectPortMode = false;
+    return;
+  }
   // The first stage may have ended in its failure path.
   main.DirectPortMode = true;
   LoadConfigLines(path, false, loaded);

@@ -89,6 +89,7 @@ QuickTask::~QuickTask() {
   run.HideProgress();
   // The status panel has told what was done; nobody else takes it back.
   run.main.Timer2.Enabled = true;
+  if (!run.platform.MSComm1.PortOpen()) run.ShowStatus("Status: ");
   run.task = nullptr;
   run.userLetGo = false;
 }

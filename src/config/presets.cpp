@@ -121,7 +121,8 @@ std::optional<std::string> Presets::AskCaption(const std::string& title,
     if (answer.empty()) {
       const Answer givenUp = platform.Dialogs.Message(
           {"Cancel Preset Saving ", "Cancel Preset", Icon::None, Buttons::YesNo});
-      if (givenUp == Answer::No) continue;
+      // On the way out every box answers by itself.
+      if (givenUp == Answer::No && !platform.Events.Quitting()) continue;
       return std::nullopt;
     }
     if (answer.size() <= longestCaption) return answer;

@@ -234,5 +234,14 @@ TEST_F(PresetsTest, DeletingWithoutALink) {
   EXPECT_FALSE(Enabled("cmdSaveToPreset"));
 }
 
+TEST_F(PresetsTest, QuittingWhileACaptionIsAskedForEndsTheQuestions) {
+  StartConnected();
+  TolerateBoxes();
+  ExpectInput(ProgramTitle).Do([this] { Application().Form_Unload(); });
+  Click("cmdSaveToPreset");
+  EXPECT_TRUE(Ended());
+  EXPECT_FALSE(std::filesystem::exists(Slot(1)));
+}
+
 }  // namespace
 }  // namespace quillmark
