@@ -34,6 +34,7 @@ Console::Console(Platform& machine)
       presets(machine, *main, directRun, saver, sender),
       quickConfig(machine, *main, directRun, sender),
       upgrade(machine, session, *main, connection, mainTimer),
+      restore(machine, session, *main, connection, mainTimer),
       diagnostics(machine, session, *main, mainTimer) {
   WireLink();
   WireShell();
@@ -46,6 +47,7 @@ Console::Console(Platform& machine)
   quickConfig.Wire();
   upgrade.MayStart = [this] { return directRun.MayStart(); };
   upgrade.Wire();
+  restore.Wire();
   diagnostics.Wire();
   WireSettingTexts(*main, platform.Dialogs, session);
 }
@@ -182,6 +184,7 @@ void Console::Form_Unload() {
     return;
   }
   ending = true;
+  restore.CloseWindow();
   diagnostics.CloseWindow();
   ++mainTimer.LineHolders;
   const bool wasOpen = platform.MSComm1.PortOpen();

@@ -22,6 +22,7 @@
 #include "platform/platform.h"
 #include "radio/main_timer.h"
 #include "radio/read_cycle.h"
+#include "restore/restore_menu.h"
 #include "settings/option_rows.h"
 #include "settings/programming.h"
 
@@ -80,6 +81,7 @@ class Console {
   Presets presets;
   QuickConfig quickConfig;
   FirmwareUpgrade upgrade;
+  RestoreMenu restore;
   DiagnosticButtons diagnostics;
   std::weak_ptr<frmSplash> splash;
   bool mainLoaded = false;

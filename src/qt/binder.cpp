@@ -17,6 +17,7 @@
 #include <stdexcept>
 
 #include "qt/clickable_text.h"
+#include "qt/color_block.h"
 #include "qt/latin1.h"
 #include "qt/locks.h"
 #include "qt/painted_controls.h"
@@ -108,6 +109,7 @@ void Binder::Join() {
       &Binder::TryJoin<Slider, QSlider, &Binder::JoinSlider>,
       &Binder::TryJoin<ProgressBar, QProgressBar, &Binder::JoinProgress>,
       &Binder::TryJoin<TabStrip, QTabBar, &Binder::JoinTabs>,
+      &Binder::TryJoin<Shape, ColorBlock, &Binder::JoinShape>,
       &Binder::Ignore,
   };
   JoinPainted();

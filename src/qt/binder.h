@@ -11,6 +11,7 @@
 #include "controls/clickable.h"
 #include "controls/form.h"
 #include "controls/option_button.h"
+#include "controls/shape.h"
 #include "controls/text_box.h"
 #include "controls/timer.h"
 
@@ -33,6 +34,7 @@ class QToolButton;
 namespace quillmark {
 
 class CaptionLabel;
+class ColorBlock;
 class RowStack;
 class TerminalView;
 class ValueBox;
@@ -97,6 +99,7 @@ class Binder : public QObject, public ControlView {
   void JoinSlider(Slider& control, QSlider& slider);
   void JoinProgress(ProgressBar& control, QProgressBar& bar);
   void JoinTabs(TabStrip& control, QTabBar& bar);
+  void JoinShape(Shape& control, ColorBlock& block);
 
   // Remembers how a control is shown, and shows it once.
   void Follow(Control& control, std::function<void()> show);

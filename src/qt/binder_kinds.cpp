@@ -18,6 +18,7 @@
 
 #include "qt/binder.h"
 #include "qt/clickable_text.h"
+#include "qt/color_block.h"
 #include "qt/colors.h"
 #include "qt/eliding_button.h"
 #include "qt/latin1.h"
@@ -263,6 +264,14 @@ void Binder::JoinTabs(TabStrip& control, QTabBar& bar) {
     const QSignalBlocker quiet(bar);
     ShowCommon(control, bar);
     bar.setCurrentIndex(control.SelectedIndex() - 1);
+  });
+}
+
+void Binder::JoinShape(Shape& control, ColorBlock& block) {
+  Follow(control, [this, &control, &block] {
+    ShowCommon(control, block);
+    block.SetLook(control.FillColor(), control.BorderColor(),
+                  control.BorderStyle() == 0 ? 0 : control.BorderWidth());
   });
 }
 

@@ -11,6 +11,7 @@
 #include <QStatusBar>
 
 #include "qt/qt_windows.h"
+#include "qt/restore_window.h"
 #include "ui_frmDLINKOptions.h"
 #include "ui_frmDTYPEOptions.h"
 #include "ui_frmLogin.h"
@@ -168,6 +169,8 @@ constexpr Row rows[] = {
     {"frmSetPass", MakeDialog<Ui::frmSetPass>},
     {"frmSetup", MakeDialog<Ui::frmSetup>},
     {"frmPreferences", MakeDialog<Ui::frmPreferences>},
+    {"frmProgram", MakeDialog<Ui::frmProgram>},
+    {"frmRestore", MakeRestoreWindow},
     {"frmViewer", MakeViewer},
     {"frmSimpleRptrSetup", MakeDialog<Ui::frmSimpleRptrSetup>},
     {"frmProgram", MakeDialog<Ui::frmProgram>},

@@ -1,6 +1,7 @@
 #include "qt/locks.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "controls/clickable.h"
@@ -15,11 +16,8 @@ struct Lock {
   std::string_view What;
 };
 
-// clang-format off
-constexpr Lock locks[] = {
-    {"frmOrvalent.mnuConfigRestore", "The store and restore window"},
-};
-// clang-format on
+// Nothing at present.
+constexpr std::array<Lock, 0> locks{};
 
 const Lock* Listed(const Control& control) {
   const std::string name = control.Owner().Name() + "." + control.Name();

@@ -27,10 +27,12 @@ class ReportDialogs : public Dialogs {
   std::function<void(const InputBox&)> OnInput;
   // What is printed goes into this file; nothing is printed while it is empty.
   std::filesystem::path PdfFile;
+  // The file that is chosen to be opened; none is like Cancel.
+  std::optional<std::filesystem::path> FileToOpen;
 
   Answer Message(const MessageBox& box) override;
   std::string Input(const InputBox& box) override;
-  std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return {}; }
+  std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return FileToOpen; }
   std::optional<std::filesystem::path> SaveFile(const FileDialog&) override { return {}; }
   std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path&) override;
 };

@@ -91,6 +91,7 @@ bool WindowPictures::Take() {
   TakeDiagnosticWindows();
   TakeAccessWindows();
   TakeConfigurationWindows();
+  TakeRestoreWindow();
   TakePrint();
   TakeProgressWindow();
   return sound;

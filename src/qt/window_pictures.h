@@ -37,6 +37,8 @@ class WindowPictures {
   void TakeAccessWindows();
   void TakeConfigurationWindows();
   void TakePresetMenu();
+  // The radio beside a file that differs in a few settings, tab by tab.
+  void TakeRestoreWindow();
   // Prints the radio's configuration into a PDF, with a picture of the window meanwhile.
   void TakePrint();
   void TakeProgressWindow();

@@ -46,8 +46,17 @@ void MainTimer::Timer1_Timer() {
   };
   {
     const Ended ended{ticking};
-    WithLinkErrors(platform.Dialogs, [this] { Tick(); });
+    WithLinkErrors(platform.Dialogs, [this] { OneSecond(); });
   }
+  if (deferred) platform.Events.StartTimer(*this, Milliseconds(1));
+}
+
+MainTimer::~MainTimer() { platform.Events.StopTimer(*this); }
+
+void MainTimer::Tick() {
+  platform.Events.StopTimer(*this);
+  // The end of this tick starts it again.
+  if (ticking) return;
   if (const auto act = std::exchange(deferred, nullptr)) act();
 }
 
@@ -59,7 +68,7 @@ void MainTimer::AfterTick(std::function<void()> act) {
   }
 }
 
-void MainTimer::Tick() {
+void MainTimer::OneSecond() {
   main.pnl_ConnectTime.Text = ClockText(platform.Events.LocalSeconds() - main.ConnectStart) + " ";
   if (session.RestoreLinkFailed) {
     session.RestoreLinkFailed = false;

@@ -12,15 +12,19 @@ namespace quillmark {
 
 // What happens once a second: the connect time, the connect at launch, the keep-alive, and, when it
 // was asked for, a read of the radio. Everything given to it outlives it.
-class MainTimer {
+class MainTimer : private Ticker {
  public:
   MainTimer(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
             ReadCycle& readCycle);
+  ~MainTimer();
+  MainTimer(const MainTimer&) = delete;
+  MainTimer& operator=(const MainTimer&) = delete;
 
   void Timer1_Timer();
 
   // Runs it now, or when the tick that is running has ended: for what must not come into the middle
-  // of a read. Only the last one asked for is kept.
+  // of a read. Only the last one asked for is kept. It runs outside of the tick, so that the next
+  // ones come while it is under way.
   void AfterTick(std::function<void()> act);
 
   // True while something else has the line to itself, so that no keep-alive and no read may start.
@@ -34,7 +38,9 @@ class MainTimer {
   std::function<void()> OnReadCycleDone;
 
  private:
-  void Tick();
+  // When what was put off is due.
+  void Tick() override;
+  void OneSecond();
   void KeepAlive();
 
   Platform& platform;

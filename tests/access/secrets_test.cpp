@@ -155,7 +155,7 @@ TEST_F(SecretsTest, InTheMiddleOfARead) {
   });
   ASSERT_TRUE(Refresh());
   EXPECT_FALSE(during);
-  ASSERT_TRUE(WindowOpen("frmSetPass"));
+  ASSERT_TRUE(RunUntil([&] { return WindowOpen("frmSetPass"); }, Milliseconds(10)));
   EchoAgainstOrders();
   SetPassword();
   ExpectKept();

@@ -119,12 +119,14 @@ class Hand {
     steps.push_back({window, std::move(acts), std::move(ready)});
   }
   void Start() {
-    patience.setRemainingTime(10'000);
+    patience.setRemainingTime(stepTime);
     LookSoon();
   }
   bool Done() const { return steps.empty(); }
 
  private:
+  static constexpr int stepTime = 20'000;  // ms
+
   struct Step {
     const char* Window;
     Acts Do;
@@ -149,6 +151,7 @@ class Hand {
     if (steps.front().Awaited && !steps.front().Awaited(*front)) return;
     const Acts acts = std::move(steps.front().Do);
     steps.pop_front();
+    patience.setRemainingTime(stepTime);
     acts(*front);
   }
 
@@ -171,12 +174,16 @@ class Program : public testing::Test {
     if (machine) machine->Shown.CloseAll();
   }
 
-  void Prefer(const QString& connectOnLaunch) {
+  void Prefer(const QString& connectOnLaunch) { Prefer(connectOnLaunch, radio.link); }
+  static void Prefer(const QString& connectOnLaunch, const QString& device) {
     IniPreferenceStore store(IniPreferenceStore::UsualFile());
-    store.Write("Ports", "Com1", radio.link.toStdString());
+    store.Write("Ports", "Com1", device.toStdString());
     store.Write("Preferences", "ConnectOnLaunch", connectOnLaunch.toStdString());
   }
+  // Anew, if it is there already.
   void Launch() {
+    if (machine) machine->Shown.CloseAll();
+    console.reset();
     machine.emplace();
     platform.emplace(machine->AsPlatform(machine->Boxes));
     console.emplace(*platform);

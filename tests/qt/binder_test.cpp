@@ -30,6 +30,7 @@
 #include "qt/clickable_text.h"
 #include "qt/machine.h"
 #include "qt/report.h"
+#include "restore/frmRestore.h"
 #include "settings/frmDLINKOptions.h"
 #include "settings/frmDTYPEOptions.h"
 #include "settings/frmRTUOptions.h"
@@ -62,6 +63,7 @@ TEST(Binder, EveryWindowFitsItsForm) {
   Console console(platform);
   frmOrvalent& main = console.Main();
   Session& session = console.Shared();
+  Connection connection(platform, session, main);
   const auto code = frmLogin::Command::Code;
   const std::shared_ptr<Form> forms[] = {
       std::make_shared<frmSplash>(machine.Events, machine.Screen, session, [] {}),
@@ -77,6 +79,7 @@ TEST(Binder, EveryWindowFitsItsForm) {
       std::make_shared<frmSetup>(platform, session, main),
       std::make_shared<frmViewer>(),
       std::make_shared<frmSimpleRptrSetup>(),
+      std::make_shared<frmRestore>(platform, session, main, connection),
       std::make_shared<frmRSSI>(platform, session, main),
       std::make_shared<frmZoneData>(platform, session, main),
       std::make_shared<frmZoneQuality>(platform, session, main),

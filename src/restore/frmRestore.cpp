@@ -1,0 +1,269 @@
+#include "restore/frmRestore.h"
+
+#include <algorithm>
+
+#include "link/serial_failure.h"
+#include "restore/restore_program.h"
+#include "restore/restore_select.h"
+
+namespace quillmark {
+
+namespace {
+
+// Counts something that is under way, for the length of a block.
+class Counted {
+ public:
+  explicit Counted(int& itsCount) : count(itsCount) { ++count; }
+  ~Counted() { --count; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ private:
+  int& count;
+};
+
+}  // namespace
+
+frmRestore::frmRestore(Platform& machine, Session& shared, frmOrvalent& window,
+                       Connection& radioLink)
+    : Form("frmRestore"),
+      RestoreControls(*this, machine.Events),
+      platform(machine),
+      session(shared),
+      main(window),
+      connection(radioLink),
+      link(machine, shared, window, *this),
+      reader(machine, *this, link, shared),
+      loader(machine, shared, *this, *this),
+      saver(machine, shared, *this, link, *this) {
+  Caption = "Configuration Store/Restore";
+  session.RestoreLinkFailed = false;
+  session.RxBuffer = " ";
+  LayOut();
+  ApplyRevision(session.SoftwareRevision);
+  Wire();
+  // The rest waits for the first tick, so that the window is up while the radio is woken.
+  Timer1.Enabled = true;
+}
+
+void frmRestore::LayOut() {
+  for (Frame& frame : RadSet) {
+    frame.Left = TabStrip.Left();
+    frame.Top = TabStrip.Top();
+    frame.Width = TabStrip.Width();
+    frame.Height = TabStrip.Height();
+  }
+  ResetProgress();
+  RadSet.front().BringToFront();
+  DescriptionFrame.Left = 175;
+  FileSettingsLabel.Text = "Open a file for\rrestoring settings...";
+  tbr_ProgramRadio.Enabled = false;
+  tbr_SaveConfig.Enabled = false;
+  CheckAllButton.Enabled = false;
+  UnCheckAllButton.Enabled = false;
+}
+
+void frmRestore::Wire() {
+  Timer1.OnTick = [this] { Timer1_Timer(); };
+  CloseButton.OnClick = [this] { CloseButton_Click(); };
+  tbr_Refresh.OnClick = [this] { RefreshSettings(); };
+  tbr_OpenConfig.OnClick = [this] { OpenConfig_Click(); };
+  tbr_ProgramRadio.OnClick = [this] { RunWhenFree(Task::Program); };
+  tbr_SaveConfig.OnClick = [this] { RunWhenFree(Task::Save); };
+  CheckAllButton.OnClick = [this] { CheckEach(*this, true); };
+  UnCheckAllButton.OnClick = [this] { CheckEach(*this, false); };
+  At(RestoreSetting::Mode).Check.OnClick = [this] { ModeCheck_Click(*this); };
+}
+
+void frmRestore::CloseButton_Click() {
+  if (ReadIdle) {
+    Unload();
+  } else {
+    CloseRequested = true;
+  }
+}
+
+void frmRestore::Form_Unload() {
+  Timer1.Enabled = false;
+  waiting.clear();
+  link.Close();
+  main.Enabled = true;
+  main.SetFocus();
+  session.RefreshRequested = true;
+  try {
+    platform.MSComm1.SetPortOpen(true);
+  } catch (const SerialError& error) {
+    ShowLinkError(platform.Dialogs, error);
+    // There is nothing to connect to again; the main window shows so.
+    session.RestoreLinkFailed = false;
+    connection.DisconnectRadio();
+  }
+}
+
+void frmRestore::MSComm2_OnComm() {
+  WithLinkErrors(platform.Dialogs, [this] { link.MSComm2_OnComm(); });
+  NotePort();
+}
+
+void frmRestore::RefreshSettings() {
+  ReadPending = true;
+  UpdateTimer();
+}
+
+void frmRestore::StartReadTimer() {
+  readTimerStarted = true;
+  UpdateTimer();
+}
+
+void frmRestore::StopReadTimer() {
+  readTimerStarted = false;
+  UpdateTimer();
+}
+
+void frmRestore::UpdateTimer() {
+  Timer1.Enabled = Loaded() && readTimerStarted && ReadPending && link.IsOpen();
+}
+
+void frmRestore::NotePort() {
+  UpdateTimer();
+  if (!link.IsOpen() && !ReadIdle && reads == 0 && !taskRuns) BecomeIdle();
+}
+
+void frmRestore::Timer1_Timer() {
+  if (!started) {
+    started = true;
+    OpenAndWake();
+  } else if (ReadPending && link.IsOpen() && !taskRuns) {
+    ReadRadio();
+  }
+  NotePort();
+}
+
+void frmRestore::OpenAndWake() {
+  {
+    const Counted underWay(reads);
+    try {
+      link.Open();
+      reader.WakeRadio();
+      ReadPending = true;
+      readTimerStarted = true;
+    } catch (const SerialError& error) {
+      ShowLinkError(platform.Dialogs, error);
+    } catch (const RestoreLinkLost&) {
+      // The user has been told.
+    }
+  }
+  // Otherwise the read that follows does it.
+  if (CloseRequested || !ReadPending || !link.IsOpen()) BecomeIdle();
+}
+
+void frmRestore::ReadRadio() {
+  {
+    const Counted underWay(reads);
+    ReadIdle = false;
+    ReadPending = false;
+    UpdateTimer();
+    try {
+      reader.Run();
+    } catch (const RestoreLinkLost&) {
+      Unload();
+      return;
+    } catch (const SerialError& error) {
+      ResetProgress();
+      if (error.Number == SerialError::PortNotAvailable) {
+        platform.Dialogs.Message(
+            {"The selected COM port is not available. Please select another port.", "Error",
+             Icon::Exclamation, Buttons::Ok, error.Details});
+      }
+    }
+  }
+  BecomeIdle();
+}
+
+void frmRestore::BecomeIdle() {
+  if (!Loaded()) return;
+  if (CloseRequested) {
+    Unload();
+    return;
+  }
+  ReadIdle = true;
+  RunWaiting();
+}
+
+void frmRestore::OpenConfig_Click() {
+  if (reads > 0 || loads > 0 || taskRuns) return;
+  {
+    const Counted underWay(loads);
+    loader.OpenConfiguration();
+  }
+  RunWaiting();
+}
+
+void frmRestore::RunWhenFree(Task task) {
+  if (std::find(waiting.begin(), waiting.end(), task) == waiting.end()) waiting.push_back(task);
+  RunWaiting();
+}
+
+void frmRestore::RunWaiting() {
+  // While the timer runs, a read is to come. A save behind a programming run waits for it too.
+  const auto free = [this] { return reads == 0 && loads == 0 && !taskRuns && !Timer1.Enabled(); };
+  while (Loaded() && !waiting.empty() && free()) {
+    const Task next = waiting.front();
+    waiting.erase(waiting.begin());
+    Run(next);
+  }
+}
+
+void frmRestore::Run(Task task) {
+  taskRuns = true;
+  struct Ended {
+    bool& flag;
+    ~Ended() { flag = false; }
+  } ended{taskRuns};
+  if (task == Task::Program) {
+    ProgramSelected();
+  } else {
+    SaveConfiguration();
+  }
+}
+
+void frmRestore::ProgramSelected() {
+  StopReadTimer();
+  WithLinkErrors(platform.Dialogs, [this] {
+    ProgramTickedRows(*this, link);
+    CheckEach(*this, false);
+    ReadPending = true;
+    StartReadTimer();
+  });
+}
+
+void frmRestore::SaveConfiguration() {
+  ReadIdle = false;
+  session.RefreshRequested = true;
+  platform.Events.Pump();
+  const auto path = saver.ChooseFile();
+  if (path && Loaded()) SaveTo(*path);
+  BecomeIdle();
+}
+
+void frmRestore::SaveTo(const std::filesystem::path& path) {
+  Enabled = false;
+  struct Again {
+    frmRestore& form;
+    ~Again() { form.Enabled = true; }
+  } again{*this};
+  try {
+    saver.Write(path);
+  } catch (const SerialError& error) {
+    return ShowLinkError(platform.Dialogs, error);
+  } catch (const FileError& error) {
+    platform.Dialogs.Message(
+        {std::string("The configuration was not saved.\r\n\r\n") + error.what(), "File Error",
+         Icon::Exclamation});
+    return;
+  }
+  if (CloseRequested) Unload();
+  saver.ShowSaved();
+}
+
+}  // namespace quillmark

@@ -1,0 +1,135 @@
+#include "restore/restore_controls.h"
+
+#include <string>
+
+namespace quillmark {
+
+namespace {
+
+constexpr int timerInterval = 1;  // ms
+constexpr int frameCount = 7;
+constexpr int blockCount = 10;
+
+struct MovedRow {
+  RestoreSetting What;
+  double TopBelow300;  // twips
+  double TopFrom300;
+};
+
+constexpr MovedRow movedRows[] = {
+    {RestoreSetting::HopTime, 720, 1080},
+    {RestoreSetting::SkippedZones, 1080, 1440},
+    {RestoreSetting::SleepMode, 1440, 1800},
+};
+
+template <class Kind>
+void AddEach(std::deque<Kind>& controls, int count, Form& form, Control& container,
+             const std::string& name) {
+  for (int i = 0; i < count; ++i) {
+    controls.emplace_back(form, &container, name + "_" + std::to_string(i));
+  }
+}
+
+}  // namespace
+
+RestoreRowControls::RestoreRowControls(Form& form, Frame& frame, const RestoreRow& row)
+    : Row(row),
+      Check(form, &frame, row.Check, row.Caption),
+      Current(form, &frame, row.Current, NoValue),
+      New(form, &frame, row.New, NoValue) {
+  MoveTo(row.Top);
+}
+
+void RestoreRowControls::MoveTo(double top) {
+  Check.Top = top;
+  Current.Top = top;
+  New.Top = top;
+}
+
+void RestoreRowControls::Show(bool shown) {
+  Check.Enabled = false;
+  Check.Visible = shown;
+  for (TextBox* field : {&Current, &New}) {
+    field->Enabled = shown;
+    field->Visible = shown;
+  }
+}
+
+void RestoreRowControls::Enable(bool enabled) {
+  EnableBox(enabled);
+  Current.Enabled = enabled && Shown();
+  New.Enabled = enabled && Shown();
+}
+
+// clang-format off
+RestoreControls::RestoreControls(Form& form, EventLoop& events)
+    : TabStrip(form, &form, "TabStrip",
+               {"Radio Information", "Radio Settings 1...", "Radio Settings 2...",
+                "Network Settings 1...", "Network Settings 2...", "Store & Forward Settings...",
+                "Network Wide Diagnostic Settings..."}),
+      RadSet([&] {
+        std::deque<Frame> frames;
+        AddEach(frames, frameCount, form, form, "RadSet");
+        return frames;
+      }()),
+      Rows([&] {
+        std::deque<RestoreRowControls> rows;
+        for (const RestoreRow& row : RestoreRows) {
+          rows.emplace_back(form, RadSet[static_cast<std::size_t>(row.Frame)], row);
+        }
+        return rows;
+      }()),
+      DiagWarnLabel(form, &RadSet.back(), "DiagWarnLabel",
+                    "These features are only accessible with radio firmware versions 2.0.0 and above."),
+      DescriptionFrame(form, &form, "DescriptionFrame"),
+      Label1(form, &DescriptionFrame, "Label1", "Select Settings to reprogram in the radio:"),
+      Label2(form, &DescriptionFrame, "Label2", "Current Settings:"),
+      FileSettingsLabel(form, &DescriptionFrame, "FileSettingsLabel", "Settings in file"),
+      Frame2(form, &form, "Frame2"),
+      ProgressLabel(form, &Frame2, "ProgressLabel"),
+      ProgressBlock([&] {
+        std::deque<Shape> blocks;
+        AddEach(blocks, blockCount, form, Frame2, "ProgressBlock");
+        return blocks;
+      }()),
+      tbr_OpenConfig(form, &form, "tbr_OpenConfig"),
+      tbr_SaveConfig(form, &form, "tbr_SaveConfig"),
+      tbr_ProgramRadio(form, &form, "tbr_ProgramRadio"),
+      tbr_Refresh(form, &form, "tbr_Refresh"),
+      CheckAllButton(form, &form, "CheckAllButton", "Check All"),
+      UnCheckAllButton(form, &form, "UnCheckAllButton", "Uncheck All"),
+      CloseButton(form, &form, "CloseButton", "Close Window"),
+      Timer1(form, "Timer1", events, timerInterval, false) {
+  tbr_OpenConfig.ToolTip = "Open A Configuration File";
+  tbr_SaveConfig.ToolTip = "Save Current Settings To A File";
+  tbr_ProgramRadio.ToolTip = "Program Selected Settings To The Radio";
+  tbr_Refresh.ToolTip = "Refresh Radio Settings";
+  TabStrip.OnClick = [this] { TabStrip_Click(); };
+}
+// clang-format on
+
+void RestoreControls::ApplyRevision(const Revision& revision) {
+  for (RestoreRowControls& row : Rows) row.Show(row.Row.Shown.HoldsBelowIfUnknown(revision));
+  for (const MovedRow& row : movedRows) {
+    At(row.What).MoveTo(revision.AtLeast(300) ? row.TopFrom300 : row.TopBelow300);
+  }
+  DiagWarnLabel.Visible = !revision.AtLeast(200);
+}
+
+void RestoreControls::TabStrip_Click() {
+  RadSet.at(static_cast<std::size_t>(TabStrip.SelectedIndex() - 1)).BringToFront();
+}
+
+void RestoreControls::ResetProgress() {
+  ProgressLabel.Text = "";
+  ProgressLabel.Visible = false;
+  for (Shape& block : ProgressBlock) {
+    block.BorderStyle = 1;
+    block.BorderWidth = 2;
+    block.BorderColor = ThemeButtonFace;
+    block.FillColor = ThemeButtonShadow;
+    block.Visible = false;
+  }
+}
+
+}  // namespace quillmark

@@ -1,0 +1,154 @@
+#include "restore/restore_load.h"
+
+#include "config/config_keys.h"
+#include "config/config_lines.h"
+#include "prefs/utilities.h"
+#include "restore/restore_select.h"
+#include "text/numbers.h"
+#include "text/path_text.h"
+#include "text/text.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr std::size_t mostLines = 1000;
+constexpr int linePause = 100;  // ms
+constexpr std::size_t mapSize = 32;
+// A range of extension addresses becomes a map from this revision on; an unknown one counts as it.
+constexpr RevisionGate mapsRanges{100};
+constexpr RevisionGate newCommands{200};
+
+std::string From(const std::string& line, std::ptrdiff_t position) {
+  return Mid(line, position, static_cast<std::ptrdiff_t>(line.size())).value_or("");
+}
+
+RestoreRowControls* RowOf(RestoreControls& controls, std::string_view word) {
+  for (RestoreRowControls& row : controls.Rows) {
+    if (word == row.Row.Word) return &row;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+RestoreLoader::RestoreLoader(Platform& machine, Session& shared, RestoreControls& itsControls,
+                             const Form& itsWindow)
+    : platform(machine), session(shared), controls(itsControls), window(itsWindow) {}
+
+void RestoreLoader::OpenConfiguration() {
+  const auto path = ChooseFile();
+  if (!path || !window.Loaded()) return;
+  const ConfigText file = ReadConfigText(*path, mostLines);
+  if (!file.Refusal.empty()) return ShowRefusal(platform.Dialogs, file.Refusal);
+  Prepare(*path);
+  for (std::size_t i = 0; i < file.Lines.size() && window.Loaded(); ++i) {
+    // The firmware's part number stands above its revision.
+    if (Holds(file.Lines[i], "77-1234")) {
+      if (++i == file.Lines.size()) return;
+      if (file.Lines[i].starts_with('1') && newCommands.HoldsIfUnknown(session.SoftwareRevision)) {
+        ShowOlderFileNotice();
+      }
+    }
+    TakeLine(file.Lines[i]);
+    WaitMilliseconds(platform.Events, linePause);
+    platform.Events.Pump();
+  }
+}
+
+std::optional<std::filesystem::path> RestoreLoader::ChooseFile() {
+  for (;;) {
+    auto path = platform.Dialogs.OpenFile(
+        {"Configuration File Selection", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
+    if (!path || FileExists(*path)) return path;
+    platform.Dialogs.Message({PathText(*path) + " not found!", ProgramTitle, Icon::Exclamation});
+  }
+}
+
+void RestoreLoader::Prepare(const std::filesystem::path& path) {
+  XminText.clear();
+  XmapBits.assign(mapSize, '0');
+  controls.tbr_ProgramRadio.Enabled = true;
+  for (RestoreRowControls& row : controls.Rows) {
+    row.New.Text = NoValue;
+    row.EnableBox(false);
+  }
+  controls.CheckAllButton.Enabled = true;
+  controls.UnCheckAllButton.Enabled = true;
+  controls.FileLoaded = true;
+  controls.FileSettingsLabel.Text = "Settings in file\r" + PathText(path.filename()) + ":";
+}
+
+void RestoreLoader::ShowOlderFileNotice() {
+  platform.Dialogs.Message(
+      {"Notice: The configuration file you opened was created by an earlier sofware version then "
+       "the one in the radio.\rSome of the commands have changed and either will not be "
+       "available,\ror will be modified to be compatible with the current software.",
+       "Warning:", Icon::Information});
+}
+
+void RestoreLoader::TakeLine(const std::string& line) {
+  RestoreRowControls* row = RowOf(controls, SettingOfLine(line));
+  if (row == nullptr) return;
+  if (row->Row.Id == RestoreSetting::XMIN) return TakeLowestAddress(*row, line);
+  if (row->Row.Id == RestoreSetting::XMAX) return TakeHighestAddress(*row, line);
+  if (!row->Row.Loaded.HoldsIfUnknown(session.SoftwareRevision)) return;
+  EnableLoadedRow(controls, *row);
+  TakeText(*row, line);
+}
+
+void RestoreLoader::TakeLowestAddress(RestoreRowControls& row, const std::string& line) {
+  if (mapsRanges.HoldsIfUnknown(session.SoftwareRevision)) {
+    XminText = From(line, 6);
+    return;
+  }
+  EnableLoadedRow(controls, row);
+  TakeText(row, line);
+}
+
+void RestoreLoader::TakeHighestAddress(RestoreRowControls& row, const std::string& line) {
+  if (mapsRanges.HoldsIfUnknown(session.SoftwareRevision)) return MapRange(From(line, 6));
+  EnableLoadedRow(controls, row);
+  TakeText(row, line);
+}
+
+// A range that can't be mapped leaves the row as it is.
+void RestoreLoader::MapRange(const std::string& highest) {
+  if (!XminText.empty()) {
+    const auto from = NumericValue(XminText);
+    const auto to = NumericValue(highest);
+    if (!from || !to || *from < 0 || *to >= static_cast<double>(mapSize)) return;
+    const double last = RoundHalfEven(*to);
+    for (double i = RoundHalfEven(*from); i <= last; ++i) {
+      const auto bit = static_cast<std::size_t>(i);
+      if (bit < mapSize) XmapBits[mapSize - 1 - bit] = '1';
+    }
+  }
+  RestoreRowControls& map = controls.At(RestoreSetting::XMAP);
+  map.New.Text = "XMAP " + BinToHex(XmapBits);
+  map.EnableBox(true);
+}
+
+void RestoreLoader::TakeText(RestoreRowControls& row, const std::string& line) {
+  switch (row.Row.Text) {
+    case RestoreRow::Form::Owner:
+      row.New.Text = From(line, 5);
+      return;
+    case RestoreRow::Form::AlarmMask:
+      row.New.Text = "MASK: " + From(line, 6);
+      return;
+    case RestoreRow::Form::Switched:
+      // The second of its two lines tells whether it is switched on.
+      if (row.New.Text() != NoValue) {
+        row.New.Text = row.New.Text() + (Holds(line, "ON") ? " (ON)" : " (OFF)");
+        return;
+      }
+      break;
+    case RestoreRow::Form::Line:
+    case RestoreRow::Form::AlarmSense:
+      break;
+  }
+  row.New.Text = line;
+}
+
+}  // namespace quillmark

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "link/session.h"
+#include "platform/platform.h"
+#include "restore/restore_controls.h"
+
+namespace quillmark {
+
+// Reads a configuration file into the window's new column, a line each tenth of a second, and
+// enables the boxes of the rows that it holds. The radio is not touched. Everything given to it
+// outlives it.
+class RestoreLoader {
+ public:
+  RestoreLoader(Platform& platform, Session& session, RestoreControls& controls,
+                const Form& window);
+
+  // Ends at once when the window is closed meanwhile.
+  void OpenConfiguration();
+
+ private:
+  // Nothing when the user cancels.
+  std::optional<std::filesystem::path> ChooseFile();
+  void Prepare(const std::filesystem::path& path);
+  void ShowOlderFileNotice();
+  void TakeLine(const std::string& line);
+  void TakeLowestAddress(RestoreRowControls& row, const std::string& line);
+  void TakeHighestAddress(RestoreRowControls& row, const std::string& line);
+  void MapRange(const std::string& highest);
+  void TakeText(RestoreRowControls& row, const std::string& line);
+
+  Platform& platform;
+  Session& session;
+  RestoreControls& controls;
+  const Form& window;
+  std::string XminText;
+  std::string XmapBits;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+
+#include "app/frmOrvalent.h"
+#include "link/connection.h"
+#include "link/session.h"
+#include "platform/platform.h"
+#include "radio/main_timer.h"
+#include "restore/frmRestore.h"
+
+namespace quillmark {
+
+// The menu entry that opens the store and restore window: warns a user who is not logged in, gives
+// the port over, shows the window. Everything given to it outlives it.
+class RestoreMenu {
+ public:
+  RestoreMenu(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
+              MainTimer& mainTimer);
+  ~RestoreMenu();
+  RestoreMenu(const RestoreMenu&) = delete;
+  RestoreMenu& operator=(const RestoreMenu&) = delete;
+
+  void Wire();
+  void mnuConfigRestore_Click();
+  // Closes the window, whatever it is doing; the main window has its port back then.
+  void CloseWindow();
+
+ private:
+  // False when the user does not go on.
+  bool ProbeLogin();
+  void ShowWindow();
+
+  Platform& platform;
+  Session& session;
+  frmOrvalent& main;
+  Connection& connection;
+  MainTimer& mainTimer;
+  std::weak_ptr<frmRestore> window;
+  bool probing = false;
+};
+
+}  // namespace quillmark

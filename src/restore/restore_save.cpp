@@ -1,0 +1,121 @@
+#include "restore/restore_save.h"
+
+#include <memory>
+
+#include "app/version.h"
+#include "firmware/frmProgram.h"
+#include "text/text.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr int progressPause = 200;  // ms
+constexpr int progressSteps = 10;
+
+std::vector<std::string> SwitchedLines(const RestoreRow& row, const std::string& text) {
+  const std::string word = Upper(row.Word);
+  std::vector<std::string> lines;
+  const auto blank = static_cast<std::ptrdiff_t>(Find(text, " "));
+  const auto bracket = static_cast<std::ptrdiff_t>(Find(text, "("));
+  const auto start = static_cast<std::ptrdiff_t>(word.size()) + 2;
+  if (bracket != 0) {
+    const auto value = Mid(text, start, bracket - 1 - (blank + 1));
+    if (value) lines.push_back(word + " " + *value);
+  }
+  lines.push_back(word + (Holds(text, "ON") ? " ON" : " OFF"));
+  return lines;
+}
+
+std::string LastNine(const std::string& text) {
+  constexpr std::size_t length = 9;
+  return text.size() <= length ? text : text.substr(text.size() - length);
+}
+
+bool IsSaved(const RestoreRow& row, const std::string& text, const Revision& revision,
+             bool master) {
+  if (Contains(text, "NOT AVAILABLE") || Contains(text, NoValue)) return false;
+  if (row.Id == RestoreSetting::SoftRTU && Holds(text, "OPTION")) return false;
+  return row.Shown.HoldsIfUnknown(revision) && (master || !row.SavedAtMasterOnly);
+}
+
+}  // namespace
+
+std::vector<std::string> RestoreLines(const RestoreRow& row, const std::string& text,
+                                      const Revision& revision, bool master) {
+  if (!IsSaved(row, text, revision, master)) return {};
+  switch (row.Text) {
+    case RestoreRow::Form::Owner:
+      return {Upper(row.Word) + " " + text};
+    case RestoreRow::Form::AlarmMask:
+      return {"AMASK " + LastNine(text)};
+    case RestoreRow::Form::Switched:
+      return SwitchedLines(row, text);
+    case RestoreRow::Form::Line:
+    case RestoreRow::Form::AlarmSense:
+      break;
+  }
+  return {text};
+}
+
+RestoreSaver::RestoreSaver(Platform& machine, Session& shared, RestoreControls& itsControls,
+                           RestoreLink& itsLink, Form& itsWindow)
+    : platform(machine), session(shared), controls(itsControls), link(itsLink), window(itsWindow) {}
+
+std::optional<std::filesystem::path> RestoreSaver::ChooseFile() {
+  return platform.Dialogs.SaveFile(
+      {"Radio Configuration Save", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
+}
+
+void RestoreSaver::Write(const std::filesystem::path& path) {
+  ReplacedFile file(path);
+  WriteHead(file);
+  const bool master = Find(controls.ModeText(), "M", 2) != 0;
+  for (std::size_t n = 0; n < controls.Rows.size(); ++n) {
+    const RestoreRowControls& row = controls.Rows[RestoreReadPlace(n)];
+    for (const std::string& line :
+         RestoreLines(row.Row, row.Current.Text(), session.SoftwareRevision, master)) {
+      file.Line(line);
+    }
+  }
+  file.Complete();
+}
+
+void RestoreSaver::WriteHead(ReplacedFile& file) {
+  file.Line(std::string("Created by Kelvor Quillmark Configuration Software Version ") +
+            VersionText);
+  file.Line("On " + platform.Desktop.ShortDate());
+  if (const auto serial = Ask("ser")) file.Line("From Radio, serial number: " + *serial);
+  if (const auto version = Ask("srev")) file.Line("With Firmware Version: \r\n" + *version);
+  file.Line("\r\n");
+}
+
+std::optional<std::string> RestoreSaver::Ask(const char* word) {
+  try {
+    return link.Ask(word);
+  } catch (const RestoreLinkLost&) {
+    return std::nullopt;
+  }
+}
+
+void RestoreSaver::ShowSaved() {
+  window.Visible = false;
+  const auto progress = std::make_shared<frmProgram>(platform, session);
+  progress->ProgressBar1.Value = 0;
+  progress->Caption = "Saving...";
+  progress->Command1.Enabled = false;
+  progress->Show();
+  link.Sleep(progressPause);
+  for (int i = 0; i < progressSteps; ++i) {
+    progress->Label1.Text = "Saving Configuration File...";
+    progress->ProgressBar1.Value = i * 10;
+    platform.Events.Pump();
+    link.Sleep(progressPause);
+  }
+  progress->Stop();
+  if (!window.Loaded()) return;
+  window.Visible = true;
+  window.SetFocus();
+}
+
+}  // namespace quillmark

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "config/replaced_file.h"
+#include "link/session.h"
+#include "platform/platform.h"
+#include "restore/restore_controls.h"
+#include "restore/restore_link.h"
+
+namespace quillmark {
+
+// The lines that a row gives for a file, from its current text; none when the radio has no value
+// for it, or the row is not saved for this revision or mode.
+std::vector<std::string> RestoreLines(const RestoreRow& row, const std::string& text,
+                                      const Revision& revision, bool master);
+
+// Saves the window's current column to a file, with a header that it asks the radio for. Everything
+// given to it outlives it.
+class RestoreSaver {
+ public:
+  RestoreSaver(Platform& platform, Session& session, RestoreControls& controls, RestoreLink& link,
+               Form& window);
+
+  // Nothing when the user cancels.
+  std::optional<std::filesystem::path> ChooseFile();
+  // Writes the whole file. A radio that gives no serial number or revision leaves its line out.
+  // Throws SerialError and FileError; the file that stood there is kept beside it then.
+  void Write(const std::filesystem::path& path);
+  // Two seconds of a progress window in the place of this one.
+  void ShowSaved();
+
+ private:
+  std::optional<std::string> Ask(const char* word);
+  void WriteHead(ReplacedFile& file);
+
+  Platform& platform;
+  Session& session;
+  RestoreControls& controls;
+  RestoreLink& link;
+  Form& window;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,142 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "restore/frmRestore.h"
+#include "sim/bench.h"
+
+namespace quillmark {
+
+// A session with the store and restore window: it is opened on a connected radio, the first read is
+// waited for, and the acts run while it is up.
+class RestoreBench : public sim::Bench {
+ public:
+  // Opens the window, waits until it is idle, does the acts, closes it.
+  void InWindow(const std::function<void()>& acts) {
+    InWindowAtOnce([this, acts] {
+      ASSERT_TRUE(RunUntil([this] { return Window().ReadIdle; }, Seconds(90)));
+      acts();
+    });
+  }
+  // The same without the wait.
+  void InWindowAtOnce(const std::function<void()>& acts) {
+    ExpectWindow("frmRestore").Do([this, acts](Form& form) {
+      shown = std::static_pointer_cast<frmRestore>(form.shared_from_this());
+      acts();
+      if (shown->Loaded()) CloseAndWait();
+    });
+    ASSERT_TRUE(Click("mnuConfigRestore"));
+    // A tick may have to end before.
+    RunUntil([this] { return shown != nullptr && !shown->Loaded(); }, Seconds(120));
+    shown.reset();
+    ExpectPortGivenBack();
+  }
+
+  frmRestore& Window() { return *shown; }
+  std::string Current(RestoreSetting id) { return Window().At(id).Current.Text(); }
+
+  void CloseAndWait() {
+    Click("CloseButton");
+    EXPECT_TRUE(RunUntil([this] { return !shown->Loaded(); }, Seconds(90)));
+  }
+
+  // What holds after each way out.
+  void ExpectPortGivenBack() {
+    EXPECT_FALSE(WindowOpen("frmRestore"));
+    EXPECT_FALSE(SecondPort().PortOpen());
+    EXPECT_TRUE(Main().Enabled());
+    EXPECT_EQ(Application().Ticks().LineHolders, 0);
+  }
+
+  bool WaitForRead() {
+    return RunUntil([this] { return shown->ReadIdle && !shown->Timer1.Enabled(); }, Seconds(90));
+  }
+
+  std::filesystem::path InScratch(const std::string& name) const { return ScratchFolder() / name; }
+  static std::string Contents(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  std::filesystem::path Write(const std::string& name, const std::string& text) {
+    std::ofstream(InScratch(name), std::ios::binary) << text;
+    return InScratch(name);
+  }
+  void Load(const std::filesystem::path& path) {
+    ExpectOpenFile("Configuration File Selection").Choose(path);
+    EXPECT_TRUE(Click("tbr_OpenConfig"));
+  }
+  void LoadText(const std::string& text) { Load(Write("load.txt", text)); }
+  std::string Save() {
+    ExpectSaveFile("Radio Configuration Save").Choose(InScratch("window.txt"));
+    EXPECT_TRUE(Click("tbr_SaveConfig"));
+    return Contents(InScratch("window.txt"));
+  }
+
+  // A line for each row: its word and the text of one column.
+  std::string RowTexts(bool current) {
+    std::string text;
+    for (RestoreRowControls& row : Window().Rows) {
+      text += std::string(row.Row.Word) + "=" + (current ? row.Current : row.New).Text() + "\n";
+    }
+    return text;
+  }
+  // The words of the rows for which `holds`.
+  std::string Words(const std::function<bool(RestoreRowControls&)>& holds) {
+    std::string words;
+    for (RestoreRowControls& row : Window().Rows) {
+      if (holds(row)) words += std::string(words.empty() ? "" : " ") + row.Row.Word;
+    }
+    return words;
+  }
+  std::string EnabledBoxes() {
+    return Words([](auto& row) { return row.Check.Enabled(); });
+  }
+  std::string Ticks() {
+    return Words([](auto& row) { return row.Check.Checked(); });
+  }
+
+  static std::vector<std::string> Split(const std::string& text, char at) {
+    std::vector<std::string> parts(1);
+    for (const char c : text) {
+      if (c == at) {
+        parts.emplace_back();
+      } else {
+        parts.back() += c;
+      }
+    }
+    return parts;
+  }
+
+  // Connects a radio whose every setting differs from its factory value, where mode and revision
+  // have it.
+  void StartOdd(sim::SimRadioOptions options) {
+    UseRadio(std::move(options));
+    const char* const values =
+        "unit=12345|own=Hill > north|owm=Spare|pwr=21|baud=9600 7E1|port=RS485|device=CTS KEY|"
+        "amask=0000 00FF|asense=LO|cts=5|ctshold=70|rxtot=15|rxd=6|sleep=ON|lpmhold=80|addr=1234|"
+        "csaddr=77|hoptime=28|skip=1,3|lpm=2|repeat=3|retry=4|fec=ON|buff=OFF|saf=ON|xaddr=7|"
+        "xmin=1|xmax=9|xmap=0000000F|xpri=3|xrssi=-90|dtype=ROOT|dlink=9600 OFF|rtu=5 ON";
+    for (const std::string& value : Split(values, '|')) {
+      Radio().Program(Split(value, '=')[0], Split(value, '=')[1]);
+    }
+    Start();
+    ASSERT_TRUE(Connect());
+  }
+  void EndSession() {
+    ASSERT_TRUE(Quit());
+    Restart();
+  }
+
+ private:
+  std::shared_ptr<frmRestore> shown;
+};
+
+}  // namespace quillmark

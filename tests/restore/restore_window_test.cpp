@@ -1,0 +1,236 @@
+#include "restore_bench.h"
+
+namespace quillmark {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+class RestoreWindow : public RestoreBench {
+ public:
+  // One round of waking, at the shortest pause.
+  static inline const std::string wake = "\x1B\r\n\r\r\r\r\r\r\r\r";
+};
+
+TEST_F(RestoreWindow, OpensWakesAndReadsByTheRevision) {
+  const struct {
+    const char *Revision, *Unread, *Hidden;  // what is not read, between blanks, and not shown
+    double HopTop;
+  } cases[] = {
+      {"1.9.9", " rxd lpmhold csaddr lpm xmap xpri xrssi dtype dlink rtu ",
+       "rxd lpmhold csaddr lpm xmap xpri xrssi dtype dlink rtu", 720},
+      {"2.0.0", " rxd lpmhold csaddr lpm xmin xmax ", "rxd lpmhold csaddr lpm xmax xmin", 720},
+      {"2.9.9", " rxd lpmhold csaddr lpm xmin xmax ", "rxd lpmhold csaddr lpm xmax xmin", 720},
+      {"3.0.0", " lpmhold csaddr lpm xmin xmax ", "lpmhold lpm xmax xmin", 1080},
+      {"3.1.0", " lpmhold csaddr lpm xmin xmax ", "lpmhold lpm xmax xmin", 1080},
+      {"3.1.9", " lpmhold csaddr lpm xmin xmax ", "lpmhold lpm xmax xmin", 1080},
+      {"3.2.0", " xmin xmax ", "xmax xmin", 1080},
+      // Unknown: shown as the oldest, read as any.
+      {"?", " ", "rxd lpmhold csaddr lpm xmap xpri xrssi dtype dlink rtu", 720},
+  };
+  const std::string all =
+      "unit own owm mode pwr baud port device amask asense cts ctshold rxtot rxd sleep lpmhold "
+      "addr csaddr hoptime skip lpm repeat retry fec buff saf xaddr xmin xmax xmap xpri xrssi "
+      "dtype dlink rtu";
+  Random().Fixed = 0;
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Revision);
+    const bool known = *each.Revision != '?';
+    StartConnected({.Revision = known ? each.Revision : "3.2.0", .Mode = 'M'});
+    if (!known) Shared().SoftwareRevision.Text = each.Revision;
+    InWindow([&] {
+      std::string reads;
+      for (const std::string& word : Split(all, ' ')) {
+        const bool read = std::string(each.Unread).find(" " + word + " ") == std::string::npos;
+        if (read) reads += "\r" + word + "\r";
+      }
+      EXPECT_EQ(Sent(), "deco\rADDR NONE\reeco\r" + wake + reads);
+      EXPECT_EQ(Words([](RestoreRowControls& row) { return !row.Current.Visible(); }), each.Hidden);
+      EXPECT_EQ(Words([](RestoreRowControls& row) { return !row.New.Enabled(); }), each.Hidden);
+      EXPECT_EQ(EnabledBoxes(), "");
+      EXPECT_EQ(Top("HopCheck"), each.HopTop);
+      EXPECT_EQ(Top("NewSkippedZones"), each.HopTop + 360);
+      EXPECT_EQ(Top("SleepMode"), each.HopTop + 720);
+      EXPECT_EQ(Visible("DiagWarnLabel"), !Visible("DTYPE"));
+    });
+    EndSession();
+  }
+}
+
+TEST_F(RestoreWindow, ShowsHowFarTheReadHasCome) {
+  StartConnected({.Mode = 'M'});
+  std::string captions;
+  InWindowAtOnce([&] {
+    EXPECT_EQ(Text("frmRestore"), "Configuration Store/Restore");
+    EXPECT_EQ(Text("FileSettingsLabel"), "Open a file for\rrestoring settings...");
+    EXPECT_EQ(RowTexts(true), RowTexts(false));
+    for (const char* name : {"tbr_SaveConfig", "tbr_ProgramRadio", "CheckAllButton"}) {
+      EXPECT_FALSE(Enabled(name)) << name;
+    }
+    EXPECT_FALSE(Visible("ProgressLabel"));
+    for (const char* word : {"unit", "mode", "pwr", "rtu"}) {
+      OnCommand(word, [&] {
+        captions += Text("ProgressLabel") + "|";
+        EXPECT_FALSE(Window().ReadIdle);
+      });
+    }
+    ASSERT_TRUE(RunUntil([&] { return Window().ReadIdle; }));
+    EXPECT_EQ(Text("ProgressLabel"), "100%");
+    EXPECT_FALSE(Enabled("ProgressLabel"));
+    EXPECT_TRUE(Enabled("tbr_SaveConfig"));
+    EXPECT_TRUE(Visible("ProgressBlock_9"));
+    EXPECT_EQ(As<Shape>("ProgressBlock_0").FillColor(), 0xC7A37FU);
+    ASSERT_TRUE(Select("TabStrip", 6));
+    EXPECT_GT(Window().RadSet[5].Depth(), Window().RadSet[0].Depth());
+    // An idle window costs nothing.
+    EXPECT_FALSE(Window().Timer1.Enabled());
+    const std::string before = Sent();
+    Run(Seconds(300));
+    EXPECT_EQ(Sent(), before);
+    Click("mnuConfigRestore");  // the main window is blocked
+  });
+  EXPECT_EQ(captions, "| 10%| 10%| 90%|");
+  EXPECT_TRUE(Port().PortOpen());
+  const int before = ReadCycles();
+  EXPECT_TRUE(RunUntil([&] { return ReadCycles() > before; }));
+}
+
+TEST_F(RestoreWindow, WarnsAUserWhoIsNotLoggedIn) {
+  StartConnected({.Mode = 'M', .Password = "1234"});
+  const std::string warning =
+      "Warning! You are not currently logged in, and therefore will not be able to reconfigure the "
+      "radio.\rYou will, however, be able to save a configuration file based off of the current "
+      "settings.\r\rWould you like to continue?";
+  ExpectBox("Warning!")
+      .Saying(warning)
+      .With(Icon::Exclamation)
+      .With(Buttons::YesNo)
+      .Reply(Answer::No);
+  ASSERT_TRUE(Click("mnuConfigRestore"));
+  EXPECT_EQ(Sent(), "deco\rADDR NONE\reeco\r");
+  EXPECT_TRUE(Port().PortOpen());
+  EXPECT_EQ(Text("txtTerm"), "");
+  EXPECT_TRUE(Shared().RefreshRequested);
+  ASSERT_TRUE(Refresh());
+  EXPECT_TRUE(Radio().Echo());
+  ExpectBox("Warning!").StaysUp(Seconds(500)).Reply(Answer::Yes);  // nothing else is sent meanwhile
+  InWindow([&] {
+    LoadText("PWR 22\r\n");
+    ASSERT_TRUE(Click("CheckAllButton"));
+    ASSERT_TRUE(Click("tbr_ProgramRadio"));
+    EXPECT_TRUE(WaitForRead());
+    EXPECT_EQ(Current(RestoreSetting::PowerLevel), "PWR 30 dBm");
+    EXPECT_NE(Save(), "");
+  });
+  EXPECT_TRUE(Radio().Echo());
+}
+
+TEST_F(RestoreWindow, OpensThePortItselfWhenItIsClosed) {
+  StartConnected();
+  Port().SetPortOpen(false);
+  InWindow([&] { EXPECT_EQ(Current(RestoreSetting::Mode), "MODE R"); });
+  EXPECT_TRUE(Port().PortOpen());
+  EXPECT_TRUE(RunUntil([&] { return ReadCycles() > 1; }));
+  EXPECT_THAT(Sent(), Not(HasSubstr("deco")));
+}
+
+// While a read of the main window runs, the window waits for its end, and the timer goes on.
+TEST_F(RestoreWindow, WaitsForTheEndOfAReadCycle) {
+  StartConnected();
+  OnCommand("cts", [&] { EXPECT_TRUE(Click("mnuConfigRestore")); });
+  std::string connectTime;
+  ExpectWindow("frmRestore").Do([&](Form& form) {
+    connectTime = Text("pnl_ConnectTime");
+    Run(Seconds(20));
+    EXPECT_NE(Text("pnl_ConnectTime"), connectTime);
+    EXPECT_TRUE(Click("CloseButton"));
+    EXPECT_FALSE(form.Loaded());
+  });
+  ASSERT_TRUE(Refresh());
+  EXPECT_TRUE(RunUntil([&] { return !connectTime.empty() && Port().PortOpen(); }));
+  ExpectPortGivenBack();
+}
+
+TEST_F(RestoreWindow, ClosesInTheMiddle) {
+  const std::function<void()> ways[] = {[&] { Click("CloseButton"); },
+                                        [&] { CloseWindow("frmRestore"); },
+                                        [&] { Application().Form_Unload(); }};
+  for (std::size_t way = 0; way < std::size(ways); ++way) {
+    for (int at = 100; at < 9000; at += 650) {
+      SCOPED_TRACE(std::to_string(way) + " at " + std::to_string(at));
+      StartConnected({.Mode = 'M'});
+      InWindowAtOnce([&] {
+        After(Milliseconds(at), ways[way]);
+        EXPECT_TRUE(RunUntil([&] { return !Window().Loaded() || Ended(); }, Seconds(20)));
+      });
+      EXPECT_EQ(Ended(), way == 2);
+      if (Ended()) {
+        EXPECT_FALSE(Port().PortOpen());
+        Line().Advance(Now() + Seconds(1));
+        EXPECT_EQ(Radio().Commands().back(), "PASS NONE");
+      } else {
+        ASSERT_TRUE(Refresh());
+        ASSERT_TRUE(Quit());
+      }
+      Restart();
+    }
+  }
+}
+
+TEST_F(RestoreWindow, NoPortNoReadButAWayOut) {
+  StartConnected();
+  ExpectBox("Error").Containing(
+      "There was an error communicating with the radio. Please reconnect");
+  SecondPort().FailOpening(1);
+  InWindow([&] {
+    ExpectBox("Error").Saying("Error: Port is not open").With(Icon::Critical);
+    LoadText("PWR 22\r\n");
+    Click("CheckAllButton");
+    Click("tbr_ProgramRadio");
+    Click("tbr_Refresh");
+    Run(Seconds(5));
+    EXPECT_FALSE(Window().Timer1.Enabled());
+  });
+  // Gone for good: the main window shows it.
+  ExpectBox("Error").Containing(
+      "There was an error communicating with the radio. Please reconnect");
+  InWindow([&] { Port().FailOpening(1); });
+  EXPECT_TRUE(Enabled("tbr_Connect"));
+  EXPECT_FALSE(Enabled("mnuConfigRestore"));
+  ASSERT_TRUE(Connect());
+}
+
+// Box and notice of the window's own port.
+TEST_F(RestoreWindow, CommEvents) {
+  StartConnected();
+  const std::string title = "Click Cancel to quit, OK to ignore.";
+  InWindow([&] {
+    // A second error while the box is up is dropped.
+    ExpectBox(title)
+        .Saying("Framing Error")
+        .With(Buttons::OkCancel)
+        .StaysUp(Milliseconds(5))
+        .Reply(Answer::Ok);
+    SecondPort().Raise(1004);
+    After(Milliseconds(2), [&] { SecondPort().Raise(1004); });
+    Run(Milliseconds(9));
+    EXPECT_EQ(DesktopSeen().Beeps, 1);
+    EXPECT_TRUE(SecondPort().PortOpen());
+    ExpectBox(title).Saying("Unknown error or event").Reply(Answer::Cancel);
+    // Cancel closes the port; a read that runs ends with one word.
+    ExpectBox("Error").Saying("Error: Port is not open");
+    After(Seconds(2), [&] { SecondPort().Raise(1005); });
+    ASSERT_TRUE(Click("tbr_Refresh"));
+    EXPECT_TRUE(WaitForRead());
+    EXPECT_FALSE(SecondPort().PortOpen());
+    EXPECT_FALSE(Visible("ProgressLabel"));
+  });
+  InWindow([&] {
+    SecondPort().Raise(3);  // a notice silences what follows
+    SecondPort().Raise(1004);
+    Run(Milliseconds(1));
+  });
+}
+
+}  // namespace
+}  // namespace quillmark
