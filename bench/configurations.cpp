@@ -10,6 +10,7 @@
 
 #include "child.h"
 #include "desk.h"
+#include "line_time.h"
 #include "measurements.h"
 #include "surroundings.h"
 
@@ -29,17 +30,6 @@ struct Task {
 
 double SecondsOf(Duration time) { return static_cast<double>(time.count()) / 1e6; }
 
-// What one exchange takes on the line and in the radio. The echo of a character leaves while the
-// next one arrives.
-double LineTime(const Exchange& exchange) {
-  constexpr double byteTime = 10.0 / baud;
-  const std::string word = exchange.Sent.substr(0, exchange.Sent.find('\r'));
-  const std::size_t echoed = exchange.Received.starts_with(word) ? word.size() : 0;
-  const auto commands = static_cast<double>(std::ranges::count(exchange.Sent, '\r'));
-  return static_cast<double>(exchange.Sent.size() + exchange.Received.size() - echoed) * byteTime +
-         commands * thinkTime / 1000;
-}
-
 Task Measure(Desk& desk, Button& button) {
   std::vector<Duration> pausedBefore;
   desk.Port().OnOutput = [&] { pausedBefore.push_back(desk.Loop().Paused()); };
@@ -55,7 +45,7 @@ Task Measure(Desk& desk, Button& button) {
   for (std::size_t i = 0; i < exchanges.size(); ++i) {
     const double paused = SecondsOf(pausedBefore[i + 1] - pausedBefore[i]);
     task.Paused += paused;
-    task.Floor += std::max(paused, LineTime(exchanges[i]));
+    task.Floor += std::max(paused, LineTime(exchanges[i], baud, thinkTime));
   }
   return task;
 }

@@ -22,12 +22,12 @@ const std::string& WithPreferences(const Surroundings& surroundings, const std::
   return device;
 }
 
-Platform Joined(Platform platform, EventLoop& loop, SerialPort& port) {
+Platform Joined(Platform platform, EventLoop& loop, SerialPort& port, SerialPort& restorePort) {
   return {loop,
           platform.Dialogs,
           platform.Windows,
           port,
-          platform.MSComm2,
+          restorePort,
           platform.Ports,
           platform.Preferences,
           platform.Files,
@@ -56,7 +56,8 @@ Desk::Desk(const Surroundings& surroundings, const std::string& device)
     : machine(WithPreferences(surroundings, device)),
       loop(machine.Events),
       port(machine.First),
-      platform(Joined(machine.AsPlatform(boxes), loop, port)) {
+      restorePort(machine.Second),
+      platform(Joined(machine.AsPlatform(boxes), loop, port, restorePort)) {
   console.emplace(platform);
   console->OnReadCycleDone = [this] {
     if (OnRead) OnRead();

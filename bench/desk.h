@@ -56,6 +56,10 @@ class Desk {
 
   frmOrvalent& Main() { return console->Main(); }
   RecordedPort& Port() { return port; }
+  // The serial control of the store and restore window.
+  RecordedPort& RestorePort() { return restorePort; }
+  // The form of that name whose window is up, or null.
+  Form* Shown(const std::string& name) const { return machine.Shown.FormNamed(name); }
   const WatchedLoop& Loop() const { return loop; }
   DeskDialogs& Boxes() { return boxes; }
 
@@ -69,6 +73,7 @@ class Desk {
   Machine machine;
   WatchedLoop loop;
   RecordedPort port;
+  RecordedPort restorePort;
   Platform platform;
   std::optional<Console> console;
 };

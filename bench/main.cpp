@@ -25,11 +25,17 @@ struct Measurement {
 };
 
 constexpr Measurement measurements[] = {
-    {"read-cycle", MeasureReadCycle}, {"configurations", MeasureConfigurations},
-    {"waking", MeasureWaking},        {"idle", MeasureIdle},
-    {"unplug", MeasureUnplug},        {"start", MeasureStart},
-    {"terminal", MeasureTerminal},    {"zone-polling", MeasureZonePolling},
-    {"firmware", MeasureFirmware},    {"tests", MeasureTestSuite},
+    {"read-cycle", MeasureReadCycle},
+    {"configurations", MeasureConfigurations},
+    {"restore-window", MeasureRestoreWindow},
+    {"waking", MeasureWaking},
+    {"idle", MeasureIdle},
+    {"unplug", MeasureUnplug},
+    {"start", MeasureStart},
+    {"terminal", MeasureTerminal},
+    {"zone-polling", MeasureZonePolling},
+    {"firmware", MeasureFirmware},
+    {"tests", MeasureTestSuite},
 };
 
 QString Names() {

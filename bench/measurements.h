@@ -13,6 +13,7 @@ class Surroundings;
 
 std::vector<Figure> MeasureReadCycle(Surroundings& surroundings);
 std::vector<Figure> MeasureConfigurations(Surroundings& surroundings);
+std::vector<Figure> MeasureRestoreWindow(Surroundings& surroundings);
 std::vector<Figure> MeasureWaking(Surroundings& surroundings);
 std::vector<Figure> MeasureIdle(Surroundings& surroundings);
 std::vector<Figure> MeasureUnplug(Surroundings& surroundings);
