@@ -43,6 +43,7 @@ set(ourWarnings
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     # And a write past the end of strings that it has inlined.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds>
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-stringop-overflow>
     # Its flow analysis is led astray by the sanitizers' own branches.
     $<$<AND:$<BOOL:${QUILLMARK_SANITIZE}>,$<CXX_COMPILER_ID:GNU>>:-Wno-maybe-uninitialized>
     # INSTANTIATE_TEST_SUITE_P and MATCHER leave the variable part of their macros empty.

@@ -13,22 +13,25 @@ AccessMenus::AccessMenus(Platform& machine, Session& shared, frmOrvalent& window
 AccessMenus::~AccessMenus() = default;
 
 void AccessMenus::Wire() {
-  const auto handler = [this](void (AccessMenus::*act)()) {
+  const auto wire = [this](Clickable& entry, void (AccessMenus::*act)()) {
     // A read that is running would have its replies mixed with what these windows say.
-    return [this, act] {
-      ticks.AfterTick(
-          [this, act] { WithLinkErrors(platform.Dialogs, [this, act] { (this->*act)(); }); });
+    entry.OnClick = [this, &entry, act] {
+      ticks.WhenFree(entry, [this, act] {
+        WithLinkErrors(platform.Dialogs, [this, act] { (this->*act)(); });
+      });
     };
   };
-  main.tbr_Login.OnClick = handler(&AccessMenus::mnuAccessCode_Click);
-  main.mnuAccessCode.OnClick = handler(&AccessMenus::mnuAccessCode_Click);
-  main.mnuEncryptCode.OnClick = handler(&AccessMenus::mnuEncryptCode_Click);
-  main.mnuSetPass.OnClick = handler(&AccessMenus::mnuSetPass_Click);
-  main.mnuSetupMode.OnClick = handler(&AccessMenus::mnuSetupMode_Click);
+  wire(main.tbr_Login, &AccessMenus::mnuAccessCode_Click);
+  wire(main.mnuAccessCode, &AccessMenus::mnuAccessCode_Click);
+  wire(main.mnuEncryptCode, &AccessMenus::mnuEncryptCode_Click);
+  wire(main.mnuSetPass, &AccessMenus::mnuSetPass_Click);
+  wire(main.mnuSetupMode, &AccessMenus::mnuSetupMode_Click);
 }
 
+bool AccessMenus::PasswordWindowOpen() const { return setPass && setPass->Loaded(); }
+
 std::string AccessMenus::OpenWindow() const {
-  const bool passwords = setPass && setPass->Loaded();
+  const bool passwords = PasswordWindowOpen();
   const bool benchTest = setup && setup->Loaded();
   if (!passwords && !benchTest) return {};
   return std::string("Please close the window \"") +

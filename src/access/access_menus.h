@@ -24,6 +24,7 @@ class AccessMenus {
   void Wire();
   // A sentence on a window of these that is open and has the line; empty when there is none.
   std::string OpenWindow() const;
+  bool PasswordWindowOpen() const;
 
  private:
   void mnuAccessCode_Click();

@@ -47,6 +47,8 @@ Console::Console(Platform& machine)
   quickConfig.Wire();
   upgrade.MayStart = [this] { return directRun.MayStart(); };
   upgrade.Wire();
+  // The bench test mode does not mind it.
+  restore.MayStart = [this] { return !access.PasswordWindowOpen() || directRun.MayStart(); };
   restore.Wire();
   diagnostics.Wire();
   WireSettingTexts(*main, platform.Dialogs, session);
@@ -65,12 +67,12 @@ void Console::WireLink() {
     ValidateNewAddr(platform.Dialogs, main->txtNewADDR.Text());
   };
   main->imgConnected.OnClick = [this] { Disconnect(); };
-  main->imgNotConnected.OnClick = [this] { connection.ConnectRadio(); };
+  main->imgNotConnected.OnClick = [this] { Connect(); };
   main->mnuOpen.OnClick = [this] { connection.mnuOpen_Click(); };
   main->mnuProperties.OnClick = [this] { mnuProperties_Click(); };
   main->mnuOpenLog.OnClick = [this] { log.mnuOpenLog_Click(); };
   main->mnuCloseLog.OnClick = [this] { log.mnuCloseLog_Click(); };
-  main->ButtonRefresh.OnClick = [this] { connection.ButtonRefresh_Click(); };
+  main->ButtonRefresh.OnClick = [this] { Refresh(); };
   main->cmdReadRadio.OnClick = [this] { connection.ButtonRefresh_Click(); };
   main->Timer1.OnTick = [this] { mainTimer.Timer1_Timer(); };
   main->Timer2.OnTick = [this] { connection.Timer2_Timer(); };
@@ -107,7 +109,7 @@ void Console::tbrToolBar_ButtonClick(std::string_view key) {
   const Row rows[] = {
       {"OpenLogFile", [this] { log.mnuOpenLog_Click(); }},
       {"CloseLogFile", [this] { log.mnuCloseLog_Click(); }},
-      {"Connect", [this] { connection.ConnectRadio(); }},
+      {"Connect", [this] { Connect(); }},
       {"Disconnect", [this] { Disconnect(); }},
       {"Properties", [this] { mnuProperties_Click(); }},
       {"Logout", [this] { connection.LogoutRadio(); }},
@@ -119,8 +121,21 @@ void Console::tbrToolBar_ButtonClick(std::string_view key) {
 }
 
 void Console::Disconnect() {
-  directRun.LetGo();
+  main->LinkLetGo = true;
   connection.DisconnectRadio();
+}
+
+// Not in the middle of a long run, which connects by itself when that is its way.
+void Console::Connect() {
+  if (!directRun.UnderWay() && !upgrade.UnderWay()) connection.ConnectRadio();
+}
+
+void Console::Refresh() {
+  if (platform.MSComm1.PortOpen()) {
+    connection.ButtonRefresh_Click();
+  } else {
+    Connect();
+  }
 }
 
 void Console::Start() {
@@ -184,7 +199,7 @@ void Console::Form_Unload() {
     return;
   }
   ending = true;
-  restore.CloseWindow();
+  restore.EndProgram();
   diagnostics.CloseWindow();
   ++mainTimer.LineHolders;
   const bool wasOpen = platform.MSComm1.PortOpen();
@@ -206,7 +221,8 @@ void Console::Form_Unload() {
 void Console::SendLogout() {
   try {
     if (platform.MSComm1.PortOpen() && main->EchoIsOff) SwitchEcho(platform.MSComm1, *main, true);
-    if (!session.LogoutOnQuit) return;
+    // A loader would take it for a part of the firmware.
+    if (!session.LogoutOnQuit || upgrade.Loading()) return;
     if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);
     platform.MSComm1.Output("PASS NONE\r");
   } catch (const SerialError&) {

@@ -56,6 +56,8 @@ class Console {
   void WireShell();
   void tbrToolBar_ButtonClick(std::string_view key);
   void Disconnect();
+  void Connect();
+  void Refresh();
   void mnuAbout_Click();
   void mnuProperties_Click();
   void mnuPreferences_Click();

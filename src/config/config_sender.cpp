@@ -153,7 +153,7 @@ void ConfigSender::ProgramFromFile(const std::filesystem::path& path) {
   LoadConfigLines({}, true, loaded);
   SendConfigLines(false);
   // Without a port there is nobody to send to, or to ask a unit number for.
-  if (run.UserLetGo() || !platform.MSComm1.PortOpen()) {
+  if (main.LinkLetGo || !platform.MSComm1.PortOpen()) {
     main.DirectPortMode = false;
     return;
   }

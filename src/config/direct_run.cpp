@@ -42,7 +42,7 @@ void DirectRun::Take() {
 }
 
 void DirectRun::CheckLink() const {
-  if (userLetGo || main.PortTimedOut || !main.DirectPortMode || !platform.MSComm1.PortOpen())
+  if (main.LinkLetGo || main.PortTimedOut || !main.DirectPortMode || !platform.MSComm1.PortOpen())
     throw RunFailed();
 }
 
@@ -66,7 +66,7 @@ bool DirectRun::MayStart() {
 }
 
 void DirectRun::ReadRadioAgain() {
-  if (userLetGo) return;
+  if (main.LinkLetGo) return;
   if (task == nullptr || platform.MSComm1.PortOpen()) {
     connection.ButtonRefresh_Click();
     return;
@@ -80,7 +80,7 @@ void DirectRun::ReadRadioAgain() {
 QuickTask::QuickTask(DirectRun& itsRun) : run(itsRun), controls(itsRun.main) {
   run.task = this;
   run.reconnectTried = false;
-  run.userLetGo = false;
+  run.main.LinkLetGo = false;
   controls.Hold(run.main.mnuSendText);
   controls.Hold(run.main.tbr_TransmitTextFile);
 }
@@ -91,7 +91,7 @@ QuickTask::~QuickTask() {
   run.main.Timer2.Enabled = true;
   if (!run.platform.MSComm1.PortOpen()) run.ShowStatus("Status: ");
   run.task = nullptr;
-  run.userLetGo = false;
+  run.main.LinkLetGo = false;
 }
 
 }  // namespace quillmark

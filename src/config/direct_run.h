@@ -54,10 +54,7 @@ class DirectRun {
   std::function<std::string()> Obstacle;
   // False, with a box, while something keeps it.
   bool MayStart();
-  // The user closes the link: a task that is under way ends with it, and connects to nobody.
-  void LetGo() { userLetGo = true; }
-  bool UserLetGo() const { return userLetGo; }
-
+  bool UnderWay() const { return task != nullptr; }
   // Asks for a read of the radio. On a closed port that means a connect; only one is tried in a
   // task, so that a pulled plug brings no row of boxes.
   void ReadRadioAgain();
@@ -70,7 +67,6 @@ class DirectRun {
   Connection& connection;
   QuickTask* task = nullptr;
   bool reconnectTried = false;
-  bool userLetGo = false;
 };
 
 // A quick task from the click to its end: nothing else that talks to the radio can be started

@@ -6,6 +6,7 @@
 #include "config/config_lines.h"
 #include "config/frmViewer.h"
 #include "prefs/utilities.h"
+#include "text/path_text.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -172,7 +173,7 @@ void Presets::SaveInto(std::size_t slot, const PresetHeader& header) {
   std::error_code error;
   fs::remove(temporary, error);
   // Else an old one could pass for what is to be read now.
-  if (error) throw FileError(error.message());
+  if (error) throw FileError(ErrorText(error));
   run.ShowTitle("PROGRAMMING.");
   saver.WriteConfigToFile(temporary, false);
   struct Removed {

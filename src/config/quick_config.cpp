@@ -90,7 +90,7 @@ void QuickConfig::Role_Click(const Role& role) {
   const QuickTask task(run);
   try {
     ClearUnit(role);
-    if (!run.UserLetGo()) SendRole(role);
+    if (!main.LinkLetGo) SendRole(role);
   } catch (const SerialError&) {
     // The loss of the port has told the user.
   }

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 [[noreturn]] void Fail(const fs::path& path, const std::error_code& error) {
   throw FileError(PathText(path) + ": " +
-                  (error ? error.message() : std::string("it could not be written")));
+                  (error ? ErrorText(error) : std::string("it could not be written")));
 }
 
 std::error_code LastError() { return {errno, std::generic_category()}; }

@@ -12,8 +12,12 @@ DiagnosticButtons::DiagnosticButtons(Platform& machine, Session& shared, frmOrva
 
 void DiagnosticButtons::Wire() {
   // A read that is running would have its replies mixed with what these windows ask for.
-  main.ButtonRSSI.OnClick = [this] { ticks.AfterTick([this] { ButtonRSSI_Click(); }); };
-  main.ButtonZoneData.OnClick = [this] { ticks.AfterTick([this] { ButtonZoneData_Click(); }); };
+  main.ButtonRSSI.OnClick = [this] {
+    ticks.WhenFree(main.ButtonRSSI, [this] { ButtonRSSI_Click(); });
+  };
+  main.ButtonZoneData.OnClick = [this] {
+    ticks.WhenFree(main.ButtonZoneData, [this] { ButtonZoneData_Click(); });
+  };
 }
 
 void DiagnosticButtons::CloseWindow() {

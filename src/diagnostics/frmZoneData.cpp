@@ -146,6 +146,7 @@ void frmZoneData::mnuResetZoneData_Click() {
   for (const Counter& counter : counters) {
     for (Label& count : this->*counter.Shown) count.Text = "0";
   }
+  link.AskedByUser();
   Send("zone clear");
   RedrawZoneBars();
 }

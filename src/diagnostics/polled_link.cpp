@@ -10,6 +10,7 @@ PolledLink::PolledLink(Platform& machine, const frmOrvalent& window)
     : platform(machine), main(window), wasUp(machine.MSComm1.PortOpen()) {}
 
 void PolledLink::Send(const std::string& command) {
+  const bool open = Open();
   try {
     platform.MSComm1.Output(command + "\r");
     wasUp = true;
@@ -19,8 +20,9 @@ void PolledLink::Send(const std::string& command) {
     // closed.
     platform.Events.Pump();
     const bool told = std::exchange(wasUp, false) && !main.mnuOpen.Checked();
-    if (!told) ShowLinkError(platform.Dialogs, error);
+    if (!told || (asked && !open)) ShowLinkError(platform.Dialogs, error);
   }
+  asked = false;
 }
 
 }  // namespace quillmark

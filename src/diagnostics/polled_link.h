@@ -15,8 +15,11 @@ class PolledLink {
   PolledLink(Platform& platform, const frmOrvalent& main);
 
   // Sends the command and a carriage return. When that fails it calls OnLost first, then shows the
-  // box, unless the loss has been told to the user by other means.
+  // box, unless the loss has been told by other means; who asked for it himself
+  // is always told.
   void Send(const std::string& command);
+  // The next sending is the user's own wish: he is told in any case when there is no link for it.
+  void AskedByUser() { asked = true; }
   bool Open() const { return platform.MSComm1.PortOpen(); }
 
   std::function<void()> OnLost;
@@ -25,6 +28,7 @@ class PolledLink {
   Platform& platform;
   const frmOrvalent& main;
   bool wasUp;
+  bool asked = false;
 };
 
 }  // namespace quillmark

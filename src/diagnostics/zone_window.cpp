@@ -88,6 +88,7 @@ void ZoneWindow::mnuToggleZoneUpdates_Click() {
     StopUpdates();
     return;
   }
+  link.AskedByUser();
   session.RxBuffer = "";
   pollTimer.Enabled = true;
   mnuToggleZoneUpdates.Text = stopCaption;

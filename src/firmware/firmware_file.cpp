@@ -27,7 +27,7 @@ std::optional<std::string> FirmwareFile::Open(const fs::path& path) {
   errno = 0;
   file.reset(std::fopen(path.c_str(), "rb"));
   if (file) return std::nullopt;
-  return std::error_code(errno, std::generic_category()).message();
+  return ErrorText({errno, std::generic_category()});
 }
 
 std::string FirmwareFile::Read(std::size_t bytes) {
@@ -56,6 +56,7 @@ std::optional<SRecordFault> FaultIn(FirmwareFile& file, EventLoop& events) {
   for (;;) {
     const std::string piece = file.Read(checkedAtOnce);
     check.Take(piece);
+    if (file.Failed()) return SRecordFault{check.LineNumber(), "the disk can't read it"};
     if (piece.size() < checkedAtOnce || check.Failed()) return check.Finish();
     events.Pump();
   }

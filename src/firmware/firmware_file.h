@@ -22,6 +22,8 @@ class FirmwareFile {
   std::optional<std::string> Open(const std::filesystem::path& path);
   // The next bytes; fewer where the file ends or cannot be read. "" while it is not open.
   std::string Read(std::size_t bytes);
+  // The last read was cut short by a failure, not by the end of the file.
+  bool Failed() const { return file && std::ferror(file.get()) != 0; }
   void Rewind();
   // In bytes, as it is now. Rewinds the file.
   std::int64_t Length();

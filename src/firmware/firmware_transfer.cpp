@@ -26,6 +26,14 @@ void ChangeSettings(SerialPort& port, const std::string& settings) {
   }
 }
 
+void RestoreSettings(SerialPort& port, const std::string& settings) {
+  ChangeSettings(port, settings);
+  if (port.Settings() == settings) return;
+  // A closed port takes them in any case.
+  port.SetPortOpen(false);
+  ChangeSettings(port, settings);
+}
+
 std::string FirmwareTransfer::Run(const std::filesystem::path& path) {
   ForceSettings();
   WakeLoader();
@@ -90,9 +98,11 @@ std::string FirmwareTransfer::SendBlocks() {
     if (!bytes.empty() && !SendBlock(bytes)) return missing("The port failed");
     sent += static_cast<std::int64_t>(bytes.size());
     // A file that was cut short meanwhile: its rest will not come, and the loader says so.
-    if (static_cast<std::int64_t>(bytes.size()) < wanted) return missing("The file ended");
+    if (static_cast<std::int64_t>(bytes.size()) < wanted)
+      return missing(file.Failed() ? "The file could not be read" : "The file ended");
     AwaitEmptyBuffer();
   }
+  if (length == 0) return "The file is empty.";
   return sent < length ? missing("The transfer was cancelled") : "";
 }
 

@@ -41,5 +41,7 @@ class FirmwareTransfer {
 
 // Changes the line's rate. What the port has against it is no reason to stop.
 void ChangeSettings(SerialPort& port, const std::string& settings);
+// The same where there is no other way: a port that refuses is closed and then takes it.
+void RestoreSettings(SerialPort& port, const std::string& settings);
 
 }  // namespace quillmark

@@ -32,19 +32,19 @@ class LineHold {
 }  // namespace
 
 // Whatever ends the flow, its entries work again afterwards, but for a link that was disconnected.
-class FirmwareUpgrade::UnderWay {
+class FirmwareUpgrade::Run {
  public:
-  explicit UnderWay(FirmwareUpgrade& flow) : upgrade(flow) {
+  explicit Run(FirmwareUpgrade& flow) : upgrade(flow) {
     upgrade.running = true;
     EnableEntries(upgrade.main, false);
   }
-  ~UnderWay() {
+  ~Run() {
     upgrade.running = false;
     upgrade.main.ShowCommStatus = true;
     if (!upgrade.main.NotConnected) EnableEntries(upgrade.main, true);
   }
-  UnderWay(const UnderWay&) = delete;
-  UnderWay& operator=(const UnderWay&) = delete;
+  Run(const Run&) = delete;
+  Run& operator=(const Run&) = delete;
 
   static void EnableEntries(frmOrvalent& main, bool enabled) {
     main.mnuSendText.Enabled = enabled;
@@ -62,11 +62,11 @@ FirmwareUpgrade::FirmwareUpgrade(Platform& machine, Session& shared, frmOrvalent
 void FirmwareUpgrade::Wire() {
   // Inside a read its replies would be taken for the loader's, and inside a connect the one at the
   // end would not come about.
-  const auto click = [this] {
-    ticks.AfterTick([this] { connection.AfterConnect([this] { mnuSendText_Click(); }); });
+  const auto wire = [this](Clickable& entry) {
+    entry.OnClick = [this, &entry] { ticks.WhenFree(entry, [this] { mnuSendText_Click(); }); };
   };
-  main.mnuSendText.OnClick = click;
-  main.tbr_TransmitTextFile.OnClick = click;
+  wire(main.mnuSendText);
+  wire(main.tbr_TransmitTextFile);
 }
 
 void FirmwareUpgrade::mnuSendText_Click() {
@@ -74,7 +74,9 @@ void FirmwareUpgrade::mnuSendText_Click() {
   if (MayStart && !MayStart()) return;
   bool reconnect = false;
   {
-    const UnderWay underWay(*this);
+    const Run run(*this);
+    // From the first question on: what is asked and checked must still be true when it is loaded.
+    const HeldControls controls(main);
     if (const auto chosen = ChooseFirmware()) reconnect = Load(*chosen);
   }
   if (reconnect) connection.mnuOpen_Click();
@@ -131,7 +133,11 @@ bool FirmwareUpgrade::AskToContinue(const std::string& doubt) {
 
 bool FirmwareUpgrade::Load(const Chosen& chosen) {
   const LineHold held(ticks);
-  const HeldControls controls(main);
+  loading = true;
+  struct Ended {
+    bool& flag;
+    ~Ended() { flag = false; }
+  } ended{loading};
   try {
     LoaderEntry entry(platform, session, main, connection);
     if (!AtLoaderPrompt(session) && !entry.Enter(chosen.Version)) return false;
@@ -161,9 +167,9 @@ void FirmwareUpgrade::Judge(const std::string& missing) {
 }
 
 void FirmwareUpgrade::EndSession() {
-  UnderWay::EnableEntries(main, true);
+  Run::EnableEntries(main, true);
   session.TransferStop = true;
-  ChangeSettings(platform.MSComm1, sessionSettings);
+  RestoreSettings(platform.MSComm1, sessionSettings);
   main.pnl_Settings.Text = "Settings: " + platform.MSComm1.Settings();
   connection.DisconnectRadio();
   main.ShowCommStatus = true;
@@ -174,7 +180,7 @@ void FirmwareUpgrade::EndSession() {
 void FirmwareUpgrade::GiveUp(const SerialError& error) {
   session.TransferStop = true;
   main.ShowCommStatus = true;
-  ChangeSettings(platform.MSComm1, sessionSettings);
+  RestoreSettings(platform.MSComm1, sessionSettings);
   main.pnl_Settings.Text =
       "Settings: " + (platform.MSComm1.PortOpen() ? platform.MSComm1.Settings() : "");
   ShowLinkError(platform.Dialogs, error);

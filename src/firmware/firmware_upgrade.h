@@ -29,9 +29,13 @@ class FirmwareUpgrade {
   std::function<bool()> MayStart;
   // Does nothing while an upgrade runs.
   void mnuSendText_Click();
+  // From the choice of the file to the end.
+  bool UnderWay() const { return running; }
+  // The radio is being brought into its loader, or is in it.
+  bool Loading() const { return loading; }
 
  private:
-  class UnderWay;
+  class Run;
 
   struct Chosen {
     std::filesystem::path Path;
@@ -57,6 +61,7 @@ class FirmwareUpgrade {
   Connection& connection;
   MainTimer& ticks;
   bool running = false;
+  bool loading = false;
 };
 
 }  // namespace quillmark

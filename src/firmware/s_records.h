@@ -26,6 +26,8 @@ class SRecordCheck {
 
   // There is no need to read on: the fault has been found.
   bool Failed() const { return fault.has_value(); }
+  // The line that is being read, from 1.
+  std::int64_t LineNumber() const { return lineNumber; }
 
  private:
   struct Record;

@@ -50,6 +50,7 @@ struct LinkState {
   int SecretReplies = 0;                // so many replies are neither shown nor logged
   int SecretWindows = 0;                // so many windows have the line to themselves for a secret
   int LineHolders = 0;                  // so many windows or runs keep reads and keep-alives off
+  bool LinkLetGo = false;               // the user closed it: a run that is under way ends with it
   bool NotConnected = false;            // the last connect failed, or the user closed the link
   bool ConnectCancelled = false;        // stop the wake attempt
   bool ConnectOnLaunchPending = false;  // the first tick connects

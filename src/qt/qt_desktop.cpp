@@ -27,8 +27,9 @@ std::optional<PrintTrouble> PrintFile(const PrintTarget& target, const std::file
                                       const std::string& title) {
   std::ifstream in(file, std::ios::binary);
   std::ostringstream text;
-  // An unreadable file fails here; the bare buffer would throw.
-  if (!in || !(text << in.rdbuf())) {
+  // An unreadable file fails here; the bare buffer would throw. An empty one is an empty report.
+  const bool empty = in && in.peek() == std::ifstream::traits_type::eof() && !in.bad();
+  if (!empty && !(in && text << in.rdbuf())) {
     return PrintTrouble{PathText(file) + " could not be read.", ""};
   }
   const QString date = QLocale::system().toString(QDate::currentDate(), QLocale::LongFormat);

@@ -53,6 +53,14 @@ void MainTimer::Timer1_Timer() {
 
 MainTimer::~MainTimer() { platform.Events.StopTimer(*this); }
 
+void MainTimer::WhenFree(const Control& entry, std::function<void()> act) {
+  AfterTick([this, &entry, act = std::move(act)] {
+    connection.AfterConnect([&entry, act] {
+      if (entry.Reachable()) act();
+    });
+  });
+}
+
 void MainTimer::Tick() {
   platform.Events.StopTimer(*this);
   // The end of this tick starts it again.

@@ -27,6 +27,10 @@ class MainTimer : private Ticker {
   // ones come while it is under way.
   void AfterTick(std::function<void()> act);
 
+  // The same for what an entry of the window starts: also not in the middle of a connect, and only
+  // if the entry can still be clicked then.
+  void WhenFree(const Control& entry, std::function<void()> act);
+
   // True while something else has the line to itself, so that no keep-alive and no read may start.
   // Windows that need that count themselves in and out of LineHolders.
   bool LineHeld() const;

@@ -93,11 +93,16 @@ void frmRestore::Form_Unload() {
   try {
     platform.MSComm1.SetPortOpen(true);
   } catch (const SerialError& error) {
-    ShowLinkError(platform.Dialogs, error);
+    if (!programEnds) ShowLinkError(platform.Dialogs, error);
     // There is nothing to connect to again; the main window shows so.
     session.RestoreLinkFailed = false;
     connection.DisconnectRadio();
   }
+}
+
+void frmRestore::EndProgram() {
+  programEnds = true;
+  Unload();
 }
 
 void frmRestore::MSComm2_OnComm() {
@@ -121,7 +126,9 @@ void frmRestore::StopReadTimer() {
 }
 
 void frmRestore::UpdateTimer() {
-  Timer1.Enabled = Loaded() && readTimerStarted && ReadPending && link.IsOpen();
+  // The first tick opens the port.
+  const bool due = !started || (readTimerStarted && ReadPending && link.IsOpen());
+  Timer1.Enabled = Loaded() && due;
 }
 
 void frmRestore::NotePort() {
@@ -263,6 +270,7 @@ void frmRestore::SaveTo(const std::filesystem::path& path) {
     return;
   }
   if (CloseRequested) Unload();
+  Enabled = true;
   saver.ShowSaved();
 }
 

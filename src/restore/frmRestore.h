@@ -24,6 +24,8 @@ class frmRestore : public Form, public RestoreControls {
   frmRestore(Platform& platform, Session& session, frmOrvalent& main, Connection& connection);
 
   void MSComm2_OnComm();
+  // Unloads the window without a word: the program is about to end.
+  void EndProgram();
   // Asks for a read of the radio.
   void RefreshSettings();
 
@@ -67,6 +69,7 @@ class frmRestore : public Form, public RestoreControls {
   RestoreReader reader;
   RestoreLoader loader;
   RestoreSaver saver;
+  bool programEnds = false;
   bool started = false;
   bool readTimerStarted = false;
   int reads = 0;  // under way; the wake is one

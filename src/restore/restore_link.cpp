@@ -17,10 +17,14 @@ constexpr int lastLook = 400;
 
 constexpr std::string_view lineEnd = "\r\n";
 
-// The place behind a prompt that stands alone at `at`, behind a line end; or `at` itself.
+// The place behind a prompt that stands alone at `at`, behind a line end and in front of another
+// one; or `at` itself. A value may begin with ">".
 std::size_t SkipBarePrompt(std::string_view text, std::size_t at) {
   for (const std::string_view bare : {"\r\n>", "\r\nSETUP>"}) {
-    if (text.substr(at).starts_with(bare)) return at + bare.size();
+    const std::string_view rest = text.substr(at);
+    if (rest.starts_with(bare) && rest.substr(bare.size()).starts_with(lineEnd)) {
+      return at + bare.size();
+    }
   }
   return at;
 }

@@ -42,11 +42,14 @@ void RestoreLoader::OpenConfiguration() {
   const ConfigText file = ReadConfigText(*path, mostLines);
   if (!file.Refusal.empty()) return ShowRefusal(platform.Dialogs, file.Refusal);
   Prepare(*path);
+  bool told = false;
   for (std::size_t i = 0; i < file.Lines.size() && window.Loaded(); ++i) {
     // The firmware's part number stands above its revision.
     if (Holds(file.Lines[i], "77-1234")) {
       if (++i == file.Lines.size()) return;
-      if (file.Lines[i].starts_with('1') && newCommands.HoldsIfUnknown(session.SoftwareRevision)) {
+      if (!told && file.Lines[i].starts_with('1') &&
+          newCommands.HoldsIfUnknown(session.SoftwareRevision)) {
+        told = true;
         ShowOlderFileNotice();
       }
     }
@@ -60,7 +63,7 @@ std::optional<std::filesystem::path> RestoreLoader::ChooseFile() {
   for (;;) {
     auto path = platform.Dialogs.OpenFile(
         {"Configuration File Selection", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
-    if (!path || FileExists(*path)) return path;
+    if (!path || FileExists(*path) || !window.Loaded()) return path;
     platform.Dialogs.Message({PathText(*path) + " not found!", ProgramTitle, Icon::Exclamation});
   }
 }

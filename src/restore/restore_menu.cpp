@@ -30,7 +30,9 @@ void RestoreMenu::Wire() {
     if (const auto shown = window.lock()) shown->MSComm2_OnComm();
   };
   main.mnuConfigRestore.OnClick = [this] {
-    mainTimer.AfterTick([this] { mnuConfigRestore_Click(); });
+    mainTimer.WhenFree(main.mnuConfigRestore, [this] {
+      if (!MayStart || MayStart()) mnuConfigRestore_Click();
+    });
   };
   mainTimer.CloseRestoreWindow = [this] { CloseWindow(); };
 }
@@ -94,6 +96,10 @@ void RestoreMenu::ShowWindow() {
 
 void RestoreMenu::CloseWindow() {
   if (const auto shown = window.lock()) shown->Unload();
+}
+
+void RestoreMenu::EndProgram() {
+  if (const auto shown = window.lock()) shown->EndProgram();
 }
 
 }  // namespace quillmark

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "app/frmOrvalent.h"
@@ -25,6 +26,11 @@ class RestoreMenu {
   void mnuConfigRestore_Click();
   // Closes the window, whatever it is doing; the main window has its port back then.
   void CloseWindow();
+  // The same at the end of the program: a port that can't be given back is nobody's trouble then.
+  void EndProgram();
+  // Asked before the window opens: false, with a box, when something else has the radio. Set by the
+  // application.
+  std::function<bool()> MayStart;
 
  private:
   // False when the user does not go on.

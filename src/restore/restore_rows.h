@@ -58,7 +58,7 @@ inline constexpr const char* NoValue = "n/a";
 
 // The revisions for which something holds.
 struct RevisionGate {
-  double From = 0;
+  double From = -std::numeric_limits<double>::infinity();
   double Below = std::numeric_limits<double>::infinity();
 
   // An unknown revision counts as below every threshold.

@@ -43,6 +43,10 @@ void VirtualPort::SetCommPort(int next) {
 
 void VirtualPort::SetSettings(const std::string& next) {
   if (open) Drain();
+  if (open && failSettings > 0) {
+    --failSettings;
+    throw SerialError(0, "The driver refuses the settings");
+  }
   settings = next;
   if (SimLine* line = Line()) line->HostListens(Baud());
 }

@@ -61,6 +61,8 @@ class VirtualPort : public SerialPort, private TimeSource {
   void HoldOutput(bool hold) { holding = hold; }
   // The n-th opening from now, counted from 1, fails as if another program had been quicker.
   void FailOpening(int n) { failOpening = n; }
+  // The next changes of the settings of an open port fail, so many of them.
+  void FailSettings(int times) { failSettings = times; }
   // Every opening so far, those that failed not counted.
   int Openings() const { return openings; }
 
@@ -88,6 +90,7 @@ class VirtualPort : public SerialPort, private TimeSource {
   int commEvent = 0;
   int openings = 0;
   int failOpening = 0;
+  int failSettings = 0;
   bool draining = false;
   std::uint64_t opening = 0;  // to tell events of a former opening
   std::string input;

@@ -37,4 +37,6 @@ std::string PathText(const std::filesystem::path& path) {
   return text;
 }
 
+std::string ErrorText(const std::error_code& error) { return PathText(error.message()); }
+
 }  // namespace quillmark

@@ -202,13 +202,13 @@ TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   QProcess silent;
   silent.setProcessEnvironment(environment);
   silent.start(program, {"--port", "/dev/ttyNONE", "--report", other.filePath("pictures")});
-  ASSERT_TRUE(report.waitForFinished(20'000));
+  ASSERT_TRUE(report.waitForFinished(60'000));
   const std::string table = report.readAllStandardOutput().toStdString();
   EXPECT_EQ(report.exitCode(), 0) << report.readAllStandardError().toStdString();
   EXPECT_THAT(table, HasSubstr("\nStore and Forward Settings\n"
                                "  Store and Forward         SAF OFF\n"));
   EXPECT_THAT(table, HasSubstr("  Radio Mode                MODE M\n"));
-  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 27);
+  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 34);
 
   ASSERT_TRUE(silent.waitForFinished(5'000));
   EXPECT_EQ(silent.exitCode(), 1);

@@ -208,7 +208,8 @@ TEST_F(UpgradeSessionTest, QuittingEndsItAtOnce) {
     }
     Upgrade(file);
     EXPECT_TRUE(Ended());
-    EXPECT_THAT(Sent(), EndsWith("PASS NONE\r"));
+    // A logout would be taken for a record.
+    EXPECT_THAT(Sent(), Not(HasSubstr("PASS NONE")));
     EXPECT_EQ(Application().Ticks().LineHolders, 0);
     Restart();
   }
