@@ -170,5 +170,41 @@ TEST_F(LostLinkTest, AnHourOfPollingTakesNoMoreRoom) {
   EXPECT_GT(Radio().CommandCount() - linesBefore, 3600 * 10);
 }
 
+TEST_F(LostLinkTest, WhoAsksForALinkThatWentLongAgoIsTold) {
+  StartConnected();
+  InZoneData([&] {
+    Run(Seconds(3));
+    EXPECT_TRUE(Click("mnuToggleZoneUpdates"));
+    ExpectBox(vanished);
+    Unplug();
+    Run(Seconds(60));
+    ExpectLostRadio();
+    EXPECT_TRUE(Click("mnuToggleZoneUpdates"));
+    Run(Seconds(3));
+    ExpectLostRadio();
+    EXPECT_TRUE(Click("mnuResetZoneData"));
+    EXPECT_TRUE(CloseWindow("frmZoneData"));
+  });
+}
+
+// Clicked in the middle of a connect or a read, they wait, and look again whether they still may.
+TEST_F(LostLinkTest, WindowsWaitForAConnectAndForAReadThatForbidsThem) {
+  StartConnected();
+  ASSERT_TRUE(Click("tbr_Disconnect"));
+  ClearLog();
+  ExpectWindow("frmZoneData").Do([&] {
+    EXPECT_THAT(Sent(), ::testing::HasSubstr("OPEN\r\rskip\r"));
+    EXPECT_TRUE(CloseWindow("frmZoneData"));
+  });
+  After(Milliseconds(900), [this] { EXPECT_TRUE(Click("ButtonZoneData")); });
+  ASSERT_TRUE(Click("tbr_Connect"));
+  ASSERT_TRUE(Refresh());
+  Radio().Program("mode", "M");
+  OnCommand("own", [this] { EXPECT_TRUE(Click("ButtonRSSI")); });
+  ASSERT_TRUE(Refresh());
+  Run(Seconds(1));
+  EXPECT_FALSE(WindowOpen("frmRSSI"));
+}
+
 }  // namespace
 }  // namespace quillmark

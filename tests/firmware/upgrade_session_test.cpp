@@ -175,8 +175,9 @@ TEST_F(UpgradeSessionTest, WhatTheUserDoesMeanwhile) {
   // Nothing gets into the records, and no dialog holds them up.
   WhileSending([&] {
     Type("txtTerm", "x");
-    for (const char* name : {"Mode", "mnuOpen", "mnuPreferences", "mnuAbout", "ButtonAdv",
-                             "tbr_Properties", "tbr_Login", "mnuSendText"}) {
+    for (const char* name :
+         {"Mode", "mnuOpen", "mnuPreferences", "mnuAbout", "ButtonAdv", "tbr_Properties",
+          "tbr_Login", "mnuSendText", "mnuConfigRestore", "ButtonZoneData"}) {
       EXPECT_FALSE(Find(name).Reachable()) << name;
     }
   });
@@ -192,6 +193,15 @@ TEST_F(UpgradeSessionTest, WhatTheUserDoesMeanwhile) {
   ExpectBox("Radio Error").Saying("Radio programming FAILED.").With(Icon::Exclamation);
   ExpectNeedsSoftware();
   Upgrade(file);
+  ExpectConnected();
+}
+
+// A driver that refuses the session's rate once must not leave the line at the loader's.
+TEST_F(UpgradeSessionTest, TheLinkIsBackThoughTheDriverRefuses) {
+  ConnectTo({});
+  ExpectErase(Answer::Yes);
+  ExpectSuccess().Do([this] { Port().FailSettings(1); });
+  Upgrade(Image(512));
   ExpectConnected();
 }
 

@@ -211,5 +211,50 @@ TEST_F(RestoreFaults, ClicksInTheMiddle) {
   }
 }
 
+// Put off to the end of a read, the entry is looked at again: there may be no link any more.
+TEST_F(RestoreFaults, AClickThatIsTooLateOpensNothing) {
+  StartConnected();
+  Faults().SilentFrom = Radio().CommandCount() + 3;
+  OnCommand("own", [this] {
+    EXPECT_TRUE(Click("mnuConfigRestore"));
+    EXPECT_TRUE(Click("tbr_Disconnect"));
+  });
+  ExpectBox("Error").Containing("There was an error communicating");
+  ASSERT_TRUE(Click("ButtonRefresh"));
+  Run(Seconds(30));
+  EXPECT_FALSE(WindowOpen("frmRestore"));
+  EXPECT_FALSE(Port().PortOpen());
+}
+
+TEST_F(RestoreFaults, ARefreshBeforeTheFirstTickChangesNothing) {
+  StartConnected();
+  InWindowAtOnce([this] {
+    EXPECT_TRUE(Click("tbr_Refresh"));
+    EXPECT_TRUE(RunUntil([this] { return Window().ReadIdle; }, Seconds(90)));
+    EXPECT_EQ(Current(RestoreSetting::Mode), "MODE R");
+  });
+}
+
+TEST_F(RestoreFaults, QuittingWithoutAPortIsSilent) {
+  StartConnected();
+  InWindow([this] {
+    ExpectBox("Click Cancel to quit, OK to ignore.");
+    Unplug();
+    Run(Seconds(1));
+    Application().Form_Unload();
+  });
+  EXPECT_TRUE(Ended());
+}
+
+TEST_F(RestoreFaults, NamesThatBeginWithAPrompt) {
+  for (const char* name : {">x", "> hello", ">>> N", "SETUP> y"}) {
+    SCOPED_TRACE(name);
+    StartConnected();
+    Radio().Program("own", name);
+    InWindow([&] { EXPECT_EQ(Current(RestoreSetting::OwnerName), name); });
+    EndSession();
+  }
+}
+
 }  // namespace
 }  // namespace quillmark

@@ -113,6 +113,14 @@ TEST_F(RestoreLoad, ANoticeForFilesOfAnOlderRadio) {
   }
 }
 
+TEST_F(RestoreLoad, TheNoticeComesOnceAFile) {
+  StartConnected();
+  InWindow([this] {
+    ExpectBox("Warning:").Containing("earlier sofware version");
+    LoadText("77-1234A01\r\n1.9.0\r\n77-1234A01\r\n1.9.0\r\n");
+  });
+}
+
 TEST_F(RestoreLoad, FilesThatAreNone) {
   StartConnected({.Mode = 'M'});
   std::filesystem::create_directory(InScratch("folder"));
