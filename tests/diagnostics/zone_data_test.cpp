@@ -250,5 +250,34 @@ TEST_F(ZoneDataTest, DamagedReplies) {
   }
 }
 
+TEST_F(ZoneDataTest, RepliesCutAnywhere) {
+  StartConnected();
+  const auto reply = [](std::size_t count) {
+    std::string text = "\r\n";
+    for (int zone = 1; zone <= 8; ++zone) {
+      for (const char* label : {"TX TOTAL", "RX TOTAL", "RX ERROR"}) {
+        text += std::to_string(zone) + ":" + label + " 00000" + std::to_string(count) + "\r\n";
+      }
+    }
+    return text;
+  };
+  InZoneData([&] {
+    for (std::size_t length = 0; length < reply(100).size(); length += 7) {
+      const std::string before = Texts("zoneErrorsCount");
+      Radio().SetReply("zone data", reply(100 + length).substr(0, length), false);
+      ClearLog();
+      ASSERT_TRUE(RunUntil([&] { return !Sent().empty(); })) << length;
+      Run(Milliseconds(300));
+      EXPECT_EQ(Texts("zoneErrorsCount"), before) << length;
+      Radio().SetReply("zone data", reply(101 + length));
+      Run(Seconds(3));
+      std::string now = std::to_string(101 + length);
+      for (int zone = 1; zone < 8; ++zone) now += "," + std::to_string(101 + length);
+      EXPECT_EQ(Texts("zoneErrorsCount"), now) << length;
+    }
+    EXPECT_TRUE(Click("mnuExitScreen"));
+  });
+}
+
 }  // namespace
 }  // namespace quillmark

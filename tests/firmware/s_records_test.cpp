@@ -33,12 +33,22 @@ TEST(SRecords, TheFirstFaultyLineIsNamed) {
   }
   std::string oldest = bare;
   std::replace(oldest.begin(), oldest.end(), '\n', '\r');
+  // As srec_cat of the srecord package writes them.
+  const char* const tool24 =
+      "S012000037372D31323334413031332E322E31F4\n"
+      "S225010000030A11181F262D343B424950575E656C737A81888F969DA4ABB2B9C0C7CED5DCE306\n"
+      "S225010021EAF1F8FF060D141B222930373E454C535A61686F767D848B9299A0A7AEB5BCC3CA1E\n"
+      "S208010042D1D8DFE646\nS5030003F9\nS804000000FB\n";
+  const char* const tool32 =
+      "S00400007883\nS30B00000040C3CAD1D8DFE6B9\nS5030001FB\nS70500000000FA\n";
   const struct {
     const char* Name;
     std::string File;
     const char* Fault;
   } cases[] = {
       {"sound", data + end, ""},
+      {"of a tool, 24 bits", tool24, ""},
+      {"of a tool, 32 bits", tool32, ""},
       {"small letters, line feeds", bare, ""},
       {"carriage returns", oldest, ""},
       {"no last line end", bare.substr(0, bare.size() - 1), ""},
