@@ -133,6 +133,8 @@ bool ReadCycle::CheckRadio() {
   promptOutstanding = false;
   ownerNameIsWhole = false;
   CommandExchange(session, platform.MSComm1, platform.Events, "", ">", readTimeOut);
+  // Somebody has let the radio go meanwhile: waking it would open the port behind their back.
+  if (!platform.MSComm1.PortOpen()) return false;
   if (!Contains(session.RxBuffer, ">")) connection.WakeLink();
   session.InSetupMode = Contains(session.RxBuffer, "SETUP");
   const bool inLoader = Contains(session.RxBuffer, "LOADER>");

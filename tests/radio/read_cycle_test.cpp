@@ -179,6 +179,30 @@ TEST_F(ReadCycleTest, ARadioThatHasGoneQuietIsWokenAndThenGivenUp) {
   EXPECT_EQ(SentCommands().back(), "CLOS");
 }
 
+// A read that looks for the radio in vain must not open again what was closed meanwhile.
+TEST_F(ReadCycleTest, ARadioThatIsLetGoWhileAReadLooksForItStaysLetGo) {
+  for (const bool pulled : {false, true}) {
+    SCOPED_TRACE(pulled);
+    UseRadio({});
+    if (!WindowOpen("frmOrvalent")) Start();
+    ASSERT_TRUE(Connect());
+    Faults().SilentFrom = 1;
+    ASSERT_TRUE(Click("ButtonRefresh"));
+    After(Seconds(2), [&] {
+      if (!pulled) EXPECT_TRUE(Click("tbr_Disconnect"));
+      if (pulled) Unplug();
+    });
+    After(Seconds(3), [&] { Plug(); });
+    if (pulled) ExpectBox("Click Cancel to quit, OK to ignore.");
+    ClearLog();
+    Run(Seconds(60));
+    EXPECT_EQ(Sent(), pulled ? "\r" : "\rCLOS\r");
+    EXPECT_FALSE(Port().PortOpen());
+    EXPECT_FALSE(Visible("imgConnected"));
+    CheckExpectations();
+  }
+}
+
 TEST_F(ReadCycleTest, ALateReplyNeverStandsInAnotherRow) {
   StartConnected();
   Main().PowerLevel.Text = "old";
