@@ -234,6 +234,8 @@ void Connection::DisconnectRadio() {
   StopConnectTimer();
   StopPortTimeout();
   main.ConnectCancelled = true;
+  // Nobody waits for that reconnect any more; it would come on top of the next one.
+  session.RestoreLinkFailed = false;
   main.txtTerm.Text = "";
   try {
     if (platform.MSComm1.PortOpen()) SendClos();

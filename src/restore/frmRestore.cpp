@@ -95,7 +95,6 @@ void frmRestore::Form_Unload() {
   } catch (const SerialError& error) {
     if (!programEnds) ShowLinkError(platform.Dialogs, error);
     // There is nothing to connect to again; the main window shows so.
-    session.RestoreLinkFailed = false;
     connection.DisconnectRadio();
   }
 }

@@ -91,6 +91,30 @@ TEST_F(RestoreFaults, TheRadioFallsSilentInARead) {
   });
 }
 
+// The plug is pulled before the reconnect; whoever connects then is connected once.
+TEST_F(RestoreFaults, TheReconnectIsForgottenWithTheLink) {
+  StartConnected();
+  InWindow([&] {
+    Faults().SilentFrom = 1;
+    ExpectBox("Error").Containing("There was an error communicating");
+    ASSERT_TRUE(Click("tbr_Refresh"));
+    EXPECT_TRUE(RunUntil([&] { return !Window().Loaded(); }));
+    EXPECT_TRUE(Shared().RestoreLinkFailed);
+    ExpectBox("Click Cancel to quit, OK to ignore.");
+    Unplug();
+  });
+  Run(Seconds(3));
+  CheckExpectations();
+  Faults() = {};
+  Plug();
+  ClearLog();
+  ASSERT_TRUE(Connect());
+  Run(Seconds(3));
+  const auto sent = SentCommands();
+  EXPECT_EQ(std::count(sent.begin(), sent.end(), "OPEN"), 1);
+  ExpectUsable();
+}
+
 TEST_F(RestoreFaults, SlowAndLateReplies) {
   const struct {
     int ThinkMs, LateMs;
