@@ -90,6 +90,8 @@ void frmRestore::Form_Unload() {
   main.Enabled = true;
   main.SetFocus();
   session.RefreshRequested = true;
+  // The main window has lost its link meanwhile and shows so; only a connect may open the port.
+  if (main.NotConnected) return;
   try {
     platform.MSComm1.SetPortOpen(true);
   } catch (const SerialError& error) {

@@ -50,6 +50,23 @@ TEST_F(RestoreFaults, ThePlugIsPulled) {
   }
 }
 
+// The link dies with the last command of the main window, which learns of it when this window is
+// up.
+TEST_F(RestoreFaults, ALinkThatDiesWhileTheWindowOpensIsShownAsClosed) {
+  StartConnected();
+  Faults().HangUpAtCommand = Radio().CommandCount() + 3;
+  ExpectBox("Click Cancel to quit, OK to ignore.");
+  ExpectBox("Click Cancel to quit, OK to ignore.");
+  InWindowAtOnce([&] {
+    EXPECT_TRUE(RunUntil([&] { return Window().ReadIdle; }));
+    UseRadio({});
+  });
+  CheckExpectations();
+  EXPECT_EQ(Port().PortOpen(), Visible("imgConnected"));
+  EXPECT_TRUE(Connect());
+  ExpectUsable();
+}
+
 // A radio that says nothing more: the window closes, and the main timer connects anew.
 TEST_F(RestoreFaults, TheRadioFallsSilentInARead) {
   for (int at = 1; at <= 33; at += 8) {
