@@ -18,7 +18,7 @@ class HeldControls {
 
   // Holds one more until the end.
   void Hold(Control& control);
-  // Switches off again what a connect in between has switched on.
+  // Switches off again what a connect or a read in between has switched on.
   void HoldAgain();
 
  private:

@@ -76,8 +76,11 @@ void FirmwareUpgrade::mnuSendText_Click() {
   {
     const Run run(*this);
     // From the first question on: what is asked and checked must still be true when it is loaded.
-    const HeldControls controls(main);
-    if (const auto chosen = ChooseFirmware()) reconnect = Load(*chosen);
+    HeldControls controls(main);
+    const auto chosen = ChooseFirmware();
+    // A read of the settings that ran behind the questions has switched some on.
+    controls.HoldAgain();
+    if (chosen) reconnect = Load(*chosen);
   }
   if (reconnect) connection.mnuOpen_Click();
 }
