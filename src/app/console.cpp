@@ -121,7 +121,8 @@ void Console::tbrToolBar_ButtonClick(std::string_view key) {
 }
 
 void Console::Disconnect() {
-  main->LinkLetGo = true;
+  // Only a run that is under way has to be told.
+  main->LinkLetGo = directRun.UnderWay();
   connection.DisconnectRadio();
 }
 

@@ -25,7 +25,7 @@ class PresetsTest : public ConfigBench {
   void Fill(int number, const std::string& caption, const std::string& description) {
     const std::string n = std::to_string(number);
     Write(Slot(number), "#PresetFile" + n + "\r\n#Name:" + description + "\r\n#PresetCaption:" +
-                            caption + "\r\n#With Firmware Version:\r\nOWN Preset " + n + "\r\n");
+                            caption + "\r\n#With Firmware Version:\r\nOWN #Name: " + n + "\r\n");
   }
   void SavePreset(const std::string& caption, const std::string& description) {
     ExpectInput(ProgramTitle).Saying(captionPrompt).Type(caption);
@@ -80,6 +80,8 @@ TEST_F(PresetsTest, SavedShownAfterARestartAndProgrammed) {
 
 TEST_F(PresetsTest, TheQuestionsBeforeASave) {
   StartConnected();
+  ASSERT_TRUE(Click("tbr_Disconnect") && Connect());
+  ClearLog();
   // Nothing typed, thought better of; too long, thought better of; then cut.
   ExpectInput(ProgramTitle).Saying(captionPrompt).Type("");
   ExpectBox("Cancel Preset").Saying("Cancel Preset Saving ").Reply(Answer::No);
@@ -94,6 +96,7 @@ TEST_F(PresetsTest, TheQuestionsBeforeASave) {
   ExpectBox(ProgramTitle).Saying("Preset Save Cancelled");
   ASSERT_TRUE(Click("cmdSaveToPreset"));
   EXPECT_EQ(Sent(), "");
+  EXPECT_TRUE(Shared().RefreshRequested);
   EXPECT_EQ(Seen(1), empty);
   ExpectInput(ProgramTitle).Saying(captionPrompt);
   ExpectBox("Cancel Preset").Reply(Answer::Yes);
@@ -141,7 +144,7 @@ TEST_F(PresetsTest, RenamedDescribedAndViewed) {
   EXPECT_EQ(Seen(2), "New|New words||9|on");
   const std::string text =
       "#PresetFile2\r\n#Name:New words\r\n#PresetCaption:New\r\n#With Firmware Version:\r\nOWN "
-      "Preset 2\r\n";
+      "#Name: 2\r\n";
   EXPECT_EQ(Contents(Slot(2)), text);
   ExpectWindow("frmViewer").Do([&] {
     EXPECT_EQ(Text("frmViewer"), "New");
@@ -165,6 +168,12 @@ TEST_F(PresetsTest, FilesMadeByHand) {
   EXPECT_EQ(Seen(1), std::string(500, 'c') + "|long||9|on");
   EXPECT_EQ(Seen(2), "Preset 2|no caption||9|on");
   for (const int number : {3, 4, 5, 6}) EXPECT_EQ(Seen(number), empty) << number;
+  // One that is no saved configuration: the radio is not even cleared.
+  ExpectBox("Program from Preset").Reply(Answer::Yes);
+  ExpectBox("File Error").Containing("does not appear").Reply(Answer::No);
+  ClearLog();
+  ASSERT_TRUE(Click("cmdPre_1"));
+  EXPECT_EQ(Sent(), "");
   SavePreset("Saved", "over three");
   EXPECT_THAT(Contents(Slot(3)), StartsWith("#PresetFile3\r\n"));
   EXPECT_EQ(Contents(Slot(3).string() + ".bak"), "#PresetFile7\n#PresetCaption:seven\n");
@@ -193,6 +202,12 @@ TEST_F(PresetsTest, WhatFailsIsSaid) {
   EXPECT_EQ(Contents(Slot(1)).substr(0, 41), "#PresetFile1\r\n#Name:b\r\n#PresetCaption:a\r\n");
   EXPECT_EQ(Seen(1), "a|b||9|on");
   ExpectIdle();
+  // One that is gone: the preset can't be clicked.
+  ASSERT_TRUE(Click("tbr_Disconnect") && Connect());
+  TolerateBoxes();
+  Faults().HangUpAtCommand = Radio().CommandCount() + 8;
+  SavePreset("c", "d");
+  EXPECT_EQ(Seen(2), "c|d||9|off");
 }
 
 TEST_F(PresetsTest, TextsThatDoNotFitAreCutSoThatTheFileCanBeRead) {
