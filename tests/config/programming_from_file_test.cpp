@@ -229,9 +229,9 @@ TEST_F(ProgrammingFromFileTest, ThingsThatAreNoFiles) {
 
 TEST_F(ProgrammingFromFileTest, TheUsersOwnDefaultSetWinsAndAMissingOneSendsNothing) {
   StartConnected();
-  Write(DataFolder() / "NewRadio.txt", "MODE R\n");
+  Write(DataFolder() / "NewRadio.txt", "MODE R\nUNIT 3456\n");
   Program(validLine + "ADDR 1");
-  EXPECT_THAT(SentCommands(), ElementsAre("MODE R", "ADDR 1"));
+  EXPECT_THAT(SentCommands(), ElementsAre("MODE R", "UNIT 3456", "ADDR 1"));
   std::filesystem::remove(DataFolder() / "NewRadio.txt");
   std::filesystem::remove(ShippedFolder() / "NewRadio.txt");
   ASSERT_TRUE(Refresh());
@@ -275,6 +275,10 @@ TEST_F(ProgrammingFromFileTest, ASilentOrLostRadioEndsTheStageAtThatLine) {
         EXPECT_EQ(Boxes().size() - boxesBefore, 3U);
         Plug();
         ASSERT_TRUE(Connect());
+      } else if (at == 38) {
+        // What comes next does not suffer from it.
+        ASSERT_TRUE(Click("tbr_Disconnect") && Connect());
+        EXPECT_THAT(Save(), HasSubstr("Diagnostics"));
       }
       TolerateBoxes(false);
       ASSERT_TRUE(Quit());
@@ -316,6 +320,18 @@ TEST_F(ProgrammingFromFileTest, APulledPlugBringsOneBoxHoweverLongItStaysUp) {
   ExpectBox("Error").Containing("The selected COM port is not available.");
   Program(validLine + "ADDR 1");
   ExpectIdle();
+}
+
+// Nor does a link that comes back in the middle belong to anybody else before the end.
+TEST_F(ProgrammingFromFileTest, ALinkThatIsBackInTheMiddleIsHeld) {
+  StartConnected();
+  OnCommand("SKIP NONE", [this] { Unplug(); });
+  ExpectBox("Click Cancel to quit, OK to ignore.").Do([this] { Plug(); });
+  OnCommand("ADDR 1", [this] { EXPECT_FALSE(Enabled("tbr_Login") || Enabled("mnuSendText")); });
+  Program(validLine + "ADDR 1");
+  EXPECT_EQ(SentCommands().back(), "ADDR 1");
+  ExpectIdle();
+  EXPECT_TRUE(Enabled("tbr_Login") && Enabled("mnuSendText"));
 }
 
 TEST_F(ProgrammingFromFileTest, ARadioThatDeniesEverythingIsSentEverything) {

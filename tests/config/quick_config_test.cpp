@@ -44,15 +44,16 @@ TEST_F(QuickConfigTest, EachRoleSendsItsCommandsAndLeavesTheRadioInIt) {
   const struct {
     const char *Button, *Title, *First, *Sent, *Mode;
     int DotsBehind;  // the default set's
+    int Takes;       // from the arrival of BAUD to the end, in steps of 10 ms
   } cases[] = {
       {"cmdMaster", "MASTER", "Program radio as MASTER...",
-       "MODE M\rADDR 1000\rPWR 30\rBAUD 9600\rSAF ON\r", "M", 5},
+       "MODE M\rADDR 1000\rPWR 30\rBAUD 9600\rSAF ON\r", "M", 5, 59},
       {"cmdRemote", "REMOTE", "Program radio as REMOTE...",
-       "MODE R\rADDR 1000\rPWR 30\rBAUD 9600\r", "R", 4},
+       "MODE R\rADDR 1000\rPWR 30\rBAUD 9600\r", "R", 4, 59},
       {"cmdRepeater", "REPEATER", "Program radio as REPEATER...",
-       "MODE X\rADDR 1000\rPWR 30\rBAUD 9600\rXADDR 7\r", "X", 4},
+       "MODE X\rADDR 1000\rPWR 30\rBAUD 9600\rXADDR 7\r", "X", 4, 74},
       {"cmdSubRemote", "REPEATER", "Program radio as a REMOTE connecting through a REPEATER...",
-       "MODE R\rADDR 1000\rPWR 30\rBAUD 9600\rXMAP 00000002\rXPRI 1\r", "R", 4},
+       "MODE R\rADDR 1000\rPWR 30\rBAUD 9600\rXMAP 00000002\rXPRI 1\r", "R", 4, 184},
   };
   for (const auto& each : cases) {
     SCOPED_TRACE(each.Button);
@@ -84,6 +85,9 @@ TEST_F(QuickConfigTest, EachRoleSendsItsCommandsAndLeavesTheRadioInIt) {
     }
     OnCommand("MODE M", [&] { EXPECT_FALSE(Enabled("frQuick")); });
     ASSERT_TRUE(Click(each.Button));
+    const Duration baud = Line().Log().ToRadio().Times.at(Sent().rfind("BAUD 9600\r") + 9);
+    EXPECT_EQ((Now() - baud) / Milliseconds(10), each.Takes);
+    EXPECT_EQ(Port().Input(), "");
     EXPECT_EQ(RoleBytes(), each.Sent);
     EXPECT_EQ(Text("txtTerm"),
               "\r\n\r\n\r\n\r\n\r\nPROGRAMMING." +
@@ -167,6 +171,7 @@ TEST_F(QuickConfigTest, TheRepeatersAddress) {
     }
     ASSERT_TRUE(Click("cmdRepeater"));
     EXPECT_EQ(RoleBytes(), "MODE X\rADDR 1000\rPWR 30\rBAUD 9600\r" + std::string(each.Sent));
+    EXPECT_EQ(Port().Input(), "");
     ExpectIdle();
     CheckExpectations();
     ASSERT_TRUE(Quit());

@@ -107,6 +107,12 @@ TEST_F(SignalMeterTest, WithoutAPortAndWithoutAnAdapter) {
   EXPECT_EQ(Application().Ticks().LineHolders, 0);
   ExpectBox("User Help").Saying("Please Toggle COMM Port open first.").With(Icon::None);
   EXPECT_TRUE(Click("ButtonRSSI"));
+  Plug();
+  ASSERT_TRUE(Connect());
+  InMeter([&] {
+    Port().SetPortOpen(false);
+    EXPECT_TRUE(Click("Command1"));
+  });
 }
 
 TEST_F(SignalMeterTest, QuittingEndsTheReportsBeforeItLogsOut) {

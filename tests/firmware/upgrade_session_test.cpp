@@ -221,7 +221,7 @@ TEST_F(UpgradeSessionTest, AReadBehindTheQuestionsSwitchesNothingOn) {
 TEST_F(UpgradeSessionTest, TheLinkIsBackThoughTheDriverRefuses) {
   ConnectTo({});
   ExpectErase(Answer::Yes);
-  ExpectSuccess().Do([this] { Port().FailSettings(1); });
+  ExpectSuccess().Do([this] { Port().FailSettings(9); });
   Upgrade(Image(512));
   ExpectConnected();
 }

@@ -267,8 +267,9 @@ TEST_F(RestoreFaults, AClickThatIsTooLateOpensNothing) {
   EXPECT_FALSE(Port().PortOpen());
 }
 
-TEST_F(RestoreFaults, ARefreshBeforeTheFirstTickChangesNothing) {
+TEST_F(RestoreFaults, ASecondClickOrARefreshBeforeTheFirstTickChangesNothing) {
   StartConnected();
+  After(Milliseconds(20), [this] { EXPECT_TRUE(Click("mnuConfigRestore")); });
   InWindowAtOnce([this] {
     EXPECT_TRUE(Click("tbr_Refresh"));
     EXPECT_TRUE(RunUntil([this] { return Window().ReadIdle; }, Seconds(90)));
@@ -288,7 +289,7 @@ TEST_F(RestoreFaults, QuittingWithoutAPortIsSilent) {
 }
 
 TEST_F(RestoreFaults, NamesThatBeginWithAPrompt) {
-  for (const char* name : {">x", "> hello", ">>> N", "SETUP> y"}) {
+  for (const char* name : {">x", "> hello", ">>> N", "SETUP> y", "Hill >"}) {
     SCOPED_TRACE(name);
     StartConnected();
     Radio().Program("own", name);

@@ -128,7 +128,14 @@ TEST_F(RestoreWindow, WarnsAUserWhoIsNotLoggedIn) {
 TEST_F(RestoreWindow, OpensThePortItselfWhenItIsClosed) {
   StartConnected();
   Port().SetPortOpen(false);
-  InWindow([&] { EXPECT_EQ(Current(RestoreSetting::Mode), "MODE R"); });
+  Port().SetHandshaking(2);
+  Main().ConnectOnLaunchPending = true;
+  Main().Timer1.Enabled = false;
+  InWindow([&] {
+    EXPECT_EQ(Current(RestoreSetting::Mode), "MODE R");
+    EXPECT_EQ(SecondPort().Handshaking(), 2);
+    EXPECT_FALSE(Port().PortOpen());
+  });
   EXPECT_TRUE(Port().PortOpen());
   EXPECT_TRUE(RunUntil([&] { return ReadCycles() > 1; }));
   EXPECT_THAT(Sent(), Not(HasSubstr("deco")));
@@ -194,7 +201,11 @@ TEST_F(RestoreWindow, NoPortNoReadButAWayOut) {
   // Gone for good: the main window shows it.
   ExpectBox("Error").Containing(
       "There was an error communicating with the radio. Please reconnect");
-  InWindow([&] { Port().FailOpening(1); });
+  InWindow([&] {
+    Port().FailOpening(1);
+    Shared().RestoreLinkFailed = true;
+  });
+  EXPECT_FALSE(Shared().RestoreLinkFailed);
   EXPECT_TRUE(Enabled("tbr_Connect"));
   EXPECT_FALSE(Enabled("mnuConfigRestore"));
   ASSERT_TRUE(Connect());
