@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <cstdlib>
 #include <string_view>
 
@@ -293,6 +295,22 @@ TEST_F(SavingTest, TargetsThatCannotBeWritten) {
     ExpectIdle();
     ASSERT_TRUE(Refresh());
   }
+}
+
+// Somebody has protected it, though the folder's right would allow to put another in its place.
+TEST_F(SavingTest, AReadOnlyFileStays) {
+  using std::filesystem::perms;
+  StartConnected();
+  std::filesystem::permissions(Write(InScratch("f.txt"), "old"), perms{0444});
+  std::filesystem::permissions(ScratchFolder(), perms::all);
+  const uid_t user = geteuid();
+  // Nothing is read-only for root.
+  if (user == 0 && seteuid(65534) != 0) GTEST_SKIP();
+  ExpectBox("File I/O Error").Reply(Answer::Yes);
+  EXPECT_EQ(Save("f.txt"), "old");
+  EXPECT_EQ(seteuid(user), 0);
+  EXPECT_THAT(Text("txtTerm"), HasSubstr("was not saved. " + InScratch("f.txt").string()));
+  EXPECT_FALSE(std::filesystem::exists(InScratch("f.txt.bak")));
 }
 
 TEST_F(SavingTest, AFullDiskIsSaidAndLeavesBothFiles) {

@@ -388,6 +388,13 @@ TEST_F(UpgradeSessionTest, ClickedInTheMiddleOfSomethingElse) {
 
 TEST_F(UpgradeSessionTest, TwentyMegabytes) {
   StartInLoader();
+  // While a large file is checked, the windows live.
+  bool alive = false;
+  ExpectOpenFile(DialogTitle)
+      .Choose(Save("faulty.s28", sim::FirmwareImage("3.2.1", 20'000'000) + "S"))
+      .Do([&] { Events().Post([&] { alive = true; }); });
+  ExpectBox("Error").Containing("is faulty").Do([&] { EXPECT_TRUE(alive); }).Reply(Answer::No);
+  ASSERT_TRUE(Click("mnuSendText"));
   OnCommand("PROGRAM", [&] {
     After(Seconds(2), [&] {
       EXPECT_EQ(Text("lblLeft"), "22528 of 20000000 bytes, 1735 s left");
