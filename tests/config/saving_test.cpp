@@ -259,6 +259,7 @@ TEST_F(SavingTest, RepliesOutOfShape) {
       {"no word", "unit", "\r\nWHAT?\r\n", "UNIT", false},
       {"more behind the power", "pwr", "\r\nPWR 21 dBm (max)\r\n", "PWR 21 dBm (", false},
       {"no blank", "dlink", "\r\nDLINK\r\n", "DLINK", true},
+      {"no mode", "mode", "\r\n?\r\n", "HOPTIME", false},
       {"no letter", "mode", "\r\nMODE", "HOPTIME", false},
       {"no serial number", "ser", "\r\n?\r\n", "#From", false},
       {"no version", "srev", "\r\n", "#With", true},
@@ -266,6 +267,10 @@ TEST_F(SavingTest, RepliesOutOfShape) {
   for (const auto& each : cases) {
     SCOPED_TRACE(each.Name);
     StartConnected({.Mode = 'M'});
+    // What an earlier run has learned does not count.
+    Save();
+    std::filesystem::remove(InScratch("saved.txt"));
+    ASSERT_TRUE(Refresh());
     Radio().SetReply(each.Word, each.Reply);
     const std::string saved = Save();
     EXPECT_THAT(saved, Not(HasSubstr("\n" + std::string(each.Line))));
@@ -295,6 +300,9 @@ TEST_F(SavingTest, TargetsThatCannotBeWritten) {
     ExpectIdle();
     ASSERT_TRUE(Refresh());
   }
+  // Without a port, no file is asked for.
+  Port().SetPortOpen(false);
+  ASSERT_TRUE(Click("cmdSaveToFile"));
 }
 
 // Somebody has protected it, though the folder's right would allow to put another in its place.

@@ -172,6 +172,8 @@ TEST_F(RestoreFaults, ARadioInSetupMode) {
   StartOdd({.Mode = 'M'});
   std::string normal;
   InWindow([&] { normal = RowTexts(true); });
+  Shared().InSetupMode = true;  // which the radio has left
+  InWindow([&] { EXPECT_EQ(RowTexts(true), normal); });
   ExpectBox("Warning").Reply(Answer::Yes);
   ASSERT_TRUE(Click("mnuSetupMode"));
   ASSERT_TRUE(RunUntil([&] { return WindowOpen("frmSetup"); }));
@@ -214,7 +216,10 @@ TEST_F(RestoreFaults, ClicksInTheMiddle) {
         }
         ClearLog();
         bool clicked = false;
-        const auto click = [&] { clicked = Click(button); };
+        const auto click = [&] {
+          clicked = Click(button);
+          if (saves && work == "read") Click(button);  // once is enough
+        };
         if (work == "load") {
           After(Milliseconds(150), click);
           LoadText("MODE M\nPWR 22\nCTS 4\nRXD 1\n");

@@ -91,6 +91,7 @@ TEST_F(RestoreLoad, ANoticeForFilesOfAnOlderRadio) {
       {"199", "77-1234A01\r\n1.9.0\r\nPWR 21\r\n", false},
       {"320", "77-1234A01\r\n2.0.0\r\nPWR 21\r\n", false},
       {"320", "PWR 21\r\n#With Firmware Version:  77-1234A01 1.9.0", false},
+      {"320", "PWR 21\r\n77-1234A01\r\n", false},
   };
   StartConnected({.Mode = 'M'});
   for (const auto& each : cases) {
@@ -155,10 +156,10 @@ TEST_F(RestoreLoad, FilesThatAreNone) {
   InWindow([&] {
     for (const auto& each : cases) {
       SCOPED_TRACE(each.Name);
-      LoadText("UNIT 1\nXMIN 3");
+      LoadText("UNIT 1\nXMIN 3\nXMAX 3");
       if (*each.Refusal != 0) ExpectBox("File Error").Containing(each.Refusal);
       Load(each.File);
-      EXPECT_EQ(Loaded(), each.Rows == nullptr ? "unit=UNIT 1+" : each.Rows);
+      EXPECT_EQ(Loaded(), each.Rows == nullptr ? "unit=UNIT 1+|xmap=XMAP 00000008+" : each.Rows);
     }
     ExpectOpenFile("Configuration File Selection").Choose(InScratch("missing"));
     ExpectBox(ProgramTitle).Saying(InScratch("missing").string() + " not found!");
