@@ -146,6 +146,18 @@ TEST_F(UpgradeFaultsTest, UnpluggedAtEveryBlock) {
   SucceedAtLast();
 }
 
+TEST_F(UpgradeFaultsTest, CancelledWhileNothingLeaves) {
+  StartInLoader();
+  AtByte(4 * block, [&] {
+    Port().HoldOutput(true);
+    After(Seconds(1), [&] { EXPECT_TRUE(Click("Command1")); });
+  });
+  ExpectFailed().Do([&] { Port().HoldOutput(false); });
+  ExpectNeedsSoftware();
+  Upgrade(file);
+  ExpectConnected();
+}
+
 // On a line with its own pace: one of each kind, and a radio that falls silent.
 TEST_F(UpgradeFaultsTest, OnAPacedLine) {
   StartInLoader();
