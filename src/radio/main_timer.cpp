@@ -72,6 +72,8 @@ void MainTimer::AfterTick(std::function<void()> act) {
   if (ticking) {
     deferred = std::move(act);
   } else {
+    // An earlier one that is still to come would come into the middle of this one.
+    deferred = nullptr;
     act();
   }
 }

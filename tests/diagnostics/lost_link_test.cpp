@@ -214,5 +214,17 @@ TEST_F(LostLinkTest, WindowsWaitForAConnectAndForAReadThatForbidsThem) {
   EXPECT_FALSE(WindowOpen("frmRSSI"));
 }
 
+// A click that was put off to the end of a read gives way to the next one.
+TEST_F(LostLinkTest, OnlyTheLastWindowAskedForOpens) {
+  StartConnected();
+  OnCommand("own", [this] { EXPECT_TRUE(Click("ButtonZoneData")); });
+  Application().OnReadCycleDone = [this] {
+    After(Duration{}, [this] { EXPECT_TRUE(Click("ButtonRSSI")); });
+  };
+  ExpectWindow("frmRSSI").StaysUp(Seconds(1)).Do([](Form& form) { form.UserClose(); });
+  ASSERT_TRUE(Click("ButtonRefresh"));
+  Run(Seconds(10));
+}
+
 }  // namespace
 }  // namespace quillmark
