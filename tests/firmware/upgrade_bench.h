@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 
 #include "sim/bench.h"
@@ -22,6 +23,15 @@ class UpgradeBench : public sim::Bench {
     const auto path = ScratchFolder() / name;
     std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
     return path;
+  }
+  std::filesystem::path Image(std::size_t length = 4096) {
+    return Save("new.s28", sim::FirmwareImage("3.2.1", length));
+  }
+  // While the first blocks go out.
+  void WhileSending(std::function<void()> act) {
+    OnCommand("ERASE", [this, act] {
+      OnCommand("PROGRAM", [this, act] { After(Milliseconds(100), act); });
+    });
   }
   void ExpectChoice(const std::filesystem::path& file) { ExpectOpenFile(DialogTitle).Choose(file); }
   void ExpectErase(Answer answer) { ExpectBox("Erase Current Firmware?").Reply(answer); }

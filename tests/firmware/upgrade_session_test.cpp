@@ -1,4 +1,4 @@
-// What radio, file and user can do while an upgrade is under way.
+// What radio and file can do while an upgrade is under way.
 
 #include "firmware/upgrade_bench.h"
 
@@ -16,15 +16,6 @@ constexpr const char* surely = "\r\nARE YOU SURE?\r\n";
 
 class UpgradeSessionTest : public UpgradeBench {
  public:
-  std::filesystem::path Image(std::size_t length = 4096) {
-    return Save("new.s28", sim::FirmwareImage("3.2.1", length));
-  }
-  // While the first blocks go out.
-  void WhileSending(std::function<void()> act) {
-    OnCommand("ERASE", [this, act] {
-      OnCommand("PROGRAM", [this, act] { After(Milliseconds(100), act); });
-    });
-  }
   void FailOnce(const std::filesystem::path& file) {
     ExpectFailed();
     ExpectNeedsSoftware();
@@ -168,55 +159,6 @@ TEST_F(UpgradeSessionTest, TheLineBelongsToTheTransfer) {
   ExpectConnected();
 }
 
-TEST_F(UpgradeSessionTest, WhatTheUserDoesMeanwhile) {
-  StartInLoader();
-  ASSERT_TRUE(Click("ButtonAdv"));
-  const auto file = Image(16384);
-  // Nothing gets into the records, and no dialog holds them up.
-  WhileSending([&] {
-    Type("txtTerm", "x");
-    for (const char* name :
-         {"Mode", "mnuOpen", "mnuPreferences", "mnuAbout", "ButtonAdv", "tbr_Properties",
-          "tbr_Login", "mnuSendText", "mnuConfigRestore", "ButtonZoneData"}) {
-      EXPECT_FALSE(Find(name).Reachable()) << name;
-    }
-  });
-  ExpectSuccess();
-  Upgrade(file);
-  ExpectConnected();
-  EXPECT_TRUE(Find("Mode").Reachable() && Find("mnuOpen").Reachable());
-  // The way out stays.
-  ASSERT_TRUE(Click("tbr_Disconnect"));
-  StartInLoader();
-  WhileSending([&] { EXPECT_TRUE(Click("tbr_Disconnect")); });
-  ExpectBox(ProgramTitle).Saying("The port is not open").With(Icon::Exclamation);
-  ExpectBox("Radio Error").Saying("Radio programming FAILED.").With(Icon::Exclamation);
-  ExpectNeedsSoftware();
-  Upgrade(file);
-  ExpectConnected();
-}
-
-// A read that runs behind the questions finds out what works on this radio; not yet.
-TEST_F(UpgradeSessionTest, AReadBehindTheQuestionsSwitchesNothingOn) {
-  Start();
-  OnCommand("OPEN", [&] { After(Milliseconds(300), [&] { EXPECT_TRUE(Click("mnuSendText")); }); });
-  ExpectOpenFile(DialogTitle).StaysUp(Seconds(20)).Choose(Image());
-  ExpectErase(Answer::Yes);
-  ExpectSuccess();
-  const auto expectHeld = [&] {
-    EXPECT_EQ(Text("Mode"), "MODE R");
-    for (const char* name : {"tbr_Login", "tbr_Logout", "ButtonZoneData", "ButtonRSSI"}) {
-      EXPECT_FALSE(Find(name).Reachable()) << name;
-    }
-  };
-  OnCommand("YES", [&] { After(Seconds(4), expectHeld); });
-  WhileSending(expectHeld);
-  ASSERT_TRUE(Click("tbr_Connect"));
-  ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }, Seconds(120)));
-  ExpectConnected();
-  EXPECT_TRUE(Find("ButtonZoneData").Reachable() && Find("tbr_Logout").Reachable());
-}
-
 // A driver that refuses the session's rate once must not leave the line at the loader's.
 TEST_F(UpgradeSessionTest, TheLinkIsBackThoughTheDriverRefuses) {
   ConnectTo({});
@@ -224,26 +166,6 @@ TEST_F(UpgradeSessionTest, TheLinkIsBackThoughTheDriverRefuses) {
   ExpectSuccess().Do([this] { Port().FailSettings(9); });
   Upgrade(Image(512));
   ExpectConnected();
-}
-
-TEST_F(UpgradeSessionTest, QuittingEndsItAtOnce) {
-  const auto file = Image(16384);
-  for (const bool inTransfer : {false, true}) {
-    ConnectTo({});
-    ExpectErase(Answer::Yes);
-    const auto quit = [&] { EXPECT_TRUE(Quit()); };
-    if (inTransfer) {
-      OnCommand("PROGRAM", [&] { WhileSending(quit); });
-    } else {
-      OnCommand("YES", [&] { After(Seconds(5), quit); });
-    }
-    Upgrade(file);
-    EXPECT_TRUE(Ended());
-    // A logout would be taken for a record.
-    EXPECT_THAT(Sent(), Not(HasSubstr("PASS NONE")));
-    EXPECT_EQ(Application().Ticks().LineHolders, 0);
-    Restart();
-  }
 }
 
 TEST_F(UpgradeSessionTest, ALinkThatIsLostOutsideOfTheTransfer) {
@@ -357,33 +279,6 @@ TEST_F(UpgradeSessionTest, AFileThatChangesWhileItIsSent) {
   Upgrade(file);
   EXPECT_THAT(Sent(), HasSubstr("\r" + Bursts(20) + "ERASE\rCLOS\r"));
   ExpectConnected();
-}
-
-TEST_F(UpgradeSessionTest, ClickedInTheMiddleOfSomethingElse) {
-  const auto file = Image();
-  Start();
-  const struct {
-    const char* Command;
-    const char* Sent;
-  } cases[] = {{"mode", "options\rPROGRAM\rYES\r"}, {"OPEN", "OPEN\r\rPROGRAM\rYES\r"}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.Command);
-    // Slow, so that there is time for a click before the connect has ended.
-    UseRadio({.ThinkTime = Milliseconds(500)});
-    ExpectErase(Answer::Yes);
-    ExpectSuccess();
-    ExpectChoice(file);
-    OnCommand(c.Command,
-              [&] { After(Milliseconds(1), [&] { EXPECT_TRUE(Click("mnuSendText")); }); });
-    ASSERT_TRUE(Click("tbr_Connect"));
-    ASSERT_TRUE(RunUntil([&] { return Radio().Setting("srev") == "3.2.1"; }, Seconds(300)));
-    EXPECT_THAT(Sent(), HasSubstr(c.Sent));
-    Run(Seconds(60));
-    CheckExpectations();
-    ExpectConnected();
-    ASSERT_TRUE(Click("tbr_Disconnect"));
-    Shared().InstalledFirmwareVersion = "";
-  }
 }
 
 TEST_F(UpgradeSessionTest, TwentyMegabytes) {
