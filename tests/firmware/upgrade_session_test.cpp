@@ -7,7 +7,6 @@ namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 constexpr const char* lost =
