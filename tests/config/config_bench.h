@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "odd_settings.h"
 #include "sim/bench.h"
 
 namespace quillmark {

@@ -35,22 +35,11 @@ class ProgrammingFromFileTest : public ConfigBench {
 };
 
 TEST_F(ProgrammingFromFileTest, ASavedFileBringsTheRadioBack) {
-  const struct {
-    const char* Word;
-    const char* Value;
-  } odd[] = {{"own", "Hill top"},   {"pwr", "21"},     {"baud", "9600 7E1"},  {"device", "CTS KEY"},
-             {"asense", "LO"},      {"ctshold", "70"}, {"rxd", "6"},          {"addr", "1234"},
-             {"csaddr", "77"},      {"skip", "1,3"},   {"lpm", "2"},          {"repeat", "3"},
-             {"buff", "OFF"},       {"saf", "ON"},     {"xmap", "0000000F"},  {"xpri", "3"},
-             {"xrssi", "-90"},      {"dtype", "ROOT"}, {"dlink", "9600 OFF"}, {"rtu", "5 ON"},
-             {"amask", "00FF00FF"}, {"cts", "9"},      {"rxtot", "3"},        {"sleep", "ON"},
-             {"hoptime", "29"},     {"retry", "1"},    {"fec", "ON"},         {"xaddr", "9"},
-             {"lpmhold", "4"},      {"port", "RS485"}, {"xmin", "2"},         {"xmax", "3"}};
   for (const char mode : {'M', 'R', 'X'}) {
     for (const std::string revision : {"1.9.0", "2.0.0", "3.0.0", "3.2.0"}) {
       SCOPED_TRACE(std::string(1, mode) + revision);
       StartConnected({.Revision = revision, .Mode = mode});
-      for (const auto& each : odd) Radio().Program(each.Word, each.Value);
+      ProgramOddValues(Radio());
       const std::string saved = Save();
       ASSERT_TRUE(Refresh());
 
@@ -58,7 +47,7 @@ TEST_F(ProgrammingFromFileTest, ASavedFileBringsTheRadioBack) {
       Program(validLine);
       sim::SimRadio factory({.Revision = revision});
       EXPECT_EQ(Holdings(Radio()), Holdings(factory));
-      EXPECT_EQ(Radio().Setting("own"), "Hill top");
+      EXPECT_EQ(Radio().Setting("own"), "Hill > north");
       ASSERT_TRUE(Refresh());
 
       Program(saved);

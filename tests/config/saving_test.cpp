@@ -12,34 +12,9 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-class SavingTest : public ConfigBench {
- public:
-  // Makes every setting differ from its factory value, where mode and revision have it.
-  void SetOddValues() {
-    const struct {
-      const char *Word, *Value;
-    } values[] = {{"unit", "12345"},     {"own", "Hill top > north"},
-                  {"owm", "Spare"},      {"pwr", "21"},
-                  {"baud", "9600 7E1"},  {"port", "RS485"},
-                  {"device", "CTS KEY"}, {"amask", "0000 00FF"},
-                  {"asense", "LO"},      {"cts", "5"},
-                  {"ctshold", "70"},     {"rxtot", "15"},
-                  {"rxd", "6"},          {"sleep", "ON"},
-                  {"lpmhold", "80"},     {"addr", "1234"},
-                  {"csaddr", "77"},      {"hoptime", "28"},
-                  {"skip", "1,3"},       {"lpm", "2"},
-                  {"repeat", "3"},       {"retry", "4"},
-                  {"fec", "ON"},         {"buff", "OFF"},
-                  {"saf", "ON"},         {"xaddr", "7"},
-                  {"xmin", "1"},         {"xmax", "9"},
-                  {"xmap", "0000000F"},  {"xpri", "3"},
-                  {"xrssi", "-90"},      {"dtype", "ROOT"},
-                  {"dlink", "9600 OFF"}, {"rtu", "5 ON"}};
-    for (const auto& each : values) Radio().Program(each.Word, each.Value);
-  }
-};
+using SavingTest = ConfigBench;
 
-// What a radio of that mode and revision holds after SetOddValues, as a file.
+// What a radio of that mode and revision holds after ProgramOddValues, as a file.
 std::string OddFile(char mode, const std::string& revision) {
   const std::string always = "MRX";
   const struct {
@@ -52,7 +27,7 @@ std::string OddFile(char mode, const std::string& revision) {
       {"", always, "", "9"},
       {"", always, "", "9"},
       {"UNIT 12345", always, "", "9"},
-      {"OWN Hill top > north", always, "", "9"},
+      {"OWN Hill > north", always, "", "9"},
       {"OWM Spare", always, "", "9"},
       {std::string("MODE ") + mode, always, "", "9"},
       {"PWR 21 dBm", always, "", "9"},
@@ -101,7 +76,7 @@ TEST_F(SavingTest, TheFileHoldsWhatTheRadioHolds) {
     for (const std::string revision : {"1.9.0", "2.0.0", "3.0.0", "3.2.0"}) {
       SCOPED_TRACE(std::string(1, mode) + revision);
       StartConnected({.Revision = revision, .Mode = mode});
-      SetOddValues();
+      ProgramOddValues(Radio());
       EXPECT_EQ(Save(), OddFile(mode, revision));
       ExpectIdle();
       EXPECT_TRUE(Radio().Echo());
@@ -180,7 +155,7 @@ TEST_F(SavingTest, ALinkThatIsLostBehindTheQuestionCostsTheOldFileNothing) {
 // Silence, and a pulled plug, at each command of the run.
 TEST_F(SavingTest, AFailureLeavesTheShortenedFileAndTheOldOneAndTheEchoOn) {
   StartConnected({.Mode = 'M'});
-  SetOddValues();
+  ProgramOddValues(Radio());
   const std::string whole = Save();
   // From srev to options. Without a reply to ser the run goes on: its line is left out.
   constexpr int commands = 36;
@@ -227,14 +202,14 @@ TEST_F(SavingTest, SlowRadiosAndLateRepliesGiveTheSameFile) {
   for (const int thinking : {60, 200, 300, 450}) {
     SCOPED_TRACE(thinking);
     StartConnected({.Mode = 'M', .ThinkTime = Milliseconds(thinking)});
-    SetOddValues();
+    ProgramOddValues(Radio());
     EXPECT_EQ(Save(), OddFile('M', "3.2.0"));
     std::filesystem::remove(InScratch("saved.txt"));
     ASSERT_TRUE(Quit());
     Restart();
   }
   StartConnected({.Mode = 'M'});
-  SetOddValues();
+  ProgramOddValues(Radio());
   for (int at = 1; at <= 36; at += 1) {
     SCOPED_TRACE(at);
     Faults().LateReplyAt = Radio().CommandCount() + at;
@@ -338,7 +313,7 @@ TEST_F(SavingTest, AFullDiskIsSaidAndLeavesBothFiles) {
 
 TEST_F(SavingTest, ARadioInSetupModeGivesTheSameLines) {
   StartConnected({.Mode = 'X'});
-  SetOddValues();
+  ProgramOddValues(Radio());
   Line().HostSends(Now(), "setup\r", 19200);
   Run(Milliseconds(100));
   const std::string saved = Save();

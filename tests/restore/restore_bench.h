@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "odd_settings.h"
 #include "restore/frmRestore.h"
 #include "sim/bench.h"
 
@@ -119,14 +120,7 @@ class RestoreBench : public sim::Bench {
   // have it.
   void StartOdd(sim::SimRadioOptions options) {
     UseRadio(std::move(options));
-    const char* const values =
-        "unit=12345|own=Hill > north|owm=Spare|pwr=21|baud=9600 7E1|port=RS485|device=CTS KEY|"
-        "amask=0000 00FF|asense=LO|cts=5|ctshold=70|rxtot=15|rxd=6|sleep=ON|lpmhold=80|addr=1234|"
-        "csaddr=77|hoptime=28|skip=1,3|lpm=2|repeat=3|retry=4|fec=ON|buff=OFF|saf=ON|xaddr=7|"
-        "xmin=1|xmax=9|xmap=0000000F|xpri=3|xrssi=-90|dtype=ROOT|dlink=9600 OFF|rtu=5 ON";
-    for (const std::string& value : Split(values, '|')) {
-      Radio().Program(Split(value, '=')[0], Split(value, '=')[1]);
-    }
+    ProgramOddValues(Radio());
     Start();
     ASSERT_TRUE(Connect());
   }
