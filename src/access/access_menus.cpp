@@ -1,22 +1,22 @@
 #include "access/access_menus.h"
 
-#include "link/echo.h"
 #include "link/serial_failure.h"
-#include "radio/command_exchange.h"
+#include "radio/login_probe.h"
 #include "text/text.h"
 
 namespace quillmark {
 
-AccessMenus::AccessMenus(Platform& machine, Session& shared, frmOrvalent& window, MainTimer& timer)
-    : platform(machine), session(shared), main(window), ticks(timer) {}
+AccessMenus::AccessMenus(Platform& machine, Session& shared, frmOrvalent& window,
+                         Conversation& conversation)
+    : platform(machine), session(shared), main(window), radio(conversation) {}
 
 AccessMenus::~AccessMenus() = default;
 
 void AccessMenus::Wire() {
   const auto wire = [this](Clickable& entry, void (AccessMenus::*act)()) {
-    // A read that is running would have its replies mixed with what these windows say.
+    // These windows talk to the radio while they are open, so they wait for their turn.
     entry.OnClick = [this, &entry, act] {
-      ticks.WhenFree(entry, [this, act] {
+      radio.Turns.WhenFree(entry, [this, act] {
         WithLinkErrors(platform.Dialogs, [this, act] { (this->*act)(); });
       });
     };
@@ -25,7 +25,7 @@ void AccessMenus::Wire() {
   wire(main.mnuAccessCode, &AccessMenus::mnuAccessCode_Click);
   wire(main.mnuEncryptCode, &AccessMenus::mnuEncryptCode_Click);
   wire(main.mnuSetPass, &AccessMenus::mnuSetPass_Click);
-  wire(main.mnuSetupMode, &AccessMenus::mnuSetupMode_Click);
+  main.mnuSetupMode.OnClick = [this] { mnuSetupMode_Click(); };
 }
 
 bool AccessMenus::PasswordWindowOpen() const { return setPass && setPass->Loaded(); }
@@ -41,7 +41,7 @@ std::string AccessMenus::OpenWindow() const {
 bool AccessMenus::PortIsOpen() { return quillmark::PortIsOpen(platform.Dialogs, platform.MSComm1); }
 
 void AccessMenus::ShowLogin(frmLogin::Command command) {
-  platform.Windows.ShowModal(std::make_shared<frmLogin>(platform, session, main, command), main);
+  platform.Windows.ShowModal(std::make_shared<frmLogin>(platform, main, radio, command), main);
 }
 
 void AccessMenus::mnuAccessCode_Click() {
@@ -50,33 +50,27 @@ void AccessMenus::mnuAccessCode_Click() {
 
 void AccessMenus::mnuEncryptCode_Click() {
   if (!PortIsOpen()) return;
-  ++main.SecretWindows;
-  struct Released {
-    int& windows;
-    ~Released() { --windows; }
-  } released{main.SecretWindows};
-  const bool denied = RadioDenies();
-  main.txtTerm.Text = "";
-  if (denied) {
+  bool allowed = false;
+  {
+    const LineTurns::Turn turn(radio.Turns);
+    allowed = RadioTakesChanges();
+  }
+  if (allowed) ShowLogin(frmLogin::Command::Code);
+}
+
+bool AccessMenus::RadioTakesChanges() {
+  const LoginProbe probe{
+      .Word = "addr", .Prefix = "", .Wait = Milliseconds(300), .Opening = "ADDR"};
+  const int began = radio.Epoch();
+  const LoginState state = ProbeLogin(radio, probe, [this](LoginState found) {
+    main.txtTerm.Text = "";
+    if (found != LoginState::Denied) return;
     platform.Dialogs.Message(
         {"Error! You are not currently logged in, and therefore will not be able "
          "to enter in an encryption code.",
          "Error!", Icon::Critical});
-  }
-  SwitchEcho(platform.MSComm1, main, true);
-  if (!denied) ShowLogin(frmLogin::Command::Code);
-}
-
-// Programs the network address with what it holds already.
-bool AccessMenus::RadioDenies() {
-  SwitchEcho(platform.MSComm1, main, false);
-  session.RxBuffer = " ";
-  platform.MSComm1.Output(main.NetworkAddress.Text() + "\r");
-  WaitUntil(platform.Events, Milliseconds(300), [this] {
-    return Contains(session.RxBuffer, ">") && Contains(session.RxBuffer, "ACCESS DENIED") &&
-           Contains(session.RxBuffer, "PROGRAMMED OK");
   });
-  return Contains(session.RxBuffer, "DENIED");
+  return state != LoginState::Denied && radio.Open() && radio.Epoch() == began;
 }
 
 void AccessMenus::mnuSetPass_Click() {
@@ -84,7 +78,7 @@ void AccessMenus::mnuSetPass_Click() {
     setPass->OKButton.SetFocus();
     return;
   }
-  setPass = std::make_shared<frmSetPass>(platform, session, main);
+  setPass = std::make_shared<frmSetPass>(platform, session, main, radio);
   platform.Windows.Show(setPass);
 }
 
@@ -93,7 +87,9 @@ void AccessMenus::mnuSetupMode_Click() {
   const Answer answer = platform.Dialogs.Message(
       {"Setup mode is intended for bench testing only.\r\n\r\nAre you sure you want to continue?",
        "Warning", Icon::Exclamation, Buttons::YesNo});
-  if (answer == Answer::Yes) EnterSetupMode();
+  if (answer != Answer::Yes) return;
+  radio.Turns.WhenFree(main.mnuSetupMode,
+                       [this] { WithLinkErrors(platform.Dialogs, [this] { EnterSetupMode(); }); });
 }
 
 void AccessMenus::EnterSetupMode() {
@@ -102,8 +98,9 @@ void AccessMenus::EnterSetupMode() {
     bool& flag;
     ~Entered() { flag = false; }
   } entered{enteringSetup};
+  const LineTurns::Turn turn(radio.Turns);
   session.InSetupMode = true;
-  CommandExchange(session, platform.MSComm1, platform.Events, "setup", "setup", Seconds(3));
+  radio.CommandExchange("setup", "setup", Seconds(3));
   if (!platform.MSComm1.PortOpen()) {
     session.InSetupMode = false;
     return;
@@ -117,7 +114,7 @@ void AccessMenus::EnterSetupMode() {
     setup->ExitButton.SetFocus();
     return;
   }
-  setup = std::make_shared<frmSetup>(platform, session, main);
+  setup = std::make_shared<frmSetup>(platform, session, main, radio);
   platform.Windows.Show(setup);
 }
 

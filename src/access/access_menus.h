@@ -9,7 +9,7 @@
 #include "app/frmOrvalent.h"
 #include "link/session.h"
 #include "platform/platform.h"
-#include "radio/main_timer.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -17,7 +17,7 @@ namespace quillmark {
 // Everything given to it outlives it.
 class AccessMenus {
  public:
-  AccessMenus(Platform& platform, Session& session, frmOrvalent& main, MainTimer& ticks);
+  AccessMenus(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
   ~AccessMenus();
 
   // Joins the menus and the toolbar's Login to their handlers.
@@ -34,14 +34,14 @@ class AccessMenus {
   // False, with a box, while the port is closed.
   bool PortIsOpen();
   void ShowLogin(frmLogin::Command command);
-  // Whether the radio refuses changes; asked with the echo off.
-  bool RadioDenies();
+  // False when the radio refuses changes, which the user is told, or the link is gone.
+  bool RadioTakesChanges();
   void EnterSetupMode();
 
   Platform& platform;
   Session& session;
   frmOrvalent& main;
-  MainTimer& ticks;
+  Conversation& radio;
   std::shared_ptr<frmSetPass> setPass;
   std::shared_ptr<frmSetup> setup;
   bool enteringSetup = false;  // its window is about to come

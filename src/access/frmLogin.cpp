@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "link/echo.h"
 #include "link/serial_failure.h"
+#include "text/raised.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -15,7 +15,7 @@ constexpr Duration replyLimit = Seconds(3);
 
 }  // namespace
 
-frmLogin::frmLogin(Platform& machine, Session& shared, frmOrvalent& window, Command what)
+frmLogin::frmLogin(Platform& machine, frmOrvalent& window, Conversation& conversation, Command what)
     : Form("frmLogin"),
       InfoLabel(*this, this, "InfoLabel"),
       Label(*this, this, "Label", "&Password:"),
@@ -24,8 +24,9 @@ frmLogin::frmLogin(Platform& machine, Session& shared, frmOrvalent& window, Comm
       cmdCancel(*this, this, "cmdCancel", "Cancel"),
       NoneButton(*this, this, "NoneButton", "Use None"),
       platform(machine),
-      session(shared),
       main(window),
+      radio(conversation),
+      turn(std::in_place, conversation.Turns),
       command(what) {
   ++main.SecretWindows;
   const bool code = command == Command::Code;
@@ -49,36 +50,44 @@ frmLogin::frmLogin(Platform& machine, Session& shared, frmOrvalent& window, Comm
   handler (&frmLogin::Form_Load)();
 }
 
-void frmLogin::Form_Load() {
-  session.RxBuffer = " ";
-  SwitchEcho(platform.MSComm1, main, false);
-}
+void frmLogin::Form_Load() { radio.SwitchEcho(false); }
 
 void frmLogin::Form_Unload() {
-  --main.SecretWindows;
   txtPassword.Text = "";
+  if (radio.Open() && main.EchoIsOff) {
+    WithLinkErrors(platform.Dialogs, [this] { radio.SwitchEcho(true); });
+  }
+  --main.SecretWindows;
+  turn.reset();
 }
 
-void frmLogin::SendSecret(const std::string& line) {
-  session.RxBuffer = " ";
-  ++main.SecretReplies;
-  platform.MSComm1.Output(line + "\r");
+bool frmLogin::SendSecret(const std::string& line) {
+  if (radio.SaySecret(line)) return true;
+  if (radio.Open() && Loaded()) {
+    platform.Dialogs.Message(
+        {"The radio did not switch its echo off and would show what you enter.\r\rNothing was "
+         "sent. "
+         "Please try again.",
+         "Login"});
+  }
+  return false;
 }
 
-bool frmLogin::Received(std::string_view text) const { return Holds(session.RxBuffer, text); }
+bool frmLogin::Received(std::string_view text) const { return Holds(radio.Received(), text); }
 
 void frmLogin::cmdOK_Click() {
+  if (sending) return;  // a second click on the way
+  const Raised underWay(sending);
+  SendAndJudge();
+}
+
+void frmLogin::SendAndJudge() {
   const bool pass = command == Command::Pass;
   const char* const accepted = pass ? "PASSWORD OK" : "PROGRAMMED OK";
   const char* const refused = pass ? "PASSWORD INVALID" : "INVALID ENTRY";
-  if (sending) return;  // a second click on the way
-  sending = true;
-  SendSecret((pass ? "pass " : "code ") + txtPassword.Text());
-  WaitUntil(platform.Events, replyLimit, [&] {
-    return Received(accepted) || Received(refused) || !platform.MSComm1.PortOpen();
-  });
-  sending = false;
-  if (!platform.MSComm1.PortOpen()) return;
+  if (!SendSecret((pass ? "pass " : "code ") + txtPassword.Text())) return;
+  radio.AwaitText(replyLimit, [&] { return Received(accepted) || Received(refused); });
+  if (!radio.Open()) return;
   if (!Received(accepted)) {
     if (Loaded()) Refuse(pass ? "Invalid Password, try again!" : "Invalid Encryption Code.");
     return;
@@ -92,8 +101,9 @@ void frmLogin::cmdOK_Click() {
 
 void frmLogin::Accept(const char* notice) {
   main.txtTerm.Text = notice;
-  platform.MSComm1.Output("\r");
-  SwitchEcho(platform.MSComm1, main, true);
+  if (!Loaded()) return;  // closed meanwhile, and with its echo back
+  radio.Say("");
+  radio.SwitchEcho(true);
   Unload();
 }
 
@@ -105,15 +115,16 @@ void frmLogin::Refuse(const char* text) {
 }
 
 void frmLogin::NoneButton_Click() {
-  SendSecret("code none");
+  if (sending) return;
+  const Raised underWay(sending);
+  if (!SendSecret("code none")) return;
   for (int pass = 0; pass < passes && Loaded(); ++pass) platform.Events.Pump();
   if (!Loaded()) return;  // cancelled meanwhile
   Accept("*** ENCRYPTION CODE ACCEPTED ***");
 }
 
 void frmLogin::cmdCancel_Click() {
-  session.RxBuffer = " ";
-  SwitchEcho(platform.MSComm1, main, true);
+  radio.SwitchEcho(true);
   for (int pass = 0; pass < passes && Loaded(); ++pass) platform.Events.Pump();
   Unload();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -7,26 +8,26 @@
 #include "controls/clickable.h"
 #include "controls/form.h"
 #include "controls/text_box.h"
-#include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
 // Asks for the radio's password, or for its encryption code, and sends it with the echo switched
-// off. Modal. While it is loaded no keep-alive and no read goes out. While the port is closed its
+// off. Modal. While it is loaded it has the line to itself. While the port is closed its
 // handlers do nothing. Everything given to it outlives it.
 class frmLogin : public Form {
  public:
   enum class Command { Pass, Code };
 
-  frmLogin(Platform& platform, Session& session, frmOrvalent& main, Command command);
+  frmLogin(Platform& platform, frmOrvalent& main, Conversation& radio, Command command);
 
   quillmark::Label InfoLabel, Label;
   TextBox txtPassword;
   Button cmdOK, cmdCancel, NoneButton;
 
  protected:
-  // Nothing is sent: the echo stays off until the next "eeco".
+  // Whichever way out, the radio gets its echo back.
   void Form_Unload() override;
 
  private:
@@ -36,13 +37,15 @@ class frmLogin : public Form {
   void NoneButton_Click();
   void Accept(const char* notice);
   void Refuse(const char* text);
-  // Sends a line with a secret in it; what the radio says up to its prompt is kept from the eye.
-  void SendSecret(const std::string& line);
+  void SendAndJudge();
+  // Sends a line with a secret in it. False, with a box, when the radio would show it.
+  bool SendSecret(const std::string& line);
   bool Received(std::string_view text) const;
 
   Platform& platform;
-  Session& session;
   frmOrvalent& main;
+  Conversation& radio;
+  std::optional<LineTurns::Turn> turn;
   Command command;
   bool sending = false;
 };

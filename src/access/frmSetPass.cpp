@@ -1,14 +1,19 @@
 #include "access/frmSetPass.h"
 
-#include "link/echo.h"
 #include "link/serial_failure.h"
 #include "prefs/utilities.h"
 #include "text/numbers.h"
+#include "text/raised.h"
 #include "text/text.h"
 
 namespace quillmark {
 
-frmSetPass::frmSetPass(Platform& machine, Session& shared, frmOrvalent& window)
+namespace {
+constexpr Duration replyTime = Milliseconds(500);
+}
+
+frmSetPass::frmSetPass(Platform& machine, Session& shared, frmOrvalent& window,
+                       Conversation& conversation)
     : Form("frmSetPass"),
       Label1(*this, this, "Label1",
              "Enter the password to use for authorized radio configuration. (Enter twice for "
@@ -21,7 +26,9 @@ frmSetPass::frmSetPass(Platform& machine, Session& shared, frmOrvalent& window)
       CancelButton(*this, this, "CancelButton", "Cancel"),
       platform(machine),
       session(shared),
-      main(window) {
+      main(window),
+      radio(conversation),
+      turn(std::in_place, conversation.Turns) {
   ++main.SecretWindows;
   Caption = "Radio Password Setup";
   for (TextBox* box : {&Pass1, &Pass2}) {
@@ -31,7 +38,8 @@ frmSetPass::frmSetPass(Platform& machine, Session& shared, frmOrvalent& window)
   PassRadio[0].OnClick = [this] { PassRadio_Click(0); };
   PassRadio[1].OnClick = [this] { PassRadio_Click(1); };
   OKButton.OnClick = [this] {
-    if (!platform.MSComm1.PortOpen()) return;
+    if (!radio.Open() || working) return;
+    const Raised underWay(working);
     WithLinkErrors(platform.Dialogs, [this] { OKButton_Click(); });
   };
   CancelButton.OnClick = [this] { Unload(); };
@@ -46,17 +54,18 @@ void frmSetPass::Form_Load() {
 }
 
 void frmSetPass::Form_Unload() {
-  --main.SecretWindows;
   for (TextBox* box : {&Pass1, &Pass2}) box->Text = "";
   WaitMilliseconds(platform.Events, 100);
   SetEcho(true);
   WaitMilliseconds(platform.Events, 100);
+  --main.SecretWindows;
+  turn.reset();
 }
 
 // Without a radio there is no echo to switch.
 void frmSetPass::SetEcho(bool on) {
-  if (!platform.MSComm1.PortOpen()) return;
-  WithLinkErrors(platform.Dialogs, [&] { SwitchEcho(platform.MSComm1, main, on); });
+  if (!radio.Open()) return;
+  WithLinkErrors(platform.Dialogs, [&] { radio.SwitchEcho(on); });
 }
 
 void frmSetPass::PassRadio_Click(int index) {
@@ -73,37 +82,69 @@ void frmSetPass::OKButton_Click() {
   }
 }
 
-void frmSetPass::SetPassword() {
+bool frmSetPass::EntriesAreGood() {
   if (Pass1.Text() != Pass2.Text()) {
     platform.Dialogs.Message({"The two passwords do not match!\rPlease reenter the password.",
                               "Error!", Icon::Critical});
-    Pass1.SetFocus();
+  } else if (EqualAnyCase(Pass1.Text(), "none")) {
+    // The radio would take it, and log out when it is given.
+    platform.Dialogs.Message(
+        {"\"none\" can't be a password: the radio takes it as the command to log out.\rPlease "
+         "enter another password.",
+         "Error!", Icon::Critical});
+  } else {
+    return true;
+  }
+  Pass1.SetFocus();
+  return false;
+}
+
+void frmSetPass::SetPassword() {
+  if (!EntriesAreGood()) return;
+  if (!radio.SaySecret("k7m2 " + Pass1.Text())) {
+    if (!radio.Open() || !Loaded()) return;
+    platform.Dialogs.Message(
+        {"The radio did not switch its echo off and would show the password.\rNothing was sent. "
+         "Please try again.",
+         "Error!", Icon::Critical});
     return;
   }
-  ++main.SecretReplies;
-  platform.MSComm1.Output("k7m2 " + Pass1.Text() + "\r");
+  radio.AwaitText(replyTime, [this] { return radio.PromptsDue() == 0; });
+  if (!radio.Open()) return;
+  if (Holds(radio.Received(), "DENIED") || Holds(radio.Received(), "INVALID")) {
+    main.txtTerm.Text = "*** NEW PASSWORD REFUSED ***";
+    return;
+  }
+  ShowPasswordSet();
+  Unload();
+}
+
+void frmSetPass::ShowPasswordSet() {
   main.txtTerm.Text = "*** NEW PASSWORD ACCEPTED ***";
   main.tbr_Login.Enabled = false;
   main.tbr_Logout.Enabled = true;
   StorePassEnabled(true);
-  Unload();
 }
 
 void frmSetPass::RemovePassword() {
-  session.RxBuffer = "";
-  platform.MSComm1.Output("k7m2\r");
-  WaitUntil(platform.Events, Milliseconds(500),
-            [this] { return Holds(session.RxBuffer, ">") && Holds(session.RxBuffer, "k7m2"); });
-  if (Holds(session.RxBuffer, "DENIED")) {
+  radio.Settle();
+  radio.Clear();
+  radio.Say("k7m2");
+  radio.AwaitText(replyTime, [this] {
+    return Holds(radio.Received(), ">") && Holds(radio.Received(), "k7m2");
+  });
+  // Cancelled or unplugged meanwhile.
+  if (!Loaded() || !radio.Open()) return;
+  if (Holds(radio.Received(), "DENIED")) {
     platform.Dialogs.Message(
         {"You must be logged in to disable password protection.", "Error!", Icon::Critical});
     Unload();
     return;
   }
-  platform.MSComm1.Output("PASS NONE\r");
+  radio.Say("PASS NONE");
   platform.Events.Sleep(Milliseconds(100));
   main.txtTerm.Text = "*** PASSWORD REMOVED ***";
-  platform.MSComm1.Output("\r");
+  radio.Say("");
   main.tbr_Login.Enabled = true;
   main.tbr_Logout.Enabled = false;
   StorePassEnabled(false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "app/frmOrvalent.h"
 #include "controls/clickable.h"
@@ -9,15 +10,16 @@
 #include "controls/text_box.h"
 #include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
 // Sets or removes the radio's customer password. Not modal. Switches the echo off for its life;
-// while it is loaded no keep-alive and no read goes out, and the terminal takes no keys. Everything
-// given to it outlives it.
+// while it is loaded it has the line to itself, and the terminal takes no keys. Everything given to
+// it outlives it.
 class frmSetPass : public Form {
  public:
-  frmSetPass(Platform& platform, Session& session, frmOrvalent& main);
+  frmSetPass(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
 
   Label Label1;
   std::array<OptionButton, 2> PassRadio;
@@ -33,12 +35,18 @@ class frmSetPass : public Form {
   void OKButton_Click();
   void SetEcho(bool on);
   void SetPassword();
+  // Tells what is wrong with the two entries, if anything is.
+  bool EntriesAreGood();
+  void ShowPasswordSet();
   void RemovePassword();
   void StorePassEnabled(bool enabled);
 
   Platform& platform;
   Session& session;
   frmOrvalent& main;
+  Conversation& radio;
+  std::optional<LineTurns::Turn> turn;
+  bool working = false;  // OK is at work
 };
 
 }  // namespace quillmark

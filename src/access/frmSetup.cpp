@@ -1,8 +1,9 @@
 #include "access/frmSetup.h"
 
+#include <utility>
+
 #include "link/serial_failure.h"
 #include "prefs/utilities.h"
-#include "radio/command_exchange.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -24,7 +25,8 @@ const frmSetup::Direction frmSetup::transmit{&frmSetup::TxFrequency,
                                              "Transmit Frequency Information",
                                              "transmit"};
 
-frmSetup::frmSetup(Platform& machine, Session& shared, frmOrvalent& window)
+frmSetup::frmSetup(Platform& machine, Session& shared, frmOrvalent& window,
+                   Conversation& conversation)
     : Form("frmSetup"),
       lblNote(*this, this, "lblNote",
               "Note: The terminal window is still active and able to accept commands."),
@@ -37,7 +39,8 @@ frmSetup::frmSetup(Platform& machine, Session& shared, frmOrvalent& window)
       ExitButton(*this, this, "ExitButton", "Exit Setup Mode"),
       platform(machine),
       session(shared),
-      main(window) {
+      main(window),
+      radio(conversation) {
   Caption = "Setup Mode";
   Key.ToolTip = "Enables the transmitter";
   DKey.ToolTip = "Disables the transmitter";
@@ -59,38 +62,42 @@ void frmSetup::Wire(const Direction& direction) {
   Label& label = this->*direction.Caption;
   field.MousePointer = Pointer::Arrow;
   label.ToolTip = "Click for more Information";
-  field.OnClick = [this, &direction] {
-    WithLinkErrors(platform.Dialogs, [&] { Frequency_Click(direction); });
-  };
+  field.OnClick = [this, &direction] { Frequency_Click(direction); };
   label.OnClick = [this, &direction] { ShowInfo(direction); };
 }
 
+void frmSetup::Talk(std::function<void()> act) {
+  radio.Turns.WhenFree([this, window = weak_from_this(), act = std::move(act)] {
+    const auto alive = window.lock();
+    if (!alive || !Loaded() || !radio.Open()) return;
+    const LineTurns::Turn turn(radio.Turns);
+    WithLinkErrors(platform.Dialogs, act);
+  });
+}
+
+// A refusal, which comes outside of setup mode, is no frequency.
 void frmSetup::ReadFrequency(const Direction& direction) {
-  session.RxBuffer = " ";
   WaitMilliseconds(platform.Events, 100);
   platform.Events.Pump();
-  session.RxBuffer = " ";
-  platform.MSComm1.Output(std::string(direction.Word) + "\r");
-  const auto answered = [&] {
-    return Holds(session.RxBuffer, ">") && Holds(session.RxBuffer, direction.Word);
-  };
-  if (!WaitUntil(platform.Events, Seconds(4), answered)) return;
+  const auto value = radio.Ask({.Command = direction.Word, .Opening = direction.WholeCommand});
+  if (!value || quillmark::Find(*value, direction.WholeCommand) != 1) return;
+  constexpr std::ptrdiff_t start = 4;  // behind the word and a blank
   constexpr std::ptrdiff_t length = 7;
-  const std::string_view received = session.RxBuffer;
-  const bool prompted = received.size() >= 6 && received.substr(received.size() - 6) == "SETUP>";
-  const auto first = prompted ? 9 : static_cast<std::ptrdiff_t>(received.size()) - length + 1;
-  if (auto value = Mid(received, first, length)) (this->*direction.Field).Text = std::move(*value);
+  if (auto frequency = Mid(*value, start, length)) {
+    (this->*direction.Field).Text = std::move(*frequency);
+  }
 }
 
 void frmSetup::Frequency_Click(const Direction& direction) {
   const std::string answer =
       platform.Dialogs.Input({direction.Prompt, direction.Title, (this->*direction.Field).Text()});
-  if (answer.empty() || !platform.MSComm1.PortOpen()) return;
+  if (answer.empty() || !radio.Open()) return;
   const bool whole = Holds(answer, direction.WholeCommand);
-  CommandExchange(session, platform.MSComm1, platform.Events,
-                  whole ? answer : std::string(direction.Word) + " " + answer, "PROGRAMMED OK",
-                  Seconds(3));
-  ReadFrequency(direction);
+  const std::string command = whole ? answer : std::string(direction.Word) + " " + answer;
+  Talk([this, &direction, command] {
+    radio.CommandExchange(command, "PROGRAMMED OK", Seconds(3));
+    ReadFrequency(direction);
+  });
 }
 
 void frmSetup::ShowInfo(const Direction& direction) {
@@ -106,17 +113,23 @@ void frmSetup::ShowInfo(const Direction& direction) {
 }
 
 void frmSetup::Press(Button& pressed, Button& other, const char* command) {
-  if (!platform.MSComm1.PortOpen()) return;
-  pressed.Enabled = false;
-  other.Enabled = true;
-  session.RxBuffer = " ";
-  WithLinkErrors(platform.Dialogs, [&] { platform.MSComm1.Output(std::string(command) + "\r"); });
+  if (!radio.Open()) return;
+  Talk([this, &pressed, &other, command] {
+    if (!pressed.Enabled()) return;  // a second click while the first one waited
+    pressed.Enabled = false;
+    other.Enabled = true;
+    radio.Prime();
+    radio.Say(command);
+  });
 }
 
 void frmSetup::ExitButton_Click() {
   if (quillmark::Find(main.Mode.Text(), "M", 2) != 0) main.ButtonRSSI.Enabled = false;
-  WithLinkErrors(platform.Dialogs, [this] { platform.MSComm1.Output("quit\r"); });
-  session.RefreshRequested = true;
+  // It goes out also behind the end of this window.
+  radio.Turns.WhenFree([&talk = radio, &shared = session, &dialogs = platform.Dialogs] {
+    WithLinkErrors(dialogs, [&talk] { talk.Say("quit"); });
+    shared.RefreshRequested = true;
+  });
   Unload();
 }
 

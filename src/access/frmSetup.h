@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "app/frmOrvalent.h"
@@ -7,6 +8,7 @@
 #include "controls/form.h"
 #include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -15,7 +17,7 @@ namespace quillmark {
 // Everything given to it outlives it.
 class frmSetup : public Form {
  public:
-  frmSetup(Platform& platform, Session& session, frmOrvalent& main);
+  frmSetup(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
 
   Label lblNote;
   ValueField RxFrequency, TxFrequency;
@@ -45,11 +47,14 @@ class frmSetup : public Form {
   void Frequency_Click(const Direction& direction);
   void ShowInfo(const Direction& direction);
   void Press(Button& pressed, Button& other, const char* command);
+  // Runs `act` in its turn, under the rule for lost links; not when the window is gone by then.
+  void Talk(std::function<void()> act);
   void ExitButton_Click();
 
   Platform& platform;
   Session& session;
   frmOrvalent& main;
+  Conversation& radio;
 };
 
 }  // namespace quillmark

@@ -5,7 +5,6 @@
 
 #include "app/frmSplash.h"
 #include "config/temp_folder.h"
-#include "link/echo.h"
 #include "link/frmProperties.h"
 #include "link/new_address.h"
 #include "link/serial_failure.h"
@@ -20,22 +19,23 @@ Console::Console(Platform& machine)
     : platform(machine),
       main(std::make_shared<frmOrvalent>(machine.Events)),
       log(*main, machine.Dialogs),
-      connection(machine, session, *main),
-      receiver(machine, session, *main, connection, log),
-      readCycle(machine, session, *main, connection),
-      mainTimer(machine, session, *main, connection, readCycle),
-      programmer(machine, session, *main),
-      optionRows(machine, session, *main, mainTimer),
-      access(machine, session, *main, mainTimer),
-      directRun(machine, *main, connection),
-      saver(machine, *main, connection, directRun),
-      sender(machine, *main, connection, directRun),
+      radio(machine.MSComm1, machine.Events, session, *main, Conversation::Hears::ByEvents),
+      connection(machine, session, *main, radio),
+      receiver(machine, session, *main, connection, radio, log),
+      readCycle(machine, session, *main, connection, radio),
+      mainTimer(machine, session, *main, connection, readCycle, radio),
+      programmer(machine, session, *main, radio),
+      optionRows(machine, session, *main, radio),
+      access(machine, session, *main, radio),
+      directRun(machine, *main, connection, radio),
+      saver(machine, *main, connection, radio, directRun),
+      sender(machine, *main, connection, radio, directRun),
       fileTasks(machine, *main, directRun, saver, sender),
       presets(machine, *main, directRun, saver, sender),
-      quickConfig(machine, *main, directRun, sender),
-      upgrade(machine, session, *main, connection, mainTimer),
-      restore(machine, session, *main, connection, mainTimer),
-      diagnostics(machine, session, *main, mainTimer) {
+      quickConfig(machine, *main, radio, directRun, sender),
+      upgrade(machine, session, *main, connection, radio),
+      restore(machine, session, *main, connection, mainTimer, radio),
+      diagnostics(machine, session, *main, radio) {
   WireLink();
   WireShell();
   programmer.Wire();
@@ -112,7 +112,7 @@ void Console::tbrToolBar_ButtonClick(std::string_view key) {
       {"Connect", [this] { Connect(); }},
       {"Disconnect", [this] { Disconnect(); }},
       {"Properties", [this] { mnuProperties_Click(); }},
-      {"Logout", [this] { connection.LogoutRadio(); }},
+      {"Logout", [this] { Logout(); }},
       {"Terminal", [this] { main->ToggleTerminal(); }},
   };
   for (const Row& row : rows) {
@@ -124,6 +124,10 @@ void Console::Disconnect() {
   // Only a run that is under way has to be told.
   main->LinkLetGo = directRun.UnderWay();
   connection.DisconnectRadio();
+}
+
+void Console::Logout() {
+  radio.Turns.WhenFree(main->tbr_Logout, [this] { connection.LogoutRadio(); });
 }
 
 // Not in the middle of a long run, which connects by itself when that is its way.
@@ -221,11 +225,13 @@ void Console::Form_Unload() {
 
 void Console::SendLogout() {
   try {
-    if (platform.MSComm1.PortOpen() && main->EchoIsOff) SwitchEcho(platform.MSComm1, *main, true);
+    // Nobody waits for what the radio says to it.
+    if (platform.MSComm1.PortOpen() && main->EchoIsOff) radio.Say("eeco");
+    main->EchoIsOff = false;
     // A loader would take it for a part of the firmware.
     if (!session.LogoutOnQuit || upgrade.Loading()) return;
     if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);
-    platform.MSComm1.Output("PASS NONE\r");
+    radio.Say("PASS NONE");
   } catch (const SerialError&) {
     return;  // nobody is there to be logged out
   }

@@ -20,6 +20,7 @@
 #include "link/session.h"
 #include "link/terminal_log.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 #include "radio/main_timer.h"
 #include "radio/read_cycle.h"
 #include "restore/restore_menu.h"
@@ -56,6 +57,7 @@ class Console {
   void WireShell();
   void tbrToolBar_ButtonClick(std::string_view key);
   void Disconnect();
+  void Logout();
   void Connect();
   void Refresh();
   void mnuAbout_Click();
@@ -69,6 +71,7 @@ class Console {
   Session session;
   std::shared_ptr<frmOrvalent> main;
   TerminalLog log;
+  Conversation radio;
   Connection connection;
   Receiver receiver;
   ReadCycle readCycle;

@@ -5,7 +5,6 @@
 
 #include "app/version.h"
 #include "config/saved_settings.h"
-#include "link/echo.h"
 #include "prefs/utilities.h"
 #include "text/path_text.h"
 #include "text/text.h"
@@ -14,27 +13,11 @@ namespace quillmark {
 
 namespace {
 
-// An ending that may not be the reply's own is believed when nothing has followed it for that long.
-constexpr Duration doubtfulEnd = Milliseconds(1500);
 constexpr Duration wakeInterval = Milliseconds(250);
 constexpr Duration longestQuieting = Seconds(2);
-
-// What a bare carriage return and the switch of the echo leave behind: line ends and a prompt.
-bool IsBarePrompt(std::string_view reply) {
-  constexpr std::string_view echoOff = "deco";
-  if (const std::size_t echo = FindAnyCase(reply, echoOff)) {
-    reply.remove_prefix(echo - 1 + echoOff.size());
-  }
-  constexpr std::size_t longestBare = 4;  // CR LF, prompt, and a stray line feed
-  return reply.size() <= longestBare && std::all_of(reply.begin(), reply.end(), [](char c) {
-           return c == '\r' || c == '\n' || c == '>';
-         });
-}
-
-// A prompt that stands alone in its line, not a ">" within a value whose rest is under way.
-bool EndsInPrompt(std::string_view reply) {
-  return reply.ends_with("\n>") || reply.ends_with("SETUP>");
-}
+// A radio whose echo has come is left alone for that long.
+constexpr Duration longestEcho = Seconds(1);
+constexpr Duration firstLook = Milliseconds(50);
 
 int SettingCount(bool master) {
   const auto rows = SavedSettings();
@@ -48,19 +31,17 @@ std::string FirmwareText(std::string reply) {
   for (std::size_t at = reply.find("\r\n"); at != std::string::npos; at = reply.find("\r\n")) {
     reply.replace(at, 2, " ");
   }
-  constexpr std::ptrdiff_t wordAndBlank = 5;
-  const auto from = static_cast<std::ptrdiff_t>(FindAnyCase(reply, "srev")) + wordAndBlank;
-  // Not the blank and the prompt at the end.
-  const auto text = Mid(reply, from, static_cast<std::ptrdiff_t>(reply.size()) - from - 1);
-  if (!text) throw RunFailed{"The radio's reply to srev can't be read."};
-  return *text;
+  return reply;
 }
+
+// As the radio gave it, its line ends and prompt around it: the cuts count on them.
+std::string AsReply(const std::string& text) { return "\r\n" + text + "\r\n>"; }
 
 }  // namespace
 
 ConfigSaver::ConfigSaver(Platform& machine, frmOrvalent& window, Connection& link,
-                         DirectRun& itsRun)
-    : platform(machine), main(window), connection(link), run(itsRun) {}
+                         Conversation& conversation, DirectRun& itsRun)
+    : platform(machine), main(window), connection(link), radio(conversation), run(itsRun) {}
 
 void ConfigSaver::WriteConfigToFile(std::filesystem::path path, bool report) {
   run.Begin();
@@ -119,87 +100,70 @@ void ConfigSaver::Write(const std::filesystem::path& path, bool report) {
 }
 
 void ConfigSaver::WriteHead(ReplacedFile& file, bool report) {
-  platform.MSComm1.Output("\r\n");
-  platform.MSComm1.Output("\r\n");
-  run.Sleep(250);
-  run.DropInput();
-  run.Reply.clear();
-  run.Send("ser");
-  run.Sleep(150);
-  run.Take();
-  run.ShowTitle(report ? "PRINTING." : "SAVING.");
-  WakeRadio();
-  if (const std::size_t at = FindAnyCase(run.Reply, "SN")) {
-    constexpr std::ptrdiff_t serialLength = 11;
-    file.Line("#From Radio, serial number: " +
-              Mid(run.Reply, static_cast<std::ptrdiff_t>(at), serialLength).value_or(""));
+  if (const auto serial = ReadSerialNumber(report)) {
+    if (const std::size_t at = FindAnyCase(*serial, "SN")) {
+      constexpr std::ptrdiff_t serialLength = 11;
+      file.Line("#From Radio, serial number: " +
+                Mid(*serial, static_cast<std::ptrdiff_t>(at), serialLength).value_or(""));
+    }
   }
   run.Dot();
   platform.Events.Pump();
-  run.Reply.clear();
-  run.Send("srev");
-  run.Sleep(50);
-  AwaitPrompt([this] { return Contains(run.Reply, "srev"); });
+  const auto version = run.Ask({.Command = "srev", .FirstLook = firstLook});
   run.Dot();
-  if (Contains(run.Reply, "srev")) {
-    file.Line("#With Firmware Version:  " + FirmwareText(run.Reply));
+  if (!version || IsRefusal(*version)) {
+    throw RunFailed{"The radio's reply to srev can't be read."};
   }
-  run.Reply.clear();
+  revision = RevisionOf(VersionIn(*version));
+  file.Line("#With Firmware Version:  " + FirmwareText(*version));
   file.Line("");
   file.Line("");
+}
+
+std::optional<std::string> ConfigSaver::ReadSerialNumber(bool report) {
+  const Conversation::Question question{.Command = "ser", .Opening = "SN"};
+  radio.SayBytes("\r\n");
+  radio.SayBytes("\r\n");
+  run.Sleep(250);
+  run.DropInput();
+  radio.Settle();
+  radio.Prime();
+  radio.Say(question.Command);
+  run.Sleep(150);
+  run.ShowTitle(report ? "PRINTING." : "SAVING.");
+  const bool called = CallRadio();
+  const Reply reply = FindReply(radio.Received(), {.Command = question.Command});
+  if (!called && reply.Came == Reply::State::Whole && reply.Text.starts_with(question.Opening)) {
+    return ValueOf(reply);
+  }
+  return run.Ask(question);
 }
 
 // A radio that does not answer is called with carriage returns. Their prompts would pass for the
 // replies to what follows, so the line must be quiet before that.
-void ConfigSaver::WakeRadio() {
+bool ConfigSaver::CallRadio() {
   Duration nextCall = platform.Events.Now();
   bool called = false;
-  AwaitPrompt([&] { return Contains(run.Reply, "SN"); },
-              [&] {
-                if (platform.Events.Now() < nextCall) return;
-                platform.MSComm1.Output("\r\n");
-                nextCall = platform.Events.Now() + wakeInterval;
-                called = true;
-              });
-  const Duration deadline = platform.Events.Now() + longestQuieting;
-  for (std::size_t before = 0; called && platform.Events.Now() < deadline;) {
-    before = run.Reply.size();
-    run.Sleep(static_cast<int>(wakeInterval / Milliseconds(1)));
-    platform.Events.Pump();
-    run.CheckLink();
-    run.Take();
-    called = run.Reply.size() != before;
-  }
-}
-
-// A late prompt of an earlier line, or a ">" within a value, is not taken for the reply's end: what
-// ends so is believed when nothing more has come for a while.
-void ConfigSaver::AwaitPrompt(const std::function<bool()>& isReply,
-                              const std::function<void()>& whileSilent) {
-  std::size_t lastSize = 0;
-  Duration lastChange = platform.Events.Now();
   run.Await([&] {
-    if (run.Reply.size() != lastSize) {
-      lastSize = run.Reply.size();
-      lastChange = platform.Events.Now();
-    }
-    if (!run.Reply.ends_with('>')) {
-      if (whileSilent) whileSilent();
-      return false;
-    }
-    if (EndsInPrompt(run.Reply) && isReply()) return true;
-    // The watchdog is for a radio that says nothing: it does not run down over the doubt.
-    if (lastChange == platform.Events.Now()) {
-      connection.StopPortTimeout();
-      connection.StartPortTimeout();
-    }
-    return platform.Events.Now() - lastChange >= doubtfulEnd;
+    if (radio.Received().ends_with('>')) return true;
+    // It is at work: its echo has come.
+    if (FindAnyCase(radio.Received(), "ser") != 0 && radio.QuietFor() < longestEcho) return false;
+    if (platform.Events.Now() < nextCall) return false;
+    radio.SayBytes("\r\n");
+    nextCall = platform.Events.Now() + wakeInterval;
+    called = true;
+    return false;
   });
+  if (called) radio.AwaitQuiet(wakeInterval, longestQuieting);
+  run.CheckLink();
+  return called;
 }
 
 void ConfigSaver::WriteSettings(ReplacedFile& file, bool report) {
-  platform.MSComm1.Output("deco\r\n");
-  main.EchoIsOff = true;
+  if (!radio.SwitchEcho(false, "\n")) {
+    run.CheckLink();
+    throw RunFailed{"The radio did not switch its echo off."};
+  }
   modeLetter.clear();
   int done = 0;
   int all = SettingCount(true);
@@ -216,24 +180,30 @@ void ConfigSaver::WriteSettings(ReplacedFile& file, bool report) {
 }
 
 void ConfigSaver::WriteSetting(ReplacedFile& file, const SavedSetting& row) {
-  run.Send(row.Command);
-  run.Sleep(50);
-  AwaitPrompt([this] { return !IsBarePrompt(run.Reply); });
+  const auto text = ReadSetting(row);
   if (row.Dot) run.Dot();
-  // The cuts count on the short prompt.
-  constexpr std::string_view setupPrompt = "SETUP>";
-  if (run.Reply.ends_with(setupPrompt)) {
-    run.Reply.replace(run.Reply.size() - setupPrompt.size(), setupPrompt.size(), ">");
-  }
-  if (const auto lines = CutSetting(row, run.Reply)) {
+  if (const auto lines = CutSetting(row, AsReply(text.value_or("")))) {
     file.Line(*lines);
     if (row.Way == SavedSetting::Cut::SixWide) modeLetter = Mid(*lines, 6, 1).value_or("");
   }
-  run.Reply.clear();
+}
+
+// A refusal is no value. Only a revision that lacks the setting may refuse it.
+std::optional<std::string> ConfigSaver::ReadSetting(const SavedSetting& row) {
+  const bool lacking = row.Since > 0 && revision.Below(row.Since);
+  auto text = run.Ask({.Command = row.Command,
+                       .Opening = row.Word == nullptr ? "" : row.Word,
+                       .FirstLook = firstLook,
+                       .Echo = false,
+                       .TakesRefusal = lacking});
+  if (text) return text;
+  const bool mayLack = row.Since > 0 && !revision.Known();
+  if (mayLack && IsRefusal(radio.Received())) return std::nullopt;
+  throw RunFailed{"The radio's reply to " + std::string(row.Command) + " can't be read."};
 }
 
 void ConfigSaver::SwitchEchoOn() {
-  SwitchEcho(platform.MSComm1, main, true);
+  radio.SwitchEcho(true);
   run.Sleep(250);
   run.DropInput();
 }

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "app/frmOrvalent.h"
 #include "config/direct_run.h"
 #include "config/replaced_file.h"
+#include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -19,7 +21,8 @@ struct SavedSetting;
 // Everything given to it outlives it.
 class ConfigSaver {
  public:
-  ConfigSaver(Platform& platform, frmOrvalent& main, Connection& connection, DirectRun& run);
+  ConfigSaver(Platform& platform, frmOrvalent& main, Connection& connection, Conversation& radio,
+              DirectRun& run);
 
   // Asks the user for the file when `path` is empty. A report begins with two empty lines and shows
   // other words. A run that fails leaves the file cut off at the line reached, switches the radio's
@@ -33,19 +36,23 @@ class ConfigSaver {
   bool ChooseFile(std::filesystem::path& path);
   void Write(const std::filesystem::path& path, bool report);
   void WriteHead(ReplacedFile& file, bool report);
-  void WakeRadio();
+  // The radio's reply to "ser", called for until there is one.
+  std::optional<std::string> ReadSerialNumber(bool report);
+  // Sends carriage returns until the radio answers; tells whether it had to.
+  bool CallRadio();
   void WriteSettings(ReplacedFile& file, bool report);
   void WriteSetting(ReplacedFile& file, const SavedSetting& row);
-  // Waits for the prompt behind a reply of which `isReply` holds.
-  void AwaitPrompt(const std::function<bool()>& isReply,
-                   const std::function<void()>& whileSilent = nullptr);
+  // The reply's text; nothing where this radio's revision lacks the setting.
+  std::optional<std::string> ReadSetting(const SavedSetting& row);
   void SwitchEchoOn();
   void Fail(const std::string& why);
 
   Platform& platform;
   frmOrvalent& main;
   Connection& connection;
+  Conversation& radio;
   DirectRun& run;
+  Revision revision;  // of the radio that is being saved
   std::string modeLetter;
 };
 

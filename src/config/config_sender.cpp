@@ -33,8 +33,8 @@ bool IsUnitNumber(const std::string& text) {
 }  // namespace
 
 ConfigSender::ConfigSender(Platform& machine, frmOrvalent& window, Connection& link,
-                           DirectRun& itsRun)
-    : platform(machine), main(window), connection(link), run(itsRun) {}
+                           Conversation& conversation, DirectRun& itsRun)
+    : platform(machine), main(window), connection(link), radio(conversation), run(itsRun) {}
 
 // The user's own set wins over the one that ships with the program.
 std::filesystem::path ConfigSender::DefaultSet() const {
@@ -79,7 +79,8 @@ void ConfigSender::SendConfigLines(bool checkUnit) {
 
 void ConfigSender::SendLines(bool checkUnit) {
   if (ConfigLines.empty()) throw RunFailed();
-  run.Reply.clear();
+  LeaveSetupMode();
+  radio.Settle();
   const auto all = static_cast<int>(ConfigLines.size());
   for (int done = 0; done < all; ++done) {
     run.ShowProgress(done, all);
@@ -91,6 +92,7 @@ void ConfigSender::SendLines(bool checkUnit) {
     if (IsComment(line)) continue;
     if (checkUnit && Contains(line, "UNIT")) CheckUnit(line);
     run.ShowStatus(line);
+    radio.Prime();
     run.Send(line);
     run.Dot();
     AwaitLine(line);
@@ -113,22 +115,29 @@ void ConfigSender::AwaitLine(const std::string& line) {
   AwaitPrompt();
   const auto sense = AlarmSenseValue(line);
   if (!sense) return;
+  radio.Prime();
   run.Send("asense " + *sense);
   AwaitPrompt();
 }
 
 void ConfigSender::AwaitPrompt() {
-  constexpr std::string_view end = "\r\n>";
   connection.StartPortTimeout();
-  while (!run.Reply.ends_with(end)) {
-    run.Take();
+  while (!radio.AtPrompt() || radio.PromptsDue() > 0) {
+    radio.Take();
     run.Sleep(100);
     platform.Events.Pump();
     run.CheckLink();
   }
   connection.StopPortTimeout();
-  run.Reply.clear();
   run.Sleep(20);
+}
+
+void ConfigSender::LeaveSetupMode() {
+  if (radio.LastPrompt() != PromptKind::Setup) return;
+  radio.Settle();
+  radio.Prime();
+  run.Send("QUIT");
+  AwaitPrompt();
 }
 
 // Keeps a radio from receiving the number of the one that the file was taken from.

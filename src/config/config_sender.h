@@ -8,6 +8,7 @@
 #include "app/frmOrvalent.h"
 #include "config/direct_run.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -16,7 +17,8 @@ namespace quillmark {
 // radio stand on it. Everything given to it outlives it.
 class ConfigSender {
  public:
-  ConfigSender(Platform& platform, frmOrvalent& main, Connection& connection, DirectRun& run);
+  ConfigSender(Platform& platform, frmOrvalent& main, Connection& connection, Conversation& radio,
+               DirectRun& run);
 
   // The lines of the last file loaded, from index 0; 101 at most.
   std::vector<std::string> ConfigLines;
@@ -29,6 +31,10 @@ class ConfigSender {
   // Sends ConfigLines. With `checkUnit` the user is asked for the unit number first, line by line
   // that holds it. A run that fails ends in a read of the radio and returns as if it had ended.
   void SendConfigLines(bool checkUnit);
+
+  // A radio in setup mode would refuse what is sent; it leaves that mode first. Throws SerialError
+  // and RunFailed.
+  void LeaveSetupMode();
 
   // The whole of a restore, from DirectPortMode on: clears the radio with the default set, then
   // sends the file.
@@ -45,6 +51,7 @@ class ConfigSender {
   Platform& platform;
   frmOrvalent& main;
   Connection& connection;
+  Conversation& radio;
   DirectRun& run;
 };
 

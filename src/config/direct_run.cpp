@@ -1,19 +1,21 @@
 #include "config/direct_run.h"
 
+#include <utility>
+
 #include "prefs/utilities.h"
 
 namespace quillmark {
 
 namespace {
 
-constexpr std::size_t longestReply = 64 * 1024;  // bytes
 // The watchdog ends a wait long before that.
 constexpr Duration longestWait = Seconds(3600);
 
 }  // namespace
 
-DirectRun::DirectRun(Platform& machine, frmOrvalent& window, Connection& link)
-    : platform(machine), main(window), connection(link) {}
+DirectRun::DirectRun(Platform& machine, frmOrvalent& window, Connection& link,
+                     Conversation& conversation)
+    : platform(machine), main(window), connection(link), radio(conversation) {}
 
 void DirectRun::Begin() {
   main.DirectPortMode = true;
@@ -36,26 +38,50 @@ void DirectRun::ShowProgress(int done, int all) {
 
 void DirectRun::Sleep(int ms) { WaitMilliseconds(platform.Events, ms); }
 
-void DirectRun::Take() {
-  Reply += platform.MSComm1.Input();
-  if (Reply.size() > longestReply) Reply.erase(0, Reply.size() - longestReply);
+void DirectRun::DropInput() {
+  radio.Take();
+  radio.Clear();
 }
 
 void DirectRun::CheckLink() const {
-  if (main.LinkLetGo || main.PortTimedOut || !main.DirectPortMode || !platform.MSComm1.PortOpen())
-    throw RunFailed();
+  if (Broken()) throw RunFailed();
+}
+
+bool DirectRun::Broken() const {
+  return main.LinkLetGo || main.PortTimedOut || !main.DirectPortMode ||
+         !platform.MSComm1.PortOpen();
+}
+
+// Events are delivered also where the reply is there already: the window must not stand still for
+// the whole run.
+DirectRun::Watch::Watch(DirectRun& itsRun) : run(itsRun) {
+  run.connection.StartPortTimeout();
+  run.platform.Events.Pump();
+  run.radio.GivenUp = [&broken = run] { return broken.Broken(); };
+}
+
+DirectRun::Watch::~Watch() {
+  run.radio.GivenUp = nullptr;
+  run.connection.StopPortTimeout();
 }
 
 void DirectRun::Await(const std::function<bool()>& done) {
-  connection.StartPortTimeout();
-  // Also where the reply is there already: the window must not stand still for the whole run.
-  platform.Events.Pump();
-  WaitUntil(platform.Events, longestWait, [&] {
-    CheckLink();
-    Take();
-    return done();
+  const Watch watch(*this);
+  if (!radio.AwaitText(longestWait, done)) throw RunFailed();
+}
+
+std::optional<std::string> DirectRun::Ask(Conversation::Question question) {
+  const Watch watch(*this);
+  question.Limit = longestWait;
+  auto value = radio.Ask(question);
+  CheckLink();
+  return value;
+}
+
+void DirectRun::WhenFree(const Control& entry, std::function<void()> act) {
+  radio.Turns.WhenFree(entry, [this, act = std::move(act)] {
+    if (MayStart()) act();
   });
-  connection.StopPortTimeout();
 }
 
 bool DirectRun::MayStart() {
@@ -77,7 +103,8 @@ void DirectRun::ReadRadioAgain() {
   task->controls.HoldAgain();
 }
 
-QuickTask::QuickTask(DirectRun& itsRun) : run(itsRun), controls(itsRun.main) {
+QuickTask::QuickTask(DirectRun& itsRun)
+    : run(itsRun), turn(itsRun.radio.Turns), controls(itsRun.main) {
   run.task = this;
   run.reconnectTried = false;
   run.main.LinkLetGo = false;

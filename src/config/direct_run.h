@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,6 +9,7 @@
 #include "app/held_controls.h"
 #include "link/connection.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -24,7 +26,7 @@ class QuickTask;
 // have come. Everything given to it outlives it.
 class DirectRun {
  public:
-  DirectRun(Platform& platform, frmOrvalent& main, Connection& connection);
+  DirectRun(Platform& platform, frmOrvalent& main, Connection& connection, Conversation& radio);
 
   // Takes the line: the receive handler leaves the port alone, and the watchdog starts afresh.
   void Begin();
@@ -37,16 +39,17 @@ class DirectRun {
   void HideProgress() { main.barRun.Visible = false; }
 
   // Sends the text and a carriage return. Throws SerialError.
-  void Send(const std::string& text) { platform.MSComm1.Output(text + "\r"); }
+  void Send(const std::string& text) { radio.Say(text); }
   void Sleep(int ms);
-  void DropInput() { platform.MSComm1.Input(); }
-  // Appends what has arrived to the reply; its last 64 KiB are kept.
-  void Take();
-  std::string Reply;
+  // Throws away what has arrived.
+  void DropInput();
 
   // Waits until `done` holds, under the watchdog. Throws RunFailed when that fires or the link
   // goes.
   void Await(const std::function<bool()>& done);
+  // Asks for a value, under the watchdog, whose limit holds instead of the question's. Throws
+  // RunFailed when that fires or the link goes.
+  std::optional<std::string> Ask(Conversation::Question question);
   // Throws RunFailed when the watchdog has fired or the link has gone.
   void CheckLink() const;
 
@@ -55,6 +58,8 @@ class DirectRun {
   // False, with a box, while something keeps it.
   bool MayStart();
   bool UnderWay() const { return task != nullptr; }
+  // Runs the task that `entry` starts when the line is free, if it may still start then.
+  void WhenFree(const Control& entry, std::function<void()> act);
   // Asks for a read of the radio. On a closed port that means a connect; only one is tried in a
   // task, so that a pulled plug brings no row of boxes.
   void ReadRadioAgain();
@@ -62,9 +67,23 @@ class DirectRun {
  private:
   friend class QuickTask;
 
+  // The watchdog, for the length of a block.
+  class Watch {
+   public:
+    explicit Watch(DirectRun& run);
+    ~Watch();
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+
+   private:
+    DirectRun& run;
+  };
+  bool Broken() const;
+
   Platform& platform;
   frmOrvalent& main;
   Connection& connection;
+  Conversation& radio;
   QuickTask* task = nullptr;
   bool reconnectTried = false;
 };
@@ -82,6 +101,7 @@ class QuickTask {
   friend class DirectRun;
 
   DirectRun& run;
+  LineTurns::Turn turn;
   HeldControls controls;
 };
 

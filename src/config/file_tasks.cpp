@@ -33,10 +33,12 @@ void FileTasks::Wire() {
 }
 
 void FileTasks::cmdSaveToFile_Click() {
-  if (!platform.MSComm1.PortOpen() || !run.MayStart()) return;
-  const QuickTask task(run);
-  saver.WriteConfigToFile({}, false);
-  run.ReadRadioAgain();
+  if (!platform.MSComm1.PortOpen()) return;
+  run.WhenFree(main.cmdSaveToFile, [this] {
+    const QuickTask task(run);
+    saver.WriteConfigToFile({}, false);
+    run.ReadRadioAgain();
+  });
 }
 
 void FileTasks::RestoreConfiguration() {
@@ -47,9 +49,11 @@ void FileTasks::RestoreConfiguration() {
   bool mayBeSent = false;
   sender.LoadConfigLines(*path, false, mayBeSent);
   if (!mayBeSent) return;
-  const QuickTask task(run);
-  run.ShowTitle("RESTORING.");
-  sender.ProgramFromFile(*path);
+  run.WhenFree(main.cmdProgramFromFile, [this, path = *path] {
+    const QuickTask task(run);
+    run.ShowTitle("RESTORING.");
+    sender.ProgramFromFile(path);
+  });
 }
 
 // Named after the radio's serial number, behind its word.
@@ -61,7 +65,10 @@ fs::path FileTasks::ReportFile() const {
 }
 
 void FileTasks::cmdPrint_Click() {
-  if (!run.MayStart()) return;
+  run.WhenFree(main.cmdPrint, [this] { PrintReport(); });
+}
+
+void FileTasks::PrintReport() {
   std::error_code ignored;
   fs::create_directories(TempFolder(platform.Files), ignored);
   const fs::path report = ReportFile();

@@ -22,6 +22,7 @@ class FileTasks {
   void cmdSaveToFile_Click();
   void RestoreConfiguration();
   void cmdPrint_Click();
+  void PrintReport();
   std::filesystem::path ReportFile() const;
 
   Platform& platform;

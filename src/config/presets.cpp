@@ -110,9 +110,11 @@ void Presets::ProgramFrom(std::size_t slot) {
   bool mayBeSent = false;
   sender.LoadConfigLines(File(slot), false, mayBeSent);
   if (!mayBeSent) return;
-  const QuickTask task(run);
-  run.ShowTitle("PROGRAMMING.");
-  sender.ProgramFromFile(File(slot));
+  run.WhenFree(main.cmdPre[slot], [this, slot] {
+    const QuickTask task(run);
+    run.ShowTitle("PROGRAMMING.");
+    sender.ProgramFromFile(File(slot));
+  });
 }
 
 std::optional<std::string> Presets::AskCaption(const std::string& title,
@@ -155,13 +157,16 @@ void Presets::cmdSaveToPreset_Click() {
     return;
   }
   if (!MakeFolder()) return;
-  const QuickTask task(run);
-  try {
-    SaveInto(*slot, {description, *caption});
-  } catch (const FileError&) {
-    ShowFileTrouble("Unspecified file I/O error.");
-  }
-  run.ReadRadioAgain();
+  run.WhenFree(main.cmdSaveToPreset,
+               [this, slot = *slot, header = PresetHeader{description, *caption}] {
+                 const QuickTask task(run);
+                 try {
+                   SaveInto(slot, header);
+                 } catch (const FileError&) {
+                   ShowFileTrouble("Unspecified file I/O error.");
+                 }
+                 run.ReadRadioAgain();
+               });
 }
 
 void Presets::SaveInto(std::size_t slot, const PresetHeader& header) {

@@ -55,15 +55,15 @@ std::string PlainDecimal(double value) {
 
 }  // namespace
 
-QuickConfig::QuickConfig(Platform& machine, frmOrvalent& window, DirectRun& itsRun,
-                         ConfigSender& itsSender)
-    : platform(machine), main(window), run(itsRun), sender(itsSender) {}
+QuickConfig::QuickConfig(Platform& machine, frmOrvalent& window, Conversation& conversation,
+                         DirectRun& itsRun, ConfigSender& itsSender)
+    : platform(machine), main(window), radio(conversation), run(itsRun), sender(itsSender) {}
 
 void QuickConfig::Wire() {
-  main.cmdMaster.OnClick = [this] { Role_Click(master); };
-  main.cmdRemote.OnClick = [this] { Role_Click(remote); };
-  main.cmdRepeater.OnClick = [this] { Role_Click(repeater); };
-  main.cmdSubRemote.OnClick = [this] { Role_Click(subRemote); };
+  main.cmdMaster.OnClick = [this] { Role_Click(master, main.cmdMaster); };
+  main.cmdRemote.OnClick = [this] { Role_Click(remote, main.cmdRemote); };
+  main.cmdRepeater.OnClick = [this] { Role_Click(repeater, main.cmdRepeater); };
+  main.cmdSubRemote.OnClick = [this] { Role_Click(subRemote, main.cmdSubRemote); };
   main.cmdRptHelp1.OnClick = [this] { cmdRptHelp_Click(); };
   main.cmdRptHelp2.OnClick = [this] { cmdRptHelp_Click(); };
 }
@@ -78,19 +78,24 @@ void QuickConfig::Form_QueryUnload() {
   if (picture) picture->Unload();
 }
 
-bool QuickConfig::Confirmed(const Role& role) const {
-  const std::string text = std::string(role.Question) + "\r\n\r\nBAUD: " + main.cmbBaud.Text() +
-                           "\r\n\r\nADDR: " + main.txtNewADDR.Text() +
-                           "\r\n\r\nPWR: " + std::to_string(main.sldPwr.Value()) + " dBm";
+bool QuickConfig::Confirmed(const Role& role, const Entries& entries) const {
+  const std::string text = std::string(role.Question) + "\r\n\r\nBAUD: " + entries.Baud +
+                           "\r\n\r\nADDR: " + entries.Address +
+                           "\r\n\r\nPWR: " + std::to_string(entries.Power) + " dBm";
   return platform.Dialogs.Message({text, role.Title, Icon::None, Buttons::YesNo}) == Answer::Yes;
 }
 
-void QuickConfig::Role_Click(const Role& role) {
-  if (!run.MayStart() || !Confirmed(role)) return;
+void QuickConfig::Role_Click(const Role& role, const Button& button) {
+  const Entries entries{main.cmbBaud.Text(), main.txtNewADDR.Text(), main.sldPwr.Value()};
+  if (!run.MayStart() || !Confirmed(role, entries)) return;
+  run.WhenFree(button, [this, &role, entries] { ProgramRole(role, entries); });
+}
+
+void QuickConfig::ProgramRole(const Role& role, const Entries& entries) {
   const QuickTask task(run);
   try {
     ClearUnit(role);
-    if (!main.LinkLetGo) SendRole(role);
+    if (!main.LinkLetGo) SendRole(role, entries);
   } catch (const SerialError&) {
     // The loss of the port has told the user.
   }
@@ -111,7 +116,7 @@ void QuickConfig::ClearUnit(const Role& role) {
   main.DirectPortMode = true;
 }
 
-void QuickConfig::SendRole(const Role& role) {
+void QuickConfig::SendRole(const Role& role, const Entries& entries) {
   const auto send = [&](const std::string& command, int pause) {
     run.Send(command);
     if (role.DotFirst) run.Dot();
@@ -119,9 +124,9 @@ void QuickConfig::SendRole(const Role& role) {
     if (!role.DotFirst) run.Dot();
   };
   send(std::string("MODE ") + role.Mode, 250);
-  send("ADDR " + PlainDecimal(LeadingNumber(main.txtNewADDR.Text())), 100);
-  send("PWR " + std::to_string(main.sldPwr.Value()), 100);
-  run.Send("BAUD " + main.cmbBaud.Text());
+  send("ADDR " + PlainDecimal(LeadingNumber(entries.Address)), 100);
+  send("PWR " + std::to_string(entries.Power), 100);
+  run.Send("BAUD " + entries.Baud);
   for (const int pause : role.AfterBaud) {
     if (pause == end) break;
     if (pause == dot) {
@@ -130,6 +135,10 @@ void QuickConfig::SendRole(const Role& role) {
       run.Sleep(pause);
     }
   }
+  AskFurther(role);
+}
+
+void QuickConfig::AskFurther(const Role& role) {
   switch (role.Then) {
     case Next::AskForRepeater:
       AskForRepeater();
@@ -139,7 +148,7 @@ void QuickConfig::SendRole(const Role& role) {
       AskXaddr();
       break;
     case Next::GuideSubRemote:
-      platform.Windows.ShowModal(std::make_shared<frmSimpleXMAP>(platform, main), main);
+      platform.Windows.ShowModal(std::make_shared<frmSimpleXMAP>(platform, main, radio), main);
       break;
     case Next::Nothing:
       run.DropInput();

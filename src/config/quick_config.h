@@ -8,6 +8,7 @@
 #include "config/direct_run.h"
 #include "config/frmSimpleRptrSetup.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -18,7 +19,8 @@ struct Role;
 // follows shows what came of it. Everything given to it outlives it.
 class QuickConfig {
  public:
-  QuickConfig(Platform& platform, frmOrvalent& main, DirectRun& run, ConfigSender& sender);
+  QuickConfig(Platform& platform, frmOrvalent& main, Conversation& radio, DirectRun& run,
+              ConfigSender& sender);
 
   // Joins the buttons to their handlers.
   void Wire();
@@ -28,15 +30,24 @@ class QuickConfig {
   void Form_QueryUnload();
 
  private:
-  void Role_Click(const Role& role);
-  bool Confirmed(const Role& role) const;
+  // What the user has entered, and confirmed.
+  struct Entries {
+    std::string Baud;
+    std::string Address;
+    int Power;  // dBm
+  };
+  void Role_Click(const Role& role, const Button& button);
+  bool Confirmed(const Role& role, const Entries& entries) const;
+  void ProgramRole(const Role& role, const Entries& entries);
   void ClearUnit(const Role& role);
-  void SendRole(const Role& role);
+  void SendRole(const Role& role, const Entries& entries);
+  void AskFurther(const Role& role);
   void AskForRepeater();
   void AskXaddr();
 
   Platform& platform;
   frmOrvalent& main;
+  Conversation& radio;
   DirectRun& run;
   ConfigSender& sender;
   std::shared_ptr<frmSimpleRptrSetup> picture;

@@ -28,6 +28,7 @@ struct SavedSetting {
   bool Dot = true;                    // in the terminal
   const char* NotWith = nullptr;      // a reply that holds this gives no line
   const char* LineWithout = nullptr;  // the line for a reply without the word
+  int Since = 0;                      // the first revision that has it; 0: all have
 };
 
 std::span<const SavedSetting> SavedSettings();

@@ -7,16 +7,16 @@
 namespace quillmark {
 
 DiagnosticButtons::DiagnosticButtons(Platform& machine, Session& shared, frmOrvalent& window,
-                                     MainTimer& timer)
-    : platform(machine), session(shared), main(window), ticks(timer) {}
+                                     Conversation& conversation)
+    : platform(machine), session(shared), main(window), radio(conversation) {}
 
 void DiagnosticButtons::Wire() {
-  // A read that is running would have its replies mixed with what these windows ask for.
+  // These windows talk to the radio while they are open, so they wait for their turn.
   main.ButtonRSSI.OnClick = [this] {
-    ticks.WhenFree(main.ButtonRSSI, [this] { ButtonRSSI_Click(); });
+    radio.Turns.WhenFree(main.ButtonRSSI, [this] { ButtonRSSI_Click(); });
   };
   main.ButtonZoneData.OnClick = [this] {
-    ticks.WhenFree(main.ButtonZoneData, [this] { ButtonZoneData_Click(); });
+    radio.Turns.WhenFree(main.ButtonZoneData, [this] { ButtonZoneData_Click(); });
   };
 }
 
@@ -32,12 +32,8 @@ void DiagnosticButtons::ButtonZoneData_Click() { Show<frmZoneData>(); }
 
 template <class Window>
 void DiagnosticButtons::Show() {
-  ++ticks.LineHolders;
-  struct Released {
-    int& holders;
-    ~Released() { --holders; }
-  } released{ticks.LineHolders};
-  const auto window = std::make_shared<Window>(platform, session, main);
+  const LineTurns::Turn turn(radio.Turns);
+  const auto window = std::make_shared<Window>(platform, main, radio);
   shown = window;
   platform.Windows.ShowModal(window, main);
 }

@@ -6,7 +6,7 @@
 #include "app/frmOrvalent.h"
 #include "link/session.h"
 #include "platform/platform.h"
-#include "radio/main_timer.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -14,7 +14,7 @@ namespace quillmark {
 // loaded it has the line to itself: no keep-alive and no read. Everything given to it outlives it.
 class DiagnosticButtons {
  public:
-  DiagnosticButtons(Platform& platform, Session& session, frmOrvalent& main, MainTimer& ticks);
+  DiagnosticButtons(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
 
   // Joins the buttons to their handlers.
   void Wire();
@@ -30,7 +30,7 @@ class DiagnosticButtons {
   Platform& platform;
   Session& session;
   frmOrvalent& main;
-  MainTimer& ticks;
+  Conversation& radio;
   std::weak_ptr<Form> shown;
 };
 

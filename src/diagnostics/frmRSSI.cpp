@@ -20,7 +20,7 @@ constexpr std::ptrdiff_t valueLength = 4;
 
 }  // namespace
 
-frmRSSI::frmRSSI(Platform& machine, Session& shared, frmOrvalent& window)
+frmRSSI::frmRSSI(Platform& machine, frmOrvalent& window, Conversation& talk)
     : Form("frmRSSI"),
       Text1(*this, this, "Text1", "n/a"),
       ProgressBar1(*this, this, "ProgressBar1", lowest, highest, lowest),
@@ -34,8 +34,8 @@ frmRSSI::frmRSSI(Platform& machine, Session& shared, frmOrvalent& window)
       Label2(*this, this, "Label2", "-50 dBm"),
       Command1(*this, this, "Command1", "OK"),
       Timer1(*this, "Timer1", machine.Events, 100, true),
-      session(shared),
-      link(machine, window) {
+      radio(talk),
+      link(machine, window, talk) {
   Caption = "RSSI";
   Text1.FontSize = valueFontSize;
   Text1.MousePointer = Pointer::NoDrop;
@@ -46,8 +46,8 @@ frmRSSI::frmRSSI(Platform& machine, Session& shared, frmOrvalent& window)
 }
 
 void frmRSSI::Form_Load() {
-  session.RxBuffer = " ";
-  link.Send("rssi");
+  radio.Prime();
+  link.Send("rssi", 0);
 }
 
 void frmRSSI::Form_Unload() {
@@ -56,13 +56,13 @@ void frmRSSI::Form_Unload() {
 
 void frmRSSI::Timer1_Timer() {
   if (!link.Open()) Timer1.Enabled = false;
-  const std::string_view received = session.RxBuffer;
+  const std::string_view received = radio.Received();
   const std::size_t report = quillmark::Find(received, reportWord);
   // A "dBm" in front of it belongs to a report that is gone.
   if (report == 0 || quillmark::Find(received, "dBm", report) == 0) return;
   const auto value = static_cast<std::ptrdiff_t>(report + reportWord.size());
   std::string level = Mid(received, value, valueLength).value_or("");
-  session.RxBuffer = " ";
+  radio.Prime();
   ShowLevel(std::move(level));
 }
 

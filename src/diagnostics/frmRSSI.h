@@ -8,8 +8,8 @@
 #include "controls/form.h"
 #include "controls/timer.h"
 #include "diagnostics/polled_link.h"
-#include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -18,7 +18,7 @@ namespace quillmark {
 // carriage return ends the reports. Everything given to it outlives it.
 class frmRSSI : public Form {
  public:
-  frmRSSI(Platform& platform, Session& session, frmOrvalent& main);
+  frmRSSI(Platform& platform, frmOrvalent& main, Conversation& radio);
 
   ValueField Text1;
   ProgressBar ProgressBar1;                                              // dBm + 170
@@ -34,7 +34,7 @@ class frmRSSI : public Form {
   void Timer1_Timer();
   void ShowLevel(std::string text);
 
-  Session& session;
+  Conversation& radio;
   PolledLink link;
 };
 

@@ -29,8 +29,8 @@ const std::array<frmZoneData::Counter, 3> frmZoneData::counters{{
     {&frmZoneData::zoneErrorsCount, &frmZoneData::zoneErrorsBar, &frmZoneData::PreviousErrors},
 }};
 
-frmZoneData::frmZoneData(Platform& machine, Session& shared, frmOrvalent& window)
-    : ZoneWindow("frmZoneData", machine, shared, window, firstPoll),
+frmZoneData::frmZoneData(Platform& machine, frmOrvalent& window, Conversation& talk)
+    : ZoneWindow("frmZoneData", machine, window, talk, firstPoll),
       mnuShowZoneQuality(*this, this, "mnuShowZoneQuality", "Show Zone &Quality"),
       mnuResetZoneData(*this, this, "mnuResetZoneData", "Reset &Zone Data") {
   Caption = "Zone Data";
@@ -70,13 +70,13 @@ void frmZoneData::pollTimer_Timer() {
   pollTimer.Interval = pollInterval;
   const bool retry = resetTimer.Enabled();
   resetTimer.Enabled = false;
-  if (session.RxBuffer.View().empty()) {
+  if (radio.Received().empty()) {
     Send("ZONE DATA");
     return;
   }
   if (!TakeReply()) {
     if (retry) {
-      session.RxBuffer = "";
+      radio.Clear();
     } else {
       WaitForMore();
     }
@@ -86,9 +86,9 @@ void frmZoneData::pollTimer_Timer() {
 
 // False when what came is not, or not yet, a reply that can be read.
 bool frmZoneData::TakeReply() {
-  const std::string_view received = session.RxBuffer;
+  const std::string_view received = radio.Received();
   if (Holds(received, "zone clear")) {
-    session.RxBuffer = "";
+    radio.Clear();
     return true;
   }
   if (Holds(received, "SKIP")) return ParseSkippedZones();
@@ -98,11 +98,11 @@ bool frmZoneData::TakeReply() {
 // Empties RxBuffer when all counters could be read.
 bool frmZoneData::ParseZoneCounters() {
   const bool whole = ReadZoneCounters(
-      session.RxBuffer, fields,
+      radio.Received(), fields,
       [this](std::size_t zone, std::size_t field, std::optional<std::int64_t> value) {
         if (value) TakeCounter(counters[field], zone, *value);
       });
-  if (whole) session.RxBuffer = "";
+  if (whole) radio.Clear();
   return whole;
 }
 
@@ -153,7 +153,7 @@ void frmZoneData::mnuResetZoneData_Click() {
 
 void frmZoneData::mnuShowZoneQuality_Click() {
   StopTimers();
-  const auto window = std::make_shared<frmZoneQuality>(platform, session, main);
+  const auto window = std::make_shared<frmZoneQuality>(platform, main, radio);
   quality = window;
   platform.Windows.ShowModal(window, *this);
   if (Loaded()) Form_GotFocus();

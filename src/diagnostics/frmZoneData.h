@@ -14,7 +14,7 @@ namespace quillmark {
 // ButtonZoneData; sends nothing when it is closed. Everything given to it outlives it.
 class frmZoneData : public ZoneWindow {
  public:
-  frmZoneData(Platform& platform, Session& session, frmOrvalent& main);
+  frmZoneData(Platform& platform, frmOrvalent& main, Conversation& radio);
 
   // By zone, from 0.
   std::deque<Label> lblTx, zoneTXCount, lblZoneRx, zoneRXCount, lblZoneErrors, zoneErrorsCount;

@@ -22,8 +22,8 @@ constexpr const char* incompleteZoneData = "incompleteZoneData";
 
 }  // namespace
 
-frmZoneQuality::frmZoneQuality(Platform& machine, Session& shared, frmOrvalent& window)
-    : ZoneWindow("frmZoneQuality", machine, shared, window, pollInterval),
+frmZoneQuality::frmZoneQuality(Platform& machine, frmOrvalent& window, Conversation& talk)
+    : ZoneWindow("frmZoneQuality", machine, window, talk, pollInterval),
       mnuSelectFilter(*this, this, "mnuSelectFilter", "Select &Filter"),
       mnuNormalAveraging(*this, &mnuSelectFilter, "mnuNormalAveraging", "&Normal Averaging"),
       mnuBlockedFrequencies(*this, &mnuSelectFilter, "mnuBlockedFrequencies",
@@ -53,12 +53,12 @@ void frmZoneQuality::Form_Load() {
 void frmZoneQuality::pollTimer_Timer() {
   const bool retry = resetTimer.Enabled() && resetTimer.Tag() == unknownData;
   if (retry) resetTimer.Enabled = false;
-  if (session.RxBuffer.View().empty()) {
+  if (radio.Received().empty()) {
     Send("ZONE DATA");
   } else if (TakeReply()) {
     return;
   } else if (retry) {
-    session.RxBuffer = "";
+    radio.Clear();
   } else {
     resetTimer.Tag = unknownData;
     WaitForMore();
@@ -67,9 +67,9 @@ void frmZoneQuality::pollTimer_Timer() {
 
 // False for anything but what the two commands of this window and a reset bring.
 bool frmZoneQuality::TakeReply() {
-  const std::string_view received = session.RxBuffer;
+  const std::string_view received = radio.Received();
   if (Holds(received, "zone clear")) {
-    session.RxBuffer = "";
+    radio.Clear();
     return true;
   }
   if (Holds(received, "SKIP")) return ParseSkippedZones();
@@ -88,10 +88,10 @@ void frmZoneQuality::resetTimer_Timer() {
 
 void frmZoneQuality::TakeZoneData() {
   if (DropNextReply) {
-    session.RxBuffer = "";
+    radio.Clear();
     resetTimer.Enabled = false;
     DropNextReply = false;
-  } else if (ZoneDataIsComplete(session.RxBuffer) && ParseZoneTotals()) {
+  } else if (ZoneDataIsComplete(radio.Received()) && ParseZoneTotals()) {
     resetTimer.Enabled = false;
     RedrawZoneQuality();
   } else {
@@ -103,11 +103,11 @@ void frmZoneQuality::TakeZoneData() {
 // Empties RxBuffer when all totals could be read.
 bool frmZoneQuality::ParseZoneTotals() {
   const bool whole = ReadZoneCounters(
-      session.RxBuffer, fields,
+      radio.Received(), fields,
       [this](std::size_t zone, std::size_t field, std::optional<std::int64_t> value) {
         if (value) (field == 0 ? RxTotals : RxErrors)[zone] = *value;
       });
-  if (whole) session.RxBuffer = "";
+  if (whole) radio.Clear();
   return whole;
 }
 

@@ -14,7 +14,7 @@ namespace quillmark {
 // it outlives it.
 class frmZoneQuality : public ZoneWindow {
  public:
-  frmZoneQuality(Platform& platform, Session& session, frmOrvalent& main);
+  frmZoneQuality(Platform& platform, frmOrvalent& main, Conversation& radio);
 
   // By zone, from 0.
   std::deque<Label> percentUsable, lblPercent;

@@ -6,13 +6,13 @@
 
 namespace quillmark {
 
-PolledLink::PolledLink(Platform& machine, const frmOrvalent& window)
-    : platform(machine), main(window), wasUp(machine.MSComm1.PortOpen()) {}
+PolledLink::PolledLink(Platform& machine, const frmOrvalent& window, Conversation& talk)
+    : platform(machine), main(window), radio(talk), wasUp(machine.MSComm1.PortOpen()) {}
 
-void PolledLink::Send(const std::string& command) {
+void PolledLink::Send(const std::string& command, int prompts) {
   const bool open = Open();
   try {
-    platform.MSComm1.Output(command + "\r");
+    radio.Say(command, prompts);
     wasUp = true;
   } catch (const SerialError& error) {
     if (OnLost) OnLost();

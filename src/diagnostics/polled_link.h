@@ -5,6 +5,7 @@
 
 #include "app/frmOrvalent.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -12,13 +13,13 @@ namespace quillmark {
 // window stops, and the user is told once. Everything given to it outlives it.
 class PolledLink {
  public:
-  PolledLink(Platform& platform, const frmOrvalent& main);
+  PolledLink(Platform& platform, const frmOrvalent& main, Conversation& radio);
 
-  // Sends the command and a carriage return. When that fails it calls OnLost first, then shows the
-  // box, unless the loss has been told by other means; who asked for it himself
-  // is always told.
-  void Send(const std::string& command);
-  // The next sending is the user's own wish: he is told in any case when there is no link for it.
+  // Sends the command and a carriage return, which `prompts` of them answer. When that fails it
+  // calls OnLost first, then shows the box, unless the loss has been told by other means. Users who
+  // asked for it themselves are always told.
+  void Send(const std::string& command, int prompts = 1);
+  // The next sending is the user's own wish: they are told in any case when there is no link.
   void AskedByUser() { asked = true; }
   bool Open() const { return platform.MSComm1.PortOpen(); }
 
@@ -27,6 +28,7 @@ class PolledLink {
  private:
   Platform& platform;
   const frmOrvalent& main;
+  Conversation& radio;
   bool wasUp;
   bool asked = false;
 };

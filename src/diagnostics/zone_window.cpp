@@ -12,7 +12,7 @@ std::string ZoneName(std::size_t zone) { return "Zone " + std::to_string(zone); 
 
 }  // namespace
 
-ZoneWindow::ZoneWindow(std::string name, Platform& machine, Session& shared, frmOrvalent& window,
+ZoneWindow::ZoneWindow(std::string name, Platform& machine, frmOrvalent& window, Conversation& talk,
                        int pollInterval)
     : Form(std::move(name)),
       mnuToggleZoneUpdates(*this, this, "mnuToggleZoneUpdates", stopCaption),
@@ -20,9 +20,9 @@ ZoneWindow::ZoneWindow(std::string name, Platform& machine, Session& shared, frm
       pollTimer(*this, "pollTimer", machine.Events, pollInterval, true),
       resetTimer(*this, "resetTimer", machine.Events, graceTime, false),
       platform(machine),
-      session(shared),
       main(window),
-      link(machine, window) {
+      radio(talk),
+      link(machine, window, talk) {
   for (std::size_t i = 0; i < ZoneCount; ++i) {
     frameZone.emplace_back(*this, this, "frameZone_" + std::to_string(i), ZoneName(i + 1));
   }
@@ -51,18 +51,18 @@ void ZoneWindow::SetBar(Shape& bar, double height) {
 }
 
 void ZoneWindow::AskForSkippedZones() {
-  session.RxBuffer = " ";
+  radio.Prime();
   Send("skip");
 }
 
 bool ZoneWindow::ParseSkippedZones() {
-  const auto zones = SkippedZones(session.RxBuffer);
+  const auto zones = SkippedZones(radio.Received());
   if (!zones) return false;
   for (const std::size_t zone : *zones) {
     frameZone[zone - 1].Text = ZoneName(zone) + " (skipped)";
     SkippedZoneListed(zone);
   }
-  session.RxBuffer = "";
+  radio.Clear();
   return true;
 }
 
@@ -89,7 +89,7 @@ void ZoneWindow::mnuToggleZoneUpdates_Click() {
     return;
   }
   link.AskedByUser();
-  session.RxBuffer = "";
+  radio.Clear();
   pollTimer.Enabled = true;
   mnuToggleZoneUpdates.Text = stopCaption;
 }

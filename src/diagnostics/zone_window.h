@@ -11,8 +11,8 @@
 #include "controls/timer.h"
 #include "diagnostics/polled_link.h"
 #include "diagnostics/zone_replies.h"
-#include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -22,7 +22,7 @@ namespace quillmark {
 // time by resetTimer. Everything given to it outlives it.
 class ZoneWindow : public Form {
  public:
-  ZoneWindow(std::string name, Platform& platform, Session& session, frmOrvalent& main,
+  ZoneWindow(std::string name, Platform& platform, frmOrvalent& main, Conversation& radio,
              int pollInterval);  // ms
 
   static constexpr std::size_t MarkCount = 11;  // of each scale
@@ -66,8 +66,8 @@ class ZoneWindow : public Form {
   void Send(const std::string& command) { link.Send(command); }
 
   Platform& platform;
-  Session& session;
   frmOrvalent& main;
+  Conversation& radio;
   PolledLink link;
 
  private:

@@ -14,8 +14,9 @@ constexpr Duration longestWait = Milliseconds(10);
 
 }  // namespace
 
-FirmwareTransfer::FirmwareTransfer(Platform& machine, Session& shared, frmOrvalent& window)
-    : platform(machine), session(shared), main(window) {}
+FirmwareTransfer::FirmwareTransfer(Platform& machine, Session& shared, frmOrvalent& window,
+                                   Conversation& conversation)
+    : platform(machine), session(shared), main(window), radio(conversation) {}
 
 void ChangeSettings(SerialPort& port, const std::string& settings) {
   try {
@@ -37,9 +38,9 @@ void RestoreSettings(SerialPort& port, const std::string& settings) {
 std::string FirmwareTransfer::Run(const std::filesystem::path& path) {
   ForceSettings();
   WakeLoader();
-  platform.MSComm1.Output("ERASE\r");
+  radio.Say("ERASE");
   main.txtTerm.Text = "";
-  session.RxBuffer = " ";
+  radio.Prime();
   if (const auto trouble = file.Open(path)) {
     platform.Dialogs.Message({*trouble, ProgramTitle, Icon::Exclamation});
     return "The file could not be opened.";
@@ -55,9 +56,9 @@ void FirmwareTransfer::ForceSettings() {
 
 // The loader finds the new rate by itself, out of a row of carriage returns.
 void FirmwareTransfer::WakeLoader() {
-  platform.MSComm1.Output("\r");
+  radio.SayBytes("\r");
   for (int burst = 0; burst < wakingBursts; ++burst) {
-    platform.MSComm1.Output("\r\r");
+    radio.SayBytes("\r\r");
     platform.Events.Sleep(Milliseconds(20));
   }
 }
@@ -80,7 +81,7 @@ std::string FirmwareTransfer::SendBlocks() {
   const std::int64_t length = file.Length();
   progress->ShowBytes(0, length, {});
   platform.Events.Sleep(Milliseconds(2000));
-  platform.MSComm1.Output("PROGRAM\r");
+  radio.Say("PROGRAM");
   main.ShowCommStatus = false;
   // One block at most stands in the buffer, and no command in front of it.
   AwaitEmptyBuffer();

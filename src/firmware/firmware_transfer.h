@@ -10,6 +10,7 @@
 #include "firmware/frmProgram.h"
 #include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -19,7 +20,7 @@ namespace quillmark {
 // it outlives it. Throws SerialError.
 class FirmwareTransfer {
  public:
-  FirmwareTransfer(Platform& platform, Session& session, frmOrvalent& main);
+  FirmwareTransfer(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
 
   // Gives a sentence on what is missing; "" when the whole file was sent.
   std::string Run(const std::filesystem::path& path);
@@ -35,6 +36,7 @@ class FirmwareTransfer {
   Platform& platform;
   Session& session;
   frmOrvalent& main;
+  Conversation& radio;
   std::shared_ptr<frmProgram> progress;
   FirmwareFile file;
 };

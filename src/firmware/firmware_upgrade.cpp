@@ -17,18 +17,6 @@ namespace {
 
 constexpr const char* sessionSettings = "19200,N,8,1";
 
-// Keeps keep-alives and reads of the radio off the line: in between they would break a record.
-class LineHold {
- public:
-  explicit LineHold(MainTimer& ticks) : holders(ticks.LineHolders) { ++holders; }
-  ~LineHold() { --holders; }
-  LineHold(const LineHold&) = delete;
-  LineHold& operator=(const LineHold&) = delete;
-
- private:
-  int& holders;
-};
-
 }  // namespace
 
 // Whatever ends the flow, its entries work again afterwards, but for a link that was disconnected.
@@ -56,14 +44,16 @@ class FirmwareUpgrade::Run {
 };
 
 FirmwareUpgrade::FirmwareUpgrade(Platform& machine, Session& shared, frmOrvalent& window,
-                                 Connection& link, MainTimer& timer)
-    : platform(machine), session(shared), main(window), connection(link), ticks(timer) {}
+                                 Connection& link, Conversation& conversation)
+    : platform(machine), session(shared), main(window), connection(link), radio(conversation) {}
 
 void FirmwareUpgrade::Wire() {
   // Inside a read its replies would be taken for the loader's, and inside a connect the one at the
   // end would not come about.
   const auto wire = [this](Clickable& entry) {
-    entry.OnClick = [this, &entry] { ticks.WhenFree(entry, [this] { mnuSendText_Click(); }); };
+    entry.OnClick = [this, &entry] {
+      radio.Turns.WhenFree(entry, [this] { mnuSendText_Click(); });
+    };
   };
   wire(main.mnuSendText);
   wire(main.tbr_TransmitTextFile);
@@ -135,17 +125,17 @@ bool FirmwareUpgrade::AskToContinue(const std::string& doubt) {
 }
 
 bool FirmwareUpgrade::Load(const Chosen& chosen) {
-  const LineHold held(ticks);
+  const LineTurns::Turn turn(radio.Turns);
   loading = true;
   struct Ended {
     bool& flag;
     ~Ended() { flag = false; }
   } ended{loading};
   try {
-    LoaderEntry entry(platform, session, main, connection);
-    if (!AtLoaderPrompt(session) && !entry.Enter(chosen.Version)) return false;
-    if (!AtLoaderPrompt(session)) return false;
-    const std::string missing = FirmwareTransfer(platform, session, main).Run(chosen.Path);
+    LoaderEntry entry(platform, session, main, connection, radio);
+    if (!AtLoaderPrompt(radio) && !entry.Enter(chosen.Version)) return false;
+    if (!AtLoaderPrompt(radio)) return false;
+    const std::string missing = FirmwareTransfer(platform, session, main, radio).Run(chosen.Path);
     Judge(missing);
     EndSession();
     return true;
@@ -160,7 +150,7 @@ void FirmwareUpgrade::Judge(const std::string& missing) {
   platform.Events.Pump();
   platform.Events.Sleep(Milliseconds(500));
   if (Contains(session.RxBuffer, "PROGRAMMED OK")) {
-    platform.MSComm1.Output("EXIT\r");
+    radio.Say("EXIT");
     platform.Dialogs.Message(
         {"Radio programming was successful.", "Programmed OK", Icon::Exclamation});
   } else {

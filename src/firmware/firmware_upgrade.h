@@ -10,7 +10,7 @@
 #include "link/connection.h"
 #include "link/session.h"
 #include "platform/platform.h"
-#include "radio/main_timer.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -20,7 +20,7 @@ namespace quillmark {
 class FirmwareUpgrade {
  public:
   FirmwareUpgrade(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
-                  MainTimer& ticks);
+                  Conversation& radio);
 
   // Joins the menu entry and the toolbar's button to the flow.
   void Wire();
@@ -59,7 +59,7 @@ class FirmwareUpgrade {
   Session& session;
   frmOrvalent& main;
   Connection& connection;
-  MainTimer& ticks;
+  Conversation& radio;
   bool running = false;
   bool loading = false;
 };

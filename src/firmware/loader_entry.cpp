@@ -4,7 +4,7 @@
 
 #include "firmware/frmProgram.h"
 #include "prefs/utilities.h"
-#include "radio/command_exchange.h"
+#include "radio/wake.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -14,25 +14,25 @@ namespace {
 constexpr std::string_view question = "ARE YOU SURE?";
 constexpr Duration longestAnswer = Seconds(3);
 constexpr int erasingSteps = 10;
-constexpr int promptAttempts = 30;
 
 }  // namespace
 
-LoaderEntry::LoaderEntry(Platform& machine, Session& shared, frmOrvalent& window, Connection& link)
-    : platform(machine), session(shared), main(window), connection(link) {}
+LoaderEntry::LoaderEntry(Platform& machine, Session& shared, frmOrvalent& window, Connection& link,
+                         Conversation& conversation)
+    : platform(machine), session(shared), main(window), connection(link), radio(conversation) {}
 
-bool AtLoaderPrompt(const Session& session) { return EndsWithAnyCase(session.RxBuffer, "LOADER>"); }
+bool AtLoaderPrompt(const Conversation& radio) { return radio.LastPrompt() == PromptKind::Loader; }
 
 bool LoaderEntry::Enter(const std::string& newVersion) {
-  CommandExchange(session, platform.MSComm1, platform.Events, "PROGRAM", question, longestAnswer);
+  radio.CommandExchange("PROGRAM", question, longestAnswer);
   // A radio that was in its loader all the time does not ask.
   if (!Contains(session.RxBuffer, question)) return true;
   if (!UserConfirms(newVersion)) {
-    platform.MSComm1.Output("NO\r");
+    radio.Say("NO");
     session.TransferStop = true;
     return false;
   }
-  platform.MSComm1.Output("YES\r");
+  radio.Say("YES");
   WaitMilliseconds(platform.Events, 2000);
   ShowErasing();
   if (!RecoverPrompt()) {
@@ -72,19 +72,16 @@ void LoaderEntry::ShowErasing() {
 }
 
 bool LoaderEntry::RecoverPrompt() {
-  session.RxBuffer = "";
-  for (int attempt = 0; attempt < promptAttempts; ++attempt) {
-    platform.Events.Pump();
-    platform.MSComm1.Output("\x1B\r\n");
-    platform.Events.Sleep(Milliseconds(static_cast<int>(platform.Random.Next() * 701) + 400));
-    for (int burst = 0; burst < 4; ++burst) {
-      platform.MSComm1.Output("\r\r");
-      platform.Events.Sleep(Milliseconds(100));
-    }
-    main.txtTerm.Text = main.txtTerm.Text() + ">";
-    if (EndsWithAnyCase(session.RxBuffer, ">")) return true;
-  }
-  return false;
+  constexpr int lastBurst = 3;
+  radio.Clear();
+  // One mark for each round.
+  const auto mark = [this](int, int burst) {
+    if (burst == lastBurst) main.txtTerm.Text = main.txtTerm.Text() + ">";
+  };
+  return WakeRadio(platform, radio,
+                   {.Pump = [this] { platform.Events.Pump(); },
+                    .Cancelled = [] { return false; },
+                    .Sent = mark}) == WakeEnd::Awake;
 }
 
 }  // namespace quillmark

@@ -6,6 +6,7 @@
 #include "link/connection.h"
 #include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -14,7 +15,8 @@ namespace quillmark {
 // it outlives it. Throws SerialError.
 class LoaderEntry {
  public:
-  LoaderEntry(Platform& platform, Session& session, frmOrvalent& main, Connection& connection);
+  LoaderEntry(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
+              Conversation& radio);
 
   // False when the upgrade is over: the user said No, or the radio did not wake up. On True
   // RxBuffer tells whether the radio is in its loader.
@@ -29,9 +31,10 @@ class LoaderEntry {
   Session& session;
   frmOrvalent& main;
   Connection& connection;
+  Conversation& radio;
 };
 
-// Whether the radio shows its loader's prompt.
-bool AtLoaderPrompt(const Session& session);
+// Whether the last prompt that the radio has shown is that of its loader.
+bool AtLoaderPrompt(const Conversation& radio);
 
 }  // namespace quillmark

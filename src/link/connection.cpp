@@ -2,65 +2,40 @@
 
 #include <initializer_list>
 #include <string>
-#include <utility>
 
 #include "config/presets.h"
-#include "link/echo.h"
 #include "link/serial_failure.h"
 #include "prefs/utilities.h"
+#include "radio/wake.h"
+#include "text/raised.h"
 #include "text/text.h"
 
 namespace quillmark {
 
 namespace {
 
-constexpr int wakeRounds = 30;
 constexpr int pumpsBeforeConnect = 11;
 constexpr Duration keepAliveInterval = Seconds(240);
 
-// Holds a flag up for the length of a block.
-class Raised {
- public:
-  explicit Raised(bool& flag) : flag(flag) { flag = true; }
-  ~Raised() { flag = false; }
-  Raised(const Raised&) = delete;
-  Raised& operator=(const Raised&) = delete;
-
- private:
-  bool& flag;
-};
-
 }  // namespace
 
-Connection::Connection(Platform& machine, Session& shared, frmOrvalent& window)
-    : platform(machine), session(shared), main(window) {}
+Connection::Connection(Platform& machine, Session& shared, frmOrvalent& window,
+                       Conversation& conversation)
+    : platform(machine), session(shared), main(window), radio(conversation) {}
 
 // A second connect in the middle of one would wake the radio under the first one's feet.
 void Connection::ConnectRadio() {
   if (connecting) return;
-  {
-    const Raised underWay(connecting);
-    WithLinkErrors(platform.Dialogs, [this] { Connect(); });
-  }
-  RunDeferred();
+  const Raised underWay(connecting);
+  const LineTurns::Turn turn(radio.Turns);
+  WithLinkErrors(platform.Dialogs, [this] { Connect(); });
 }
 
 void Connection::mnuOpen_Click() {
   if (connecting) return;
-  {
-    const Raised underWay(connecting);
-    Open();
-  }
-  RunDeferred();
-}
-
-void Connection::AfterConnect(std::function<void()> act) {
-  deferred = std::move(act);
-  if (!connecting) RunDeferred();
-}
-
-void Connection::RunDeferred() {
-  if (const auto act = std::exchange(deferred, nullptr)) act();
+  const Raised underWay(connecting);
+  const LineTurns::Turn turn(radio.Turns);
+  Open();
 }
 
 void Connection::Connect() {
@@ -78,7 +53,6 @@ void Connection::Connect() {
 void Connection::Open() {
   main.ConnectCancelled = false;
   main.NotConnected = false;
-  main.SecretReplies = 0;
   try {
     OpenAndWake();
   } catch (const SerialError& error) {
@@ -101,6 +75,7 @@ void Connection::OpenAndWake() {
   SerialPort& port = platform.MSComm1;
   if (port.PortOpen()) SendClos();
   main.EchoIsOff = false;
+  radio.Restart();
   port.SetPortOpen(!port.PortOpen());
   main.mnuOpen.Checked = port.PortOpen();
   if (!port.PortOpen()) {
@@ -112,7 +87,7 @@ void Connection::OpenAndWake() {
   main.pnl_Settings.Text = "Settings: " + port.Settings();
   WakeLink();
   if (main.NotConnected) return;
-  if (EndsWithAnyCase(session.RxBuffer, "SETUP>")) port.Output("QUIT\r");
+  if (EndsWithAnyCase(session.RxBuffer, "SETUP>")) radio.Say("QUIT");
   ResetPort();
   ShowConnected();
   AwaitPrompt();
@@ -131,7 +106,7 @@ void Connection::ResetPort() {
   SerialPort& port = platform.MSComm1;
   main.txtTerm.Text = "";
   main.DiscardReceived = true;
-  session.RxBuffer = " ";
+  radio.Prime();
   struct KeepAgain {
     bool& flag;
     ~KeepAgain() { flag = false; }
@@ -140,8 +115,8 @@ void Connection::ResetPort() {
   WaitMilliseconds(platform.Events, 100);
   port.SetPortOpen(true);
   WaitMilliseconds(platform.Events, 100);
-  port.Output("\r");
-  port.Output("OPEN\r");
+  radio.Say("");
+  radio.Say("OPEN");
   main.txtTerm.Text = "Connected";
 }
 
@@ -154,14 +129,13 @@ void Connection::ShowConnected() {
 }
 
 void Connection::AwaitPrompt() {
-  platform.MSComm1.Output("\r");
+  radio.Say("");
   main.LoginProbePending = true;
   main.DiscardReceived = false;
   main.NextKeepAlive = platform.Events.Now() + keepAliveInterval;
   StartConnectTimer();
-  session.RxBuffer = " ";
-  WaitUntil(platform.Events, Seconds(4),
-            [this] { return Contains(session.RxBuffer, ">") || !platform.MSComm1.PortOpen(); });
+  radio.Prime();
+  radio.AwaitText(Seconds(4), [this] { return Contains(session.RxBuffer, ">"); });
   if (!platform.MSComm1.PortOpen()) return;
   if (Contains(session.RxBuffer, "LOADER>")) {
     session.RefreshRequested = false;
@@ -178,7 +152,7 @@ void Connection::AwaitPrompt() {
 
 void Connection::WakeLink() {
   if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);
-  session.RxBuffer = "";
+  radio.Clear();
   if (main.NotConnected) {
     main.TerminalEcho = true;
     return;
@@ -188,43 +162,32 @@ void Connection::WakeLink() {
     bool& flag;
     ~EchoAgain() { flag = true; }
   } echoAgain{main.TerminalEcho};
-  for (int tries = 0; tries < wakeRounds; ++tries) {
-    if (!WakeRound(tries)) continue;
-    // The dots have told their tale.
-    if (!main.ConnectCancelled) main.Timer2.Enabled = true;
-    return;
-  }
+  const WakeEnd end =
+      WakeRadio(platform, radio,
+                {.Pump = [this] { platform.Events.Pump(); },
+                 .Cancelled = [this] { return main.ConnectCancelled; },
+                 .Sent = [this](int round, int burst) { ShowWaking(round + burst); }});
+  if (end == WakeEnd::Cancelled) main.txtTerm.Text = "Disconnected";
+  // Clear the status after 2 s.
+  if (end == WakeEnd::Awake && !main.ConnectCancelled) main.Timer2.Enabled = true;
+  if (end != WakeEnd::NoAnswer) return;
   DisconnectRadio();
   main.txtTerm.Text = "Error. Please reconnect.";
   main.pnl_Status.Text = "Status: Error. Please reconnect.";
   main.NotConnected = true;
 }
 
-// True when the attempt is over: the radio has answered, or the user has cancelled.
-bool Connection::WakeRound(int tries) {
-  const auto cancelled = [this] {
-    if (main.ConnectCancelled) main.txtTerm.Text = "Disconnected";
-    return main.ConnectCancelled;
-  };
-  platform.Events.Pump();
-  if (cancelled()) return true;
-  platform.MSComm1.Output("\x1B\r\n");
-  WaitMilliseconds(platform.Events, static_cast<int>(platform.Random.Next() * 701) + 400);
-  for (int inner = 0; inner < 4; ++inner) {
-    if (cancelled()) return true;
-    platform.MSComm1.Output("\r\r");
-    WaitMilliseconds(platform.Events, 100);
-    const std::string dots(static_cast<std::size_t>(tries + inner), '.');
-    main.txtTerm.Text = "Connecting" + dots;
-    main.pnl_Status.Text = "Status: Connecting...." + dots;
-  }
-  return EndsWithAnyCase(session.RxBuffer, ">");
+void Connection::ShowWaking(int dots) {
+  const std::string text(static_cast<std::size_t>(dots), '.');
+  main.txtTerm.Text = "Connecting" + text;
+  main.pnl_Status.Text = "Status: Connecting...." + text;
 }
 
 void Connection::SendClos() {
-  // A radio must not be left without its echo.
-  if (main.EchoIsOff) SwitchEcho(platform.MSComm1, main, true);
-  platform.MSComm1.Output("CLOS\r");
+  // A radio must not be left without its echo; nobody is there to wait for it.
+  if (main.EchoIsOff) radio.Say("eeco");
+  main.EchoIsOff = false;
+  radio.Say("CLOS");
   main.txtTerm.Text = main.txtTerm.Text() +
                       "*** CLOS command sent to the radio before disabling the COMM port. ***\r\n";
   platform.MSComm1.SetPortOpen(false);
@@ -251,6 +214,9 @@ void Connection::DisconnectRadio() {
 }
 
 void Connection::ShowDisconnected() {
+  // What was asked for meant the radio that is gone.
+  radio.Restart();
+  radio.Turns.Forget();
   for (Control* control : std::initializer_list<Control*>{
            &main.tbr_TransmitTextFile, &main.tbr_Disconnect, &main.tbr_Login, &main.tbr_Logout}) {
     control->Enabled = false;
@@ -265,7 +231,7 @@ void Connection::ShowDisconnected() {
 
 void Connection::LogoutRadio() {
   WithLinkErrors(platform.Dialogs, [this] {
-    platform.MSComm1.Output("PASS NONE\r");
+    radio.Say("PASS NONE");
     main.tbr_Login.Enabled = true;
     main.tbr_Logout.Enabled = false;
     main.txtTerm.Text = "*** LOGGED OUT ***";

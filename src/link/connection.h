@@ -1,10 +1,9 @@
 #pragma once
 
-#include <functional>
-
 #include "app/frmOrvalent.h"
 #include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -14,7 +13,7 @@ namespace quillmark {
 // meet.
 class Connection {
  public:
-  Connection(Platform& platform, Session& session, frmOrvalent& main);
+  Connection(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
 
   void ConnectRadio();
   void DisconnectRadio();
@@ -40,20 +39,16 @@ class Connection {
 
   // A connect is under way: no read of the radio may start in the middle of it.
   bool Connecting() const { return connecting; }
-  // Runs it now, or when the connect that is under way has ended: for what must not come into the
-  // middle of one, and may end in another. Only the last one asked for is kept.
-  void AfterConnect(std::function<void()> act);
 
  private:
   void Connect();
   void Open();
-  void RunDeferred();
   void OpenAndWake();
   void ShowPortClosed();
   void ResetPort();
   void AwaitPrompt();
   void SendClos();
-  bool WakeRound(int tries);
+  void ShowWaking(int dots);
   void ShowConnected();
   void EnableRadioMenus(bool enabled);
   void EnableQuickTasks(bool enabled);
@@ -62,8 +57,8 @@ class Connection {
   Platform& platform;
   Session& session;
   frmOrvalent& main;
+  Conversation& radio;
   bool connecting = false;
-  std::function<void()> deferred;
 };
 
 }  // namespace quillmark

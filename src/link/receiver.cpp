@@ -1,6 +1,7 @@
 #include "link/receiver.h"
 
 #include <string_view>
+#include <utility>
 
 #include "link/comm_events.h"
 #include "link/connection.h"
@@ -16,7 +17,7 @@ constexpr char backspace = 8;
 constexpr const char* vanishedDetails =
     "The serial adapter was unplugged, or its driver gave it up. Plug it in again, then click "
     "Connect...";
-constexpr std::size_t longestPromptLine = 16;  // a line end and a prompt, with room to spare
+constexpr std::size_t mostTyped = 4096;  // characters that wait for the line
 
 // Each backspace takes the character in front of it away; one that has none there is told by
 // `reachesBack`.
@@ -47,8 +48,13 @@ std::string WithTerminalLineEnds(std::string_view data) {
 }  // namespace
 
 Receiver::Receiver(Platform& machine, Session& shared, frmOrvalent& window, Connection& link,
-                   TerminalLog& terminalLog)
-    : platform(machine), session(shared), main(window), connection(link), log(terminalLog) {}
+                   Conversation& conversation, TerminalLog& terminalLog)
+    : platform(machine),
+      session(shared),
+      main(window),
+      connection(link),
+      radio(conversation),
+      log(terminalLog) {}
 
 void Receiver::MSComm1_OnComm() {
   // A scripted run reads the port itself; that the port is gone concerns everybody.
@@ -105,32 +111,17 @@ void Receiver::ReportError(const std::string& wording) {
   main.Timer2.Enabled = true;
 }
 
-// A radio may echo a secret against its orders: nothing of its reply is shown or logged. The reply
-// ends at the prompt, which stands at the head of a line.
-std::string Receiver::BehindSecretReplies(const std::string& data) {
-  for (std::size_t at = 0; at < data.size(); ++at) {
-    if (secretLine.size() < longestPromptLine) secretLine += data[at];
-    const bool prompted =
-        secretLine == "\n>" || secretLine == "\nSETUP>" || secretLine == "\nLOADER>";
-    if (data[at] == '\n') secretLine = "\n";
-    if (!prompted) continue;
-    secretLine.clear();
-    if (--main.SecretReplies == 0) return data.substr(at + 1);
-  }
-  return {};
-}
-
 void Receiver::ReceiveText(TextBox& term, std::string& data) {
   if (main.DiscardReceived) {
-    session.RxBuffer = " ";
+    radio.Discard(data);
     data = " ";
+  } else {
+    data = radio.Hear(data);
   }
   // More than once only behind an arrival larger than the cut.
   while (term.Text().size() > terminalLimit) term.Text = term.Text().substr(terminalCut);
   const std::size_t termLength = term.Text().size();
-  session.RxBuffer.Append(data);
   if (session.RxBuffer.HoldsClosed()) connection.DisableRadioActions();
-  if (main.SecretReplies > 0) data = BehindSecretReplies(data);
   term.SetSelStart(termLength);
   bool reachesBack = false;
   data = WithoutBackspaces(data, reachesBack);
@@ -148,12 +139,28 @@ char Receiver::txtTerm_KeyPress(char key) {
   if (!platform.MSComm1.PortOpen()) return key;
   // Half a line in front of a password would make it something else.
   if (main.SecretWindows > 0) return 0;
-  // Nor may it come into a run that has the line to itself.
-  if (main.DirectPortMode || main.LineHolders > 0) return 0;
-  WithLinkErrors(platform.Dialogs, [&] { platform.MSComm1.Output(std::string(1, key)); });
+  SendTyped(key);
   if (session.LocalEcho) return key;
   main.txtTerm.SetSelStart(main.txtTerm.Text().size());
   return 0;
+}
+
+// Characters that come into somebody's exchange wait for its end, all in one piece.
+void Receiver::SendTyped(char key) {
+  // What was typed at another link is not meant for this one.
+  if (typedEpoch != radio.Epoch()) typed.clear();
+  typedEpoch = radio.Epoch();
+  if (typed.size() == mostTyped) {
+    platform.Desktop.Beep();
+    return;
+  }
+  typed += key;
+  if (typed.size() > 1) return;
+  radio.Turns.WhenFree([this] {
+    const std::string characters = std::exchange(typed, {});
+    if (characters.empty() || !platform.MSComm1.PortOpen()) return;
+    WithLinkErrors(platform.Dialogs, [&] { radio.SayBytes(characters); });
+  });
 }
 
 }  // namespace quillmark

@@ -6,6 +6,7 @@
 #include "link/session.h"
 #include "link/terminal_log.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -16,17 +17,18 @@ class Connection;
 class Receiver {
  public:
   Receiver(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
-           TerminalLog& log);
+           Conversation& radio, TerminalLog& log);
 
   void MSComm1_OnComm();
   // Appends what came to RxBuffer as it is, and filtered to the text box and the log; `data` is
   // changed by the filters.
   void ReceiveText(TextBox& term, std::string& data);
   // A key typed into the terminal goes to the radio while the port is open, else into the box.
+  // While somebody else has the line it waits.
   char txtTerm_KeyPress(char key);
 
  private:
-  std::string BehindSecretReplies(const std::string& data);
+  void SendTyped(char key);
   void ShowCommStatusText(const std::string& wording);
   void ReportError(const std::string& wording);
 
@@ -34,11 +36,13 @@ class Receiver {
   Session& session;
   frmOrvalent& main;
   Connection& connection;
+  Conversation& radio;
   TerminalLog& log;
   std::string CommEventText;
   std::string CommErrorText;
   std::string ReceiveChunk;
-  std::string secretLine;  // the head of the line that a secret's reply is at
+  std::string typed;   // and not sent so far
+  int typedEpoch = 0;  // of the link that it was typed at
   bool errorBoxUp = false;
 };
 

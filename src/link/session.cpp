@@ -1,6 +1,7 @@
 #include "link/session.h"
 
 #include "text/numbers.h"
+#include "text/text.h"
 
 namespace quillmark {
 
@@ -14,6 +15,20 @@ bool Revision::AtLeast(double threshold) const {
 bool Revision::Below(double threshold) const {
   const auto number = Number();
   return number && *number < threshold;
+}
+
+std::string VersionIn(std::string_view value) {
+  constexpr std::ptrdiff_t position = 13;
+  constexpr std::ptrdiff_t length = 5;
+  return Mid(value, position, length).value_or("");
+}
+
+Revision RevisionOf(std::string_view version) {
+  Revision revision;
+  if (!version.empty()) revision.Text += version.front();
+  if (version.size() > 2) revision.Text += version[2];
+  if (!version.empty()) revision.Text += version.back();
+  return revision;
 }
 
 }  // namespace quillmark

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "link/received_text.h"
 #include "platform/event_loop.h"
@@ -21,6 +22,12 @@ struct Revision {
   // True when the revision is known and lies below the threshold.
   bool Below(double threshold) const;
 };
+
+// The revision in the value of a reply to "srev": it stands behind a part number of ten characters
+// and its line end, as five characters such as 3.2.0.
+std::string VersionIn(std::string_view value);
+// Its first, third and last character.
+Revision RevisionOf(std::string_view version);
 
 // The values that every window shares; they live for the whole run.
 struct Session {
@@ -47,7 +54,6 @@ struct LinkState {
   bool TerminalEcho = true;             // received text goes into the terminal
   bool DiscardReceived = false;         // received text is thrown away
   bool EchoIsOff = false;               // the radio's, by our own "deco"
-  int SecretReplies = 0;                // so many replies are neither shown nor logged
   int SecretWindows = 0;                // so many windows have the line to themselves for a secret
   int LineHolders = 0;                  // so many windows or runs keep reads and keep-alives off
   bool LinkLetGo = false;               // the user closed it: a run that is under way ends with it

@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <string>
-#include <utility>
 
 #include "link/serial_failure.h"
 
@@ -25,57 +24,17 @@ std::string ClockText(std::int64_t seconds) {
 }  // namespace
 
 MainTimer::MainTimer(Platform& machine, Session& shared, frmOrvalent& window, Connection& link,
-                     ReadCycle& cycle)
+                     ReadCycle& cycle, Conversation& conversation)
     : LineHolders(window.LineHolders),
       platform(machine),
       session(shared),
       main(window),
       connection(link),
-      readCycle(cycle) {}
-
-bool MainTimer::LineHeld() const {
-  return main.DirectPortMode || LineHolders > 0 || main.SecretWindows > 0 ||
-         connection.Connecting();
-}
+      readCycle(cycle),
+      radio(conversation) {}
 
 void MainTimer::Timer1_Timer() {
-  ticking = true;
-  struct Ended {
-    bool& flag;
-    ~Ended() { flag = false; }
-  };
-  {
-    const Ended ended{ticking};
-    WithLinkErrors(platform.Dialogs, [this] { OneSecond(); });
-  }
-  if (deferred) platform.Events.StartTimer(*this, Milliseconds(1));
-}
-
-MainTimer::~MainTimer() { platform.Events.StopTimer(*this); }
-
-void MainTimer::WhenFree(const Control& entry, std::function<void()> act) {
-  AfterTick([this, &entry, act = std::move(act)] {
-    connection.AfterConnect([&entry, act] {
-      if (entry.Reachable()) act();
-    });
-  });
-}
-
-void MainTimer::Tick() {
-  platform.Events.StopTimer(*this);
-  // The end of this tick starts it again.
-  if (ticking) return;
-  if (const auto act = std::exchange(deferred, nullptr)) act();
-}
-
-void MainTimer::AfterTick(std::function<void()> act) {
-  if (ticking) {
-    deferred = std::move(act);
-  } else {
-    // An earlier one that is still to come would come into the middle of this one.
-    deferred = nullptr;
-    act();
-  }
+  WithLinkErrors(platform.Dialogs, [this] { OneSecond(); });
 }
 
 void MainTimer::OneSecond() {
@@ -90,9 +49,11 @@ void MainTimer::OneSecond() {
     main.ConnectOnLaunchPending = false;
     connection.ConnectRadio();
   }
-  if (LineHeld()) return;
+  // What the user has asked for goes first.
+  if (!radio.Turns.Idle() || connection.Connecting()) return;
   KeepAlive();
   if (platform.MSComm1.PortOpen() && session.RefreshRequested) {
+    const LineTurns::Turn turn(radio.Turns);
     readCycle.Run();
     if (OnReadCycleDone) OnReadCycleDone();
   }
@@ -107,7 +68,7 @@ void MainTimer::KeepAlive() {
   if (main.KeepAliveCount == keepAliveLimit) {
     session.RefreshRequested = true;
   } else {
-    platform.MSComm1.Output("\r");
+    radio.Say("");
     ++main.KeepAliveCount;
   }
 }

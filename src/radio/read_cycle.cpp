@@ -2,10 +2,8 @@
 
 #include <array>
 
-#include "link/echo.h"
 #include "prefs/utilities.h"
-#include "radio/command_exchange.h"
-#include "radio/reply.h"
+#include "radio/login_probe.h"
 #include "radio/view_rules.h"
 #include "text/text.h"
 
@@ -17,65 +15,72 @@ constexpr Duration readTimeOut = Seconds(4);
 constexpr std::string_view notAvailable = "NOT AVAILABLE";
 
 enum class Gate { Always, From200, Below200, From200Known, From300, From320, NotRemote };
-enum class Then { Nothing, EchoRepair, Revision, LoginProbe, ModeRules, RtuRule };
+enum class Then { Nothing, Revision, LoginProbe, ModeRules, RtuRule };
+
+}  // namespace
 
 struct ReadRow {
   const char* Word;
   SettingRow SettingsRows::*Row;
+  const char* Opening = "";  // what the reply begins with; empty: any text
   Gate When = Gate::Always;
   const char* Refusal = "";  // a reply that holds it puts "NOT AVAILABLE" into the row
   Then Step = Then::Nothing;
   bool Pause = false;
 };
 
+namespace {
+
 // clang-format off
 constexpr std::array<ReadRow, 40> reads{{
-    {"ser", &SettingsRows::SerialNumber, Gate::Always, "", Then::EchoRepair},
-    {"unit", &SettingsRows::UnitAddr},
-    {"srev", &SettingsRows::SoftwareRev, Gate::Always, "", Then::Revision},
-    {"own", &SettingsRows::OwnerName, Gate::Always, "", Then::LoginProbe, true},
-    {"owm", &SettingsRows::OwnerMessage},
-    {"temp", &SettingsRows::Temperature},
-    {"alrm", &SettingsRows::AlarmInfo, Gate::Always, "", Then::Nothing, true},
-    {"mode", &SettingsRows::Mode, Gate::Always, "", Then::ModeRules},
-    {"pwr", &SettingsRows::PowerLevel},
-    {"baud", &SettingsRows::BaudRate},
-    {"port", &SettingsRows::Port, Gate::Always, "", Then::Nothing, true},
-    {"device", &SettingsRows::DeviceType},
-    {"amask", &SettingsRows::AlarmMask},
-    {"asense", &SettingsRows::AlarmSense, Gate::Always, "", Then::Nothing, true},
-    {"cts", &SettingsRows::CTSdelay},
-    {"ctshold", &SettingsRows::CTSHOLDdelay},
-    {"rxtot", &SettingsRows::RxTimeOut, Gate::Always, "", Then::Nothing, true},
-    {"rxd", &SettingsRows::RXD, Gate::From300},
-    {"sleep", &SettingsRows::SleepMode},
-    {"lpmhold", &SettingsRows::LPMHOLD, Gate::From320, "SELECTED OPTION", Then::Nothing, true},
-    {"addr", &SettingsRows::NetworkAddress},
-    {"csaddr", &SettingsRows::CSADDR, Gate::From300, "n/a"},
-    {"hoptime", &SettingsRows::HopTime},
-    {"skip", &SettingsRows::SkippedZones},
-    {"lpm", &SettingsRows::LPM, Gate::From320, "SELECTED OPTION", Then::Nothing, true},
-    {"repeat", &SettingsRows::RepeatCount, Gate::Always, "PROGRAMMABLE ONLY"},
-    {"retry", &SettingsRows::RetryCount},
-    {"fec", &SettingsRows::FEC},
-    {"buff", &SettingsRows::DataBuff, Gate::Always, "", Then::Nothing, true},
-    {"saf", &SettingsRows::StoreAndForward},
-    {"xaddr", &SettingsRows::XADDR, Gate::NotRemote},
-    {"xmin", &SettingsRows::XMIN, Gate::Below200},
-    {"xmax", &SettingsRows::XMAX, Gate::Below200},
-    {"xpri", &SettingsRows::XPRI, Gate::From200Known},
-    {"xrssi", &SettingsRows::XRSSI, Gate::From200Known},
-    {"show sync", &SettingsRows::ShowSync, Gate::Always, "", Then::Nothing, true},
-    {"dtype", &SettingsRows::DTYPE, Gate::From200},
-    {"dlink", &SettingsRows::DLINK, Gate::From200},
-    {"rtu", &SettingsRows::SoftRTU, Gate::From200, "", Then::RtuRule},
-    {"options", &SettingsRows::DiagOptions, Gate::Always, "", Then::Nothing, true},
+    {.Word = "ser", .Row = &SettingsRows::SerialNumber, .Opening = "SN"},
+    {.Word = "unit", .Row = &SettingsRows::UnitAddr, .Opening = "UNIT"},
+    {.Word = "srev", .Row = &SettingsRows::SoftwareRev, .Step = Then::Revision},
+    {.Word = "own", .Row = &SettingsRows::OwnerName, .Step = Then::LoginProbe, .Pause = true},
+    {.Word = "owm", .Row = &SettingsRows::OwnerMessage},
+    {.Word = "temp", .Row = &SettingsRows::Temperature},
+    {.Word = "alrm", .Row = &SettingsRows::AlarmInfo, .Pause = true},
+    {.Word = "mode", .Row = &SettingsRows::Mode, .Opening = "MODE", .Step = Then::ModeRules},
+    {.Word = "pwr", .Row = &SettingsRows::PowerLevel, .Opening = "PWR"},
+    {.Word = "baud", .Row = &SettingsRows::BaudRate, .Opening = "BAUD"},
+    {.Word = "port", .Row = &SettingsRows::Port, .Opening = "PORT", .Pause = true},
+    {.Word = "device", .Row = &SettingsRows::DeviceType, .Opening = "DEVICE"},
+    {.Word = "amask", .Row = &SettingsRows::AlarmMask, .Opening = "MASK"},
+    {.Word = "asense", .Row = &SettingsRows::AlarmSense, .Opening = "ALARM", .Pause = true},
+    {.Word = "cts", .Row = &SettingsRows::CTSdelay, .Opening = "CTS"},
+    {.Word = "ctshold", .Row = &SettingsRows::CTSHOLDdelay, .Opening = "CTSHOLD"},
+    {.Word = "rxtot", .Row = &SettingsRows::RxTimeOut, .Opening = "RXTOT", .Pause = true},
+    {.Word = "rxd", .Row = &SettingsRows::RXD, .Opening = "RXD", .When = Gate::From300},
+    {.Word = "sleep", .Row = &SettingsRows::SleepMode, .Opening = "SLEEP"},
+    {.Word = "lpmhold", .Row = &SettingsRows::LPMHOLD, .Opening = "LPMHOLD", .When = Gate::From320,
+     .Refusal = "SELECTED OPTION", .Pause = true},
+    {.Word = "addr", .Row = &SettingsRows::NetworkAddress, .Opening = "ADDR"},
+    {.Word = "csaddr", .Row = &SettingsRows::CSADDR, .Opening = "CSADDR", .When = Gate::From300, .Refusal = "n/a"},
+    {.Word = "hoptime", .Row = &SettingsRows::HopTime, .Opening = "HOPTIME"},
+    {.Word = "skip", .Row = &SettingsRows::SkippedZones, .Opening = "SKIP"},
+    {.Word = "lpm", .Row = &SettingsRows::LPM, .Opening = "LPM", .When = Gate::From320,
+     .Refusal = "SELECTED OPTION", .Pause = true},
+    {.Word = "repeat", .Row = &SettingsRows::RepeatCount, .Opening = "REPEAT", .Refusal = "PROGRAMMABLE ONLY"},
+    {.Word = "retry", .Row = &SettingsRows::RetryCount, .Opening = "RETRY"},
+    {.Word = "fec", .Row = &SettingsRows::FEC, .Opening = "FEC"},
+    {.Word = "buff", .Row = &SettingsRows::DataBuff, .Opening = "BUFF", .Pause = true},
+    {.Word = "saf", .Row = &SettingsRows::StoreAndForward, .Opening = "SAF"},
+    {.Word = "xaddr", .Row = &SettingsRows::XADDR, .Opening = "XADDR", .When = Gate::NotRemote},
+    {.Word = "xmin", .Row = &SettingsRows::XMIN, .Opening = "XMIN", .When = Gate::Below200},
+    {.Word = "xmax", .Row = &SettingsRows::XMAX, .Opening = "XMAX", .When = Gate::Below200},
+    {.Word = "xpri", .Row = &SettingsRows::XPRI, .Opening = "XPRI", .When = Gate::From200Known},
+    {.Word = "xrssi", .Row = &SettingsRows::XRSSI, .Opening = "XRSSI", .When = Gate::From200Known},
+    {.Word = "show sync", .Row = &SettingsRows::ShowSync, .Pause = true},
+    {.Word = "dtype", .Row = &SettingsRows::DTYPE, .Opening = "DTYPE", .When = Gate::From200},
+    {.Word = "dlink", .Row = &SettingsRows::DLINK, .Opening = "DLINK", .When = Gate::From200},
+    {.Word = "rtu", .Row = &SettingsRows::SoftRTU, .Opening = "RTU", .When = Gate::From200, .Step = Then::RtuRule},
+    {.Word = "options", .Row = &SettingsRows::DiagOptions, .Pause = true},
 }};
 // clang-format on
 
 // With an unknown revision all reads run but those of From200Known: nothing may stay unread that
 // the radio might have.
-bool Open(Gate gate, const Revision& revision) {
+bool IsOpen(Gate gate, const Revision& revision) {
   switch (gate) {
     case Gate::From200:
       return !revision.Below(200);
@@ -96,132 +101,77 @@ bool Open(Gate gate, const Revision& revision) {
 
 }  // namespace
 
-ReadCycle::ReadCycle(Platform& machine, Session& shared, frmOrvalent& window, Connection& link)
-    : platform(machine), session(shared), main(window), connection(link) {}
+ReadCycle::ReadCycle(Platform& machine, Session& shared, frmOrvalent& window, Connection& link,
+                     Conversation& conversation)
+    : platform(machine), session(shared), main(window), connection(link), radio(conversation) {}
 
 void ReadCycle::Run() {
   session.RefreshRequested = false;
-  if (CheckRadio()) ReadAll();
-}
-
-void ReadCycle::ReadAll() {
+  const int began = radio.Epoch();
+  if (!CheckRadio()) return;
   for (const ReadRow& read : reads) {
-    SettingRow& row = main.*read.Row;
-    if (read.When == Gate::NotRemote && EqualAnyCase(main.Mode.Text(), "MODE R")) {
-      row.Text = std::string(notAvailable);
-    } else if (Open(read.When, session.SoftwareRevision)) {
-      Read(read.Word, row, read.Refusal);
-      if (read.Step == Then::EchoRepair && !Answered(read.Word) &&
-          Contains(session.RxBuffer, ">")) {
-        RepairEcho();
-        Read(read.Word, row, read.Refusal);
-      }
-      if (read.Step == Then::RtuRule)
-        row.AllowClick(!Contains(session.RxBuffer, "SELECTED OPTION"));
-    }
-    if (read.Step == Then::Revision) TakeRevision();
-    if (read.Step == Then::LoginProbe) ProbeLogin();
-    if (read.Step == Then::ModeRules) {
-      main.ButtonZoneData.Enabled = true;
-      ApplyModeRules(main, session.InSetupMode);
-    }
-    if (read.Pause) Pause80();
+    ReadOne(read);
+    // Somebody has connected anew meanwhile: that brings a read of its own.
+    if (radio.Epoch() != began && radio.Open()) return;
   }
 }
 
+void ReadCycle::ReadOne(const ReadRow& read) {
+  SettingRow& row = main.*read.Row;
+  std::optional<std::string> value;
+  if (read.When == Gate::NotRemote && EqualAnyCase(main.Mode.Text(), "MODE R")) {
+    row.Text = std::string(notAvailable);
+  } else if (IsOpen(read.When, session.SoftwareRevision)) {
+    value = radio.Ask({.Command = read.Word, .Limit = readTimeOut, .Opening = read.Opening});
+    Show(read, value);
+    if (read.Step == Then::RtuRule) row.AllowClick(!Contains(radio.Received(), "SELECTED OPTION"));
+  }
+  if (read.Step == Then::Revision) TakeRevision(value);
+  if (read.Step == Then::LoginProbe && value) FindLoginState(*value);
+  if (read.Step == Then::ModeRules) {
+    main.ButtonZoneData.Enabled = true;
+    ApplyModeRules(main, session.InSetupMode);
+  }
+  if (read.Pause) Pause80();
+}
+
+void ReadCycle::Show(const ReadRow& read, const std::optional<std::string>& value) {
+  if (!value) return;
+  const bool refused = *read.Refusal != '\0' && Contains(*value, read.Refusal);
+  (main.*read.Row).Text = refused ? std::string(notAvailable) : *value;
+}
+
 bool ReadCycle::CheckRadio() {
-  promptOutstanding = false;
-  ownerNameIsWhole = false;
-  CommandExchange(session, platform.MSComm1, platform.Events, "", ">", readTimeOut);
+  radio.Settle();
+  radio.CommandExchange("", ">", readTimeOut);
   // Somebody has let the radio go meanwhile: waking it would open the port behind their back.
-  if (!platform.MSComm1.PortOpen()) return false;
-  if (!Contains(session.RxBuffer, ">")) connection.WakeLink();
-  session.InSetupMode = Contains(session.RxBuffer, "SETUP");
-  const bool inLoader = Contains(session.RxBuffer, "LOADER>");
+  if (!radio.Open()) return false;
+  if (!Contains(radio.Received(), ">")) connection.WakeLink();
+  const bool inLoader = radio.LastPrompt() == PromptKind::Loader;
   Pause80();
   return !inLoader;
 }
 
-bool ReadCycle::Answered(std::string_view word) const {
-  return HasReply(session.RxBuffer, word, session.InSetupMode);
-}
-
-bool ReadCycle::Read(std::string_view word, SettingRow& row, std::string_view refusal) {
-  CommandExchange(session, platform.MSComm1, platform.Events, std::string(word), readTimeOut,
-                  [&] { return Holds(session.RxBuffer, ">") && Answered(word); });
-  const bool answered = Answered(word);
-  if (ReplyIsDoubtful(word, answered) || !answered) return false;
-  if (!refusal.empty() && Contains(session.RxBuffer, refusal)) {
-    row.Text = std::string(notAvailable);
-    return true;
-  }
-  if (auto value = CutReply(session.RxBuffer, word, session.InSetupMode)) {
-    row.Text = std::move(*value);
-    if (&row == &main.OwnerName) {
-      ownerNameIsWhole = ReplyIsWhole(session.RxBuffer, word, session.InSetupMode);
-    }
-  }
-  return true;
-}
-
-// After a command that drew no prompt, the next prompt may end its late reply; shown, it would
-// stand in the wrong row. A second prompt that follows gives it away.
-bool ReadCycle::ReplyIsDoubtful(std::string_view word, bool answered) {
-  if (!answered) {
-    promptOutstanding = !Contains(session.RxBuffer, Prompt(session.InSetupMode));
-    return false;
-  }
-  if (!promptOutstanding) return false;
-  promptOutstanding = false;
-  constexpr Duration grace = Milliseconds(500);
-  return WaitUntil(platform.Events, grace,
-                   [&] { return CountPrompts(session.RxBuffer, word, session.InSetupMode) > 1; });
-}
-
-// A reply without an echo: somebody left the radio's echo off.
-void ReadCycle::RepairEcho() {
-  CommandExchange(session, platform.MSComm1, platform.Events, "eeco", ">", readTimeOut);
-  main.EchoIsOff = false;
-}
-
-// The revision stands behind the echo, a part number of ten characters and their line ends.
-void ReadCycle::TakeRevision() {
-  constexpr std::ptrdiff_t position = 20;
-  const std::string version = Mid(session.RxBuffer, position, 5).value_or("");
-  const auto character = [&version](std::size_t at) {
-    return at < version.size() ? version.substr(at, 1) : std::string();
-  };
-  session.InstalledFirmwareVersion = version;
-  session.SoftwareRevision.Text = character(0) + character(2);
-  if (!version.empty()) session.SoftwareRevision.Text += version.back();
+// A reply without its prompt shows the revision too.
+void ReadCycle::TakeRevision(const std::optional<std::string>& value) {
+  constexpr std::string_view head = " srev\r\n";
+  std::string_view reply = radio.Received();
+  reply.remove_prefix(reply.starts_with(head) ? head.size() : reply.size());
+  session.InstalledFirmwareVersion = VersionIn(value ? *value : reply);
+  session.SoftwareRevision = RevisionOf(session.InstalledFirmwareVersion);
   ApplyRevisionRules(main, session.SoftwareRevision);
 }
 
-// Programs the owner's name with what it holds already: a radio that wants a login refuses that.
-// Runs once for each connect, with the echo off, so that it does not show in the terminal. A name
-// that this cycle has not read to its end would be programmed wrong: the probe then waits for the
-// next cycle.
-void ReadCycle::ProbeLogin() {
-  if (!main.LoginProbePending || !ownerNameIsWhole) return;
-  main.LoginProbePending = false;
-  SwitchEcho(platform.MSComm1, main, false);
-  session.RxBuffer = " ";
-  platform.MSComm1.Output("own " + main.OwnerName.Text() + "\r");
-  WaitUntil(platform.Events, Milliseconds(200), [] { return false; });
-  main.txtTerm.Text = "";
-  const bool denied = Contains(session.RxBuffer, "DENIED");
-  main.tbr_Login.Enabled = denied;
-  main.tbr_Logout.Enabled = !denied;
-  SwitchEcho(platform.MSComm1, main, true);
-  AwaitProbeReplies();
-}
-
-// A slow radio still has its three prompts to give; they must not mix with the replies that follow.
-void ReadCycle::AwaitProbeReplies() {
-  constexpr int commands = 3;
-  promptOutstanding = !WaitUntil(platform.Events, readTimeOut, [this] {
-    return CountPrompts(session.RxBuffer, "", session.InSetupMode) >= commands;
+// Runs once for each connect. A name that can't be confirmed leaves it to the next cycle.
+void ReadCycle::FindLoginState(const std::string& ownerName) {
+  if (!main.LoginProbePending) return;
+  const LoginProbe probe{.Word = "own", .Prefix = "own ", .Wait = Milliseconds(200)};
+  const LoginState state = ProbeLogin(radio, probe, ownerName, [this](LoginState found) {
+    main.txtTerm.Text = "";
+    main.tbr_Login.Enabled = found == LoginState::Denied;
+    main.tbr_Logout.Enabled = found != LoginState::Denied;
   });
+  if (state != LoginState::Unknown) main.LoginProbePending = false;
 }
 
 void ReadCycle::Pause80() {

@@ -1,61 +1,166 @@
 #include "radio/reply.h"
 
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+
 #include "text/text.h"
 
 namespace quillmark {
 
 namespace {
 
-struct Place {
-  std::size_t Echo = 0;    // position of the word
-  std::size_t Prompt = 0;  // position of the prompt behind it, 0 without one
-};
+constexpr std::string_view lineEnd = "\r\n";
+constexpr std::size_t nowhere = std::string_view::npos;
 
-// In setup mode a ">" may stand in a value. A bare prompt at the head of a line still ends it: the
-// radio has left the mode meanwhile.
-std::size_t FindPrompt(std::string_view received, std::size_t from, bool inSetupMode) {
-  const std::size_t prompt = FindAnyCase(received, Prompt(inSetupMode), from);
-  if (!inSetupMode) return prompt;
-  const std::size_t lineEnd = Find(received, "\n>", from);
-  if (lineEnd == 0) return prompt;
-  return prompt == 0 || lineEnd + 1 < prompt ? lineEnd + 1 : prompt;
+struct PromptText {
+  PromptKind Kind;
+  std::string_view Text;
+};
+constexpr std::array<PromptText, 4> prompts{{{PromptKind::Command, ">"},
+                                             {PromptKind::Setup, "SETUP>"},
+                                             {PromptKind::Loader, "LOADER>"},
+                                             {PromptKind::More, "MORE>"}}};
+
+PromptPlace PromptAt(std::string_view text, std::size_t at) {
+  for (const PromptText& each : prompts) {
+    if (text.substr(at).starts_with(each.Text)) return {each.Kind, at, at + each.Text.size()};
+  }
+  return {};
 }
 
-Place FindReply(std::string_view received, std::string_view word, bool inSetupMode) {
-  const std::size_t echo = FindAnyCase(received, word);
-  if (echo == 0) return {};
-  return {echo, FindPrompt(received, echo + word.size(), inSetupMode)};
+bool IsHead(std::string_view text, std::size_t at) {
+  return at == 0 || text[at - 1] == '\n' || (at == 1 && text[0] == ' ');
+}
+
+// The place behind the echo, whose line end may still be on its way.
+std::size_t BehindEcho(std::string_view text, std::string_view command) {
+  if (command.empty()) return text.starts_with(' ') ? 1 : 0;
+  std::size_t promptEnd = nowhere;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const bool head = IsHead(text, at) || at == promptEnd;
+    if (!head) continue;
+    const std::string_view rest = text.substr(at);
+    if (rest.starts_with(command)) {
+      const std::string_view behind = rest.substr(command.size());
+      if (behind.empty() || behind.starts_with('\r') || behind.starts_with('\n'))
+        return at + command.size();
+    }
+    const PromptPlace prompt = PromptAt(text, at);
+    if (prompt.Kind != PromptKind::None) promptEnd = prompt.End;
+  }
+  return nowhere;
+}
+
+// The place where the reply's own text begins, behind prompts that answer earlier lines; the text
+// ahead of it is the echo's line end. A radio may show such a prompt also within the echo, between
+// its letters and its line end.
+std::size_t SkipEarlierPrompts(std::string_view text, std::size_t at, int earlier) {
+  for (int left = earlier; left > 0; --left) {
+    const std::size_t head = text.substr(at).starts_with(lineEnd) ? at + lineEnd.size() : at;
+    const PromptPlace prompt = PromptAt(text.substr(0, text.size()), head);
+    if (prompt.Kind == PromptKind::None) break;
+    // Behind the last prompt so far nothing can be told yet.
+    if (prompt.End == text.size()) break;
+    at = prompt.End;
+  }
+  return at;
+}
+
+Reply Judge(std::string_view body, bool headAhead) {
+  Reply reply;
+  std::string_view rest = body;
+  const bool ahead = rest.starts_with(lineEnd);
+  if (ahead) rest.remove_prefix(lineEnd.size());
+  const PromptPlace prompt = FindPrompt(rest, 0, ahead || headAhead);
+  if (prompt.Kind == PromptKind::None) {
+    // A prompt whose line end was hurt looks like a part of the text.
+    if (rest.ends_with('>')) reply.Came = Reply::State::Damaged;
+    return reply;
+  }
+  reply.Prompt = prompt.Kind;
+  const std::string_view text = rest.substr(0, prompt.At);
+  if (text.empty()) {
+    reply.Came = Reply::State::Bare;
+  } else if ((!ahead && !headAhead) || !text.ends_with(lineEnd)) {
+    reply.Came = Reply::State::Damaged;
+  } else {
+    reply.Came = Reply::State::Whole;
+    reply.Text = text.substr(0, text.size() - lineEnd.size());
+  }
+  return reply;
+}
+
+// A late reply to the same command has brought its echo along, or the radio echoes in spite of all.
+bool BeginsWithEcho(std::string_view text, std::string_view command) {
+  return !command.empty() && text.starts_with(command) &&
+         text.substr(command.size()).starts_with(lineEnd);
+}
+
+bool HoldsAny(std::string_view text, std::initializer_list<std::string_view> wordings) {
+  return std::any_of(wordings.begin(), wordings.end(),
+                     [text](std::string_view words) { return Contains(text, words); });
 }
 
 }  // namespace
 
-std::string_view Prompt(bool inSetupMode) { return inSetupMode ? "SETUP>" : ">"; }
-
-bool HasReply(std::string_view received, std::string_view word, bool inSetupMode) {
-  return FindReply(received, word, inSetupMode).Prompt != 0;
-}
-
-bool ReplyIsWhole(std::string_view received, std::string_view word, bool inSetupMode) {
-  const std::size_t prompt = FindReply(received, word, inSetupMode).Prompt;
-  return prompt > 2 && received.substr(prompt - 3, 2) == "\r\n";
-}
-
-std::optional<std::string> CutReply(std::string_view received, std::string_view word,
-                                    bool inSetupMode) {
-  const Place place = FindReply(received, word, inSetupMode);
-  if (place.Prompt == 0) return std::nullopt;
-  const auto start = static_cast<std::ptrdiff_t>(place.Echo + word.size() + 2);
-  return Mid(received, start, static_cast<std::ptrdiff_t>(place.Prompt) - start - 2);
-}
-
-int CountPrompts(std::string_view received, std::string_view word, bool inSetupMode) {
-  Place place = FindReply(received, word, inSetupMode);
-  int count = 0;
-  while (place.Prompt != 0) {
-    ++count;
-    place.Prompt = FindPrompt(received, place.Prompt + Prompt(inSetupMode).size(), inSetupMode);
+PromptPlace FindPrompt(std::string_view text, std::size_t from, bool fromIsHead) {
+  bool head = fromIsHead;
+  for (std::size_t at = from; at < text.size(); ++at) {
+    if (head) {
+      const PromptPlace prompt = PromptAt(text, at);
+      if (prompt.Kind != PromptKind::None) return prompt;
+    }
+    head = text[at] == '\n';
   }
-  return count;
+  return {};
+}
+
+PromptKind PromptAtEnd(std::string_view text) {
+  if (!text.ends_with('>')) return PromptKind::None;
+  // Prompts may follow each other; the last one counts.
+  const std::size_t line = text.rfind('\n');
+  std::size_t at = line == nowhere ? (text.starts_with(' ') ? 1 : 0) : line + 1;
+  PromptPlace last;
+  while (at < text.size()) {
+    last = PromptAt(text, at);
+    if (last.Kind == PromptKind::None) return PromptKind::None;
+    at = last.End;
+  }
+  return last.Kind;
+}
+
+Reply FindReply(std::string_view received, const ReplyForm& form) {
+  const std::size_t echoEnd =
+      form.Echo ? BehindEcho(received, form.Command) : (received.starts_with(' ') ? 1 : 0);
+  if (echoEnd == nowhere) {
+    Reply reply;
+    if (PromptAtEnd(received) != PromptKind::None) reply.Came = Reply::State::Unechoed;
+    return reply;
+  }
+  const std::size_t start = SkipEarlierPrompts(received, echoEnd, form.EarlierPrompts);
+  Reply reply = Judge(received.substr(start), start != echoEnd);
+  reply.EchoSeen = form.Echo && !form.Command.empty();
+  if (reply.Came == Reply::State::Whole && BeginsWithEcho(reply.Text, form.Command)) {
+    reply.Came = Reply::State::Damaged;
+  }
+  return reply;
+}
+
+std::optional<std::string> ValueOf(const Reply& reply) {
+  const std::size_t end = reply.Text.find('>');
+  if (end == nowhere || reply.Prompt == PromptKind::Setup) return std::string(reply.Text);
+  constexpr std::size_t takenAlong = 2;
+  if (end < takenAlong) return std::nullopt;
+  return std::string(reply.Text.substr(0, end - takenAlong));
+}
+
+bool IsRefusal(std::string_view text) {
+  return HoldsAny(text, {"INVALID COMMAND", "INVALID ENTRY", "ACCESS DENIED"});
+}
+
+bool SaysNoValue(std::string_view text) {
+  return HoldsAny(text, {"n/a", "SELECTED OPTION", "PROGRAMMABLE ONLY", "NOT AVAILABLE"});
 }
 
 }  // namespace quillmark

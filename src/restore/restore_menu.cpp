@@ -1,7 +1,8 @@
 #include "restore/restore_menu.h"
 
-#include "link/echo.h"
 #include "link/serial_failure.h"
+#include "radio/login_probe.h"
+#include "text/raised.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -13,12 +14,13 @@ constexpr Duration probeTime = Milliseconds(300);
 }  // namespace
 
 RestoreMenu::RestoreMenu(Platform& machine, Session& shared, frmOrvalent& mainWindow,
-                         Connection& radioLink, MainTimer& ticks)
+                         Connection& radioLink, MainTimer& ticks, Conversation& conversation)
     : platform(machine),
       session(shared),
       main(mainWindow),
       connection(radioLink),
-      mainTimer(ticks) {}
+      mainTimer(ticks),
+      radio(conversation) {}
 
 RestoreMenu::~RestoreMenu() {
   platform.MSComm2.OnComm = nullptr;
@@ -30,7 +32,7 @@ void RestoreMenu::Wire() {
     if (const auto shown = window.lock()) shown->MSComm2_OnComm();
   };
   main.mnuConfigRestore.OnClick = [this] {
-    mainTimer.WhenFree(main.mnuConfigRestore, [this] {
+    radio.Turns.WhenFree(main.mnuConfigRestore, [this] {
       if (!MayStart || MayStart()) mnuConfigRestore_Click();
     });
   };
@@ -44,7 +46,7 @@ void RestoreMenu::mnuConfigRestore_Click() {
     return;
   }
   WithLinkErrors(platform.Dialogs, [this] {
-    if (platform.MSComm1.PortOpen() && !ProbeLogin()) {
+    if (platform.MSComm1.PortOpen() && !MayBeOpened()) {
       session.RefreshRequested = true;
       return;
     }
@@ -52,36 +54,26 @@ void RestoreMenu::mnuConfigRestore_Click() {
   });
 }
 
-// Programs the network address with what it holds: a radio that wants a login refuses that. The
-// echo is off meanwhile, so that it does not show in the terminal.
-bool RestoreMenu::ProbeLogin() {
-  probing = true;
-  ++mainTimer.LineHolders;
-  struct Ended {
-    RestoreMenu& menu;
-    ~Ended() {
-      menu.probing = false;
-      --menu.mainTimer.LineHolders;
-    }
-  } ended{*this};
-  SwitchEcho(platform.MSComm1, main, false);
-  session.RxBuffer = " ";
-  platform.MSComm1.Output(main.NetworkAddress.Text() + "\r");
-  WaitUntil(platform.Events, probeTime, [this] {
-    return Contains(session.RxBuffer, ">") && Contains(session.RxBuffer, "ACCESS DENIED") &&
-           Contains(session.RxBuffer, "PROGRAMMED OK");
-  });
-  main.txtTerm.Text = "";
+bool RestoreMenu::MayBeOpened() {
+  const Raised underWay(probing);
+  const LineTurns::Turn turn(radio.Turns);
+  const int began = radio.Epoch();
+  const LoginProbe probe{.Word = "addr", .Prefix = "", .Wait = probeTime, .Opening = "ADDR"};
   Answer answer = Answer::Yes;
-  if (Contains(session.RxBuffer, "DENIED")) {
-    answer = platform.Dialogs.Message(
-        {"Warning! You are not currently logged in, and therefore will not be able to reconfigure "
-         "the radio.\rYou will, however, be able to save a configuration file based off of the "
-         "current settings.\r\rWould you like to continue?",
-         "Warning!", Icon::Exclamation, Buttons::YesNo});
-  }
-  SwitchEcho(platform.MSComm1, main, true);
-  return answer == Answer::Yes;
+  ProbeLogin(radio, probe, [&](LoginState found) {
+    main.txtTerm.Text = "";
+    if (found == LoginState::Denied) answer = AskWhetherToOpen();
+  });
+  // The user has let the link go meanwhile.
+  return answer == Answer::Yes && radio.Epoch() == began;
+}
+
+Answer RestoreMenu::AskWhetherToOpen() {
+  return platform.Dialogs.Message(
+      {"Warning! You are not currently logged in, and therefore will not be able to reconfigure "
+       "the radio.\rYou will, however, be able to save a configuration file based off of the "
+       "current settings.\r\rWould you like to continue?",
+       "Warning!", Icon::Exclamation, Buttons::YesNo});
 }
 
 void RestoreMenu::ShowWindow() {

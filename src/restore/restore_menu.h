@@ -17,7 +17,7 @@ namespace quillmark {
 class RestoreMenu {
  public:
   RestoreMenu(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
-              MainTimer& mainTimer);
+              MainTimer& mainTimer, Conversation& radio);
   ~RestoreMenu();
   RestoreMenu(const RestoreMenu&) = delete;
   RestoreMenu& operator=(const RestoreMenu&) = delete;
@@ -33,8 +33,9 @@ class RestoreMenu {
   std::function<bool()> MayStart;
 
  private:
-  // False when the user does not go on.
-  bool ProbeLogin();
+  // Finds out whether the user is logged in. False when they do not go on.
+  bool MayBeOpened();
+  Answer AskWhetherToOpen();
   void ShowWindow();
 
   Platform& platform;
@@ -42,6 +43,7 @@ class RestoreMenu {
   frmOrvalent& main;
   Connection& connection;
   MainTimer& mainTimer;
+  Conversation& radio;
   std::weak_ptr<frmRestore> window;
   bool probing = false;
 };

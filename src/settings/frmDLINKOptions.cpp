@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
-#include "prefs/utilities.h"
 #include "text/text.h"
 
 namespace quillmark {
 
-frmDLINKOptions::frmDLINKOptions(Platform& machine, frmOrvalent& window)
-    : OptionWindow("frmDLINKOptions", machine, window),
+frmDLINKOptions::frmDLINKOptions(Platform& machine, frmOrvalent& window, Conversation& talk)
+    : OptionWindow("frmDLINKOptions", machine, window, talk),
       InfoLabel(*this, this, "InfoLabel"),
       OnOption{{{*this, this, "OnOption_0", "Diagnostic Link Enabled"},
                 {*this, this, "OnOption_1", "Diagnostic Link Disabled"}}},
@@ -42,8 +41,7 @@ void frmDLINKOptions::Form_Load() {
 }
 
 void frmDLINKOptions::OKButton_Click() {
-  Send(OnOption[0].Checked() ? "dlink on" : "dlink off");
-  WaitMilliseconds(platform.Events, 100);
+  Send(OnOption[0].Checked() ? "dlink on" : "dlink off", 100);
   for (const OptionButton& rate : BaudRate) {
     if (rate.Checked()) Send("dlink " + rate.Text());
   }

@@ -12,7 +12,7 @@ namespace quillmark {
 // row.
 class frmDLINKOptions : public OptionWindow {
  public:
-  frmDLINKOptions(Platform& platform, frmOrvalent& main);
+  frmDLINKOptions(Platform& platform, frmOrvalent& main, Conversation& radio);
 
   Label InfoLabel;
   std::array<OptionButton, 2> OnOption;

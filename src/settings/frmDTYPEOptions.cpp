@@ -4,8 +4,8 @@
 
 namespace quillmark {
 
-frmDTYPEOptions::frmDTYPEOptions(Platform& machine, frmOrvalent& window)
-    : OptionWindow("frmDTYPEOptions", machine, window),
+frmDTYPEOptions::frmDTYPEOptions(Platform& machine, frmOrvalent& window, Conversation& talk)
+    : OptionWindow("frmDTYPEOptions", machine, window, talk),
       InfoLabel(*this, this, "InfoLabel", "Select the diagnostic type"),
       RootButton(*this, this, "RootButton", "Root"),
       NodeButton(*this, this, "NodeButton", "Node"),

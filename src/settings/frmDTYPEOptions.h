@@ -9,7 +9,7 @@ namespace quillmark {
 // DTYPE row.
 class frmDTYPEOptions : public OptionWindow {
  public:
-  frmDTYPEOptions(Platform& platform, frmOrvalent& main);
+  frmDTYPEOptions(Platform& platform, frmOrvalent& main, Conversation& radio);
 
   Label InfoLabel;
   Button RootButton, NodeButton, CancelButton;

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "prefs/utilities.h"
 #include "text/numbers.h"
 #include "text/text.h"
 
@@ -18,8 +17,8 @@ bool IsRtuId(std::string_view text) {
 
 }  // namespace
 
-frmRTUOptions::frmRTUOptions(Platform& machine, frmOrvalent& window)
-    : OptionWindow("frmRTUOptions", machine, window),
+frmRTUOptions::frmRTUOptions(Platform& machine, frmOrvalent& window, Conversation& talk)
+    : OptionWindow("frmRTUOptions", machine, window, talk),
       InfoLabel(*this, this, "InfoLabel"),
       OnOption{{{*this, this, "OnOption_0", "Software RTU Enabled"},
                 {*this, this, "OnOption_1", "Software RTU Disabled"}}},
@@ -43,8 +42,7 @@ void frmRTUOptions::Form_Load() {
 }
 
 void frmRTUOptions::OKButton_Click() {
-  Send(OnOption[0].Checked() ? "rtu on" : "rtu off");
-  WaitMilliseconds(platform.Events, 100);
+  Send(OnOption[0].Checked() ? "rtu on" : "rtu off", 100);
   if (IsRtuId(RTUID.Text())) {
     Send("rtu " + RTUID.Text());
   } else {

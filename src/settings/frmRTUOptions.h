@@ -12,7 +12,7 @@ namespace quillmark {
 // Switches the software RTU on or off and sets its id. Modal, opened at a click on the SoftRTU row.
 class frmRTUOptions : public OptionWindow {
  public:
-  frmRTUOptions(Platform& platform, frmOrvalent& main);
+  frmRTUOptions(Platform& platform, frmOrvalent& main, Conversation& radio);
 
   quillmark::Label InfoLabel;
   std::array<OptionButton, 2> OnOption;

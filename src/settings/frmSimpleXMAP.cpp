@@ -8,8 +8,8 @@
 
 namespace quillmark {
 
-frmSimpleXMAP::frmSimpleXMAP(Platform& machine, frmOrvalent& window)
-    : OptionWindow("frmSimpleXMAP", machine, window),
+frmSimpleXMAP::frmSimpleXMAP(Platform& machine, frmOrvalent& window, Conversation& talk)
+    : OptionWindow("frmSimpleXMAP", machine, window, talk),
       cmdSet(*this, this, "cmdSet", "Set"),
       cmdCancel(*this, this, "cmdCancel", "Cancel"),
       cmdHelp(*this, this, "cmdHelp", "Help"),
@@ -61,11 +61,10 @@ void frmSimpleXMAP::cmdSet_Click() {
 }
 
 void frmSimpleXMAP::SendMap() {
-  SerialPort& port = platform.MSComm1;
-  port.Input();
-  Send("XMAP " + BinToHex(map));
+  radio.Take();
+  radio.Say("XMAP " + BinToHex(map));
   WaitMilliseconds(platform.Events, 500);
-  port.Input();
+  radio.Take();
   WaitMilliseconds(platform.Events, 250);
   stage = Stage::Primary;
   platform.Events.Pump();
@@ -89,16 +88,15 @@ void frmSimpleXMAP::ShowPrimaryStage() {
 }
 
 void frmSimpleXMAP::SendPrimary() {
-  SerialPort& port = platform.MSComm1;
-  port.Input();
+  radio.Take();
   std::size_t chosen = lastClicked;
   for (std::size_t i = AddressCount; i-- > 0;) {
     if (chkXADDR[i].Checked()) chosen = i;
   }
-  Send("XPRI " + std::to_string(chosen));
+  radio.Say("XPRI " + std::to_string(chosen));
   WaitMilliseconds(platform.Events, 500);
-  port.Input();
-  port.Input();
+  radio.Take();
+  radio.Take();
   Unload();
 }
 

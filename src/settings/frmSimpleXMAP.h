@@ -10,12 +10,13 @@ namespace quillmark {
 
 // The guided set-up of a sub-remote in two stages: first the extension map, then which of its
 // addresses is tried first. Modal; its caller has set DirectPortMode, so it takes the radio's
-// replies itself and throws them away. Sends nothing when it is unloaded.
+// replies itself and throws them away, and the line is its caller's. Sends nothing when it is
+// unloaded.
 class frmSimpleXMAP : public OptionWindow {
  public:
   static constexpr std::size_t AddressCount = 32;
 
-  frmSimpleXMAP(Platform& platform, frmOrvalent& main);
+  frmSimpleXMAP(Platform& platform, frmOrvalent& main, Conversation& radio);
 
   std::deque<CheckBox> chkXADDR;  // by extension address
   Button cmdSet, cmdCancel, cmdHelp;

@@ -7,8 +7,9 @@
 
 namespace quillmark {
 
-frmXMAP::frmXMAP(Platform& machine, Session& shared, frmOrvalent& window, std::string text)
-    : OptionWindow("frmXMAP", machine, window),
+frmXMAP::frmXMAP(Platform& machine, Session& shared, frmOrvalent& window, Conversation& talk,
+                 std::string text)
+    : OptionWindow("frmXMAP", machine, window, talk),
       CurrentButton(*this, this, "CurrentButton", "Current"),
       CheckAllButton(*this, this, "CheckAllButton", "Check All"),
       UnCheckAllButton(*this, this, "UnCheckAllButton", "Uncheck All"),

@@ -16,7 +16,8 @@ class frmXMAP : public OptionWindow {
  public:
   static constexpr std::size_t AddressCount = 32;
 
-  frmXMAP(Platform& platform, Session& session, frmOrvalent& main, std::string mapText);
+  frmXMAP(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio,
+          std::string mapText);
 
   std::deque<CheckBox> Check1;  // by extension address
   Button CurrentButton, CheckAllButton, UnCheckAllButton, ProgramButton, CloseButton;

@@ -3,7 +3,7 @@
 #include "app/frmOrvalent.h"
 #include "link/session.h"
 #include "platform/platform.h"
-#include "radio/main_timer.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -11,7 +11,7 @@ namespace quillmark {
 // outlives it.
 class OptionRows {
  public:
-  OptionRows(Platform& platform, Session& session, frmOrvalent& main, MainTimer& ticks);
+  OptionRows(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
 
   void Wire();
 
@@ -23,7 +23,7 @@ class OptionRows {
   Platform& platform;
   Session& session;
   frmOrvalent& main;
-  MainTimer& ticks;
+  Conversation& radio;
 };
 
 }  // namespace quillmark

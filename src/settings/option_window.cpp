@@ -3,13 +3,30 @@
 #include <utility>
 
 #include "link/serial_failure.h"
+#include "prefs/utilities.h"
 
 namespace quillmark {
 
-OptionWindow::OptionWindow(std::string name, Platform& machine, frmOrvalent& window)
-    : Form(std::move(name)), platform(machine), main(window) {}
+OptionWindow::OptionWindow(std::string name, Platform& machine, frmOrvalent& window,
+                           Conversation& conversation)
+    : Form(std::move(name)), platform(machine), main(window), radio(conversation) {}
 
-void OptionWindow::Send(const std::string& command) { platform.MSComm1.Output(command + "\r"); }
+void OptionWindow::Send(const std::string& command, int pause) {
+  // The window may be gone when the turn comes.
+  const auto say = [&talk = radio, &events = platform.Events, command, pause] {
+    talk.Say(command);
+    if (pause > 0) WaitMilliseconds(events, pause);
+  };
+  if (radio.Turns.Idle()) return say();
+  radio.Turns.WhenFree([say] {
+    try {
+      say();
+    } catch (const SerialError&) {
+      // A port that is lost meanwhile has its own notice.
+      return;
+    }
+  });
+}
 
 std::function<void()> OptionWindow::Handler(std::function<void()> act) {
   return [this, act = std::move(act)] {

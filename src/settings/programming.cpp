@@ -2,8 +2,6 @@
 
 #include <optional>
 
-#include "radio/command_exchange.h"
-#include "radio/reply.h"
 #include "settings/input_rows.h"
 #include "text/text.h"
 
@@ -32,33 +30,29 @@ std::string WithoutWord(const InputRow& row, const std::string& answer) {
   return answer;
 }
 
-// A port that is lost meanwhile has its own notice.
-template <class Handler>
-std::function<void()> WithoutLinkErrors(Handler handler) {
-  return [handler] {
-    try {
-      handler();
-    } catch (const SerialError&) {
-      return;
-    }
-  };
+// A page ends in a prompt somewhere behind its first line end.
+bool PageIsWhole(std::string_view received) {
+  const std::size_t lineEnd = Find(received, "\r");
+  const std::size_t lineFeed = lineEnd == 0 ? 0 : Find(received, "\n", lineEnd);
+  return lineFeed != 0 && Find(received, ">", lineFeed) != 0;
 }
 
 }  // namespace
 
-SettingProgrammer::SettingProgrammer(Platform& machine, Session& shared, frmOrvalent& window)
-    : platform(machine), session(shared), main(window) {}
+SettingProgrammer::SettingProgrammer(Platform& machine, Session& shared, frmOrvalent& window,
+                                     Conversation& conversation)
+    : platform(machine), session(shared), main(window), radio(conversation) {}
 
 void SettingProgrammer::Wire() {
   for (const InputRow& row : InputRows()) {
-    (main.*row.Field).OnClick = WithoutLinkErrors([this, &row] { InputRow_Click(row); });
+    (main.*row.Field).OnClick = [this, &row] { InputRow_Click(row); };
   }
   for (const OnOffRow& row : OnOffRows()) {
-    (main.*row.Field).OnClick = WithoutLinkErrors([this, &row] { OnOffRow_Click(row); });
+    (main.*row.Field).OnClick = [this, &row] { OnOffRow_Click(row); };
   }
-  main.DeviceType.OnClick = WithoutLinkErrors([this] { DeviceType_Click(); });
-  main.ShowSync.OnClick = WithoutLinkErrors([this] { ShowSync_Click(); });
-  main.AlarmInfo.OnClick = WithoutLinkErrors([this] { AlarmInfo_Click(); });
+  main.DeviceType.OnClick = [this] { DeviceType_Click(); };
+  main.ShowSync.OnClick = [this] { Talk(&main.ShowSync, [this] { ShowSync_Click(); }); };
+  main.AlarmInfo.OnClick = [this] { Talk(&main.AlarmInfo, [this] { AlarmInfo_Click(); }); };
 }
 
 bool SettingProgrammer::IsMaster() const { return EqualAnyCase(main.Mode.Text(), "MODE M"); }
@@ -82,12 +76,13 @@ void SettingProgrammer::InputRow_Click(const InputRow& row) {
       {from200 ? row.PromptFrom200 : row.Prompt, row.Title, (main.*row.Field).Text()});
   if (answer.empty()) return;
   if (row.Kind == InputRow::Special::Xrssi && Find(answer, "-") == 0) answer.insert(0, "-");
-  if (row.Kind == InputRow::Special::NetworkAddress && Contains(answer, "ADDR")) {
-    Program(answer);
-    return;
-  }
+  const bool whole = row.Kind == InputRow::Special::NetworkAddress && Contains(answer, "ADDR");
+  const std::string command = whole ? answer : row.Command + WithoutWord(row, answer);
   const bool promptAlone = row.Kind == InputRow::Special::AlarmMask;
-  Program(row.Command + WithoutWord(row, answer), promptAlone ? ">" : "PROGRAMMED OK");
+  Talk(nullptr, [this, &row, command, promptAlone] {
+    // A read may have changed the mode while this one waited.
+    if (Allowed(row)) Program(command, promptAlone ? ">" : "PROGRAMMED OK");
+  });
 }
 
 void SettingProgrammer::OnOffRow_Click(const OnOffRow& row) {
@@ -98,10 +93,12 @@ void SettingProgrammer::OnOffRow_Click(const OnOffRow& row) {
   const Answer answer = platform.Dialogs.Message(
       {on ? row.TurnOff : row.TurnOn, row.Title, Icon::None, Buttons::OkCancel});
   if (answer != Answer::Ok) return;
-  // A read may have changed the field while the box was up.
-  const std::string now = (main.*row.Field).Text();
-  if (EqualAnyCase(now, row.On)) Program(row.SendOff);
-  if (EqualAnyCase(now, row.Off)) Program(row.SendOn);
+  Talk(nullptr, [this, &row] {
+    // A read may have changed the field since.
+    const std::string now = (main.*row.Field).Text();
+    if (EqualAnyCase(now, row.On)) Program(row.SendOff);
+    if (EqualAnyCase(now, row.Off)) Program(row.SendOn);
+  });
 }
 
 void SettingProgrammer::DeviceType_Click() {
@@ -109,41 +106,47 @@ void SettingProgrammer::DeviceType_Click() {
       platform.Dialogs.Message({"Program Device Type to DCE?\r\rYES for DCE      NO for CTS KEY",
                                 "Program Device Type", Icon::None, Buttons::YesNoCancel});
   if (answer == Answer::Cancel) return;
-  Program(answer == Answer::Yes ? "device DCE" : "device CTS KEY");
+  const char* const command = answer == Answer::Yes ? "device DCE" : "device CTS KEY";
+  Talk(nullptr, [this, command] { Program(command); });
+}
+
+void SettingProgrammer::Talk(const Control* entry, std::function<void()> act) {
+  if (!radio.Open()) return;
+  const auto talk = [this, act = std::move(act)] {
+    if (!radio.Open()) return;
+    const LineTurns::Turn turn(radio.Turns);
+    try {
+      act();
+    } catch (const SerialError&) {
+      // A port that is lost meanwhile has its own notice.
+      return;
+    }
+  };
+  if (entry != nullptr) {
+    radio.Turns.WhenFree(*entry, talk);
+  } else {
+    radio.Turns.WhenFree(talk);
+  }
 }
 
 void SettingProgrammer::Program(const std::string& command, std::string_view awaited) {
-  if (!platform.MSComm1.PortOpen()) return;
-  CommandExchange(session, platform.MSComm1, platform.Events, command, awaited, timeOut);
+  radio.CommandExchange(command, awaited, timeOut);
   session.RefreshRequested = true;
 }
 
 void SettingProgrammer::ShowSync_Click() {
-  if (!platform.MSComm1.PortOpen()) return;
-  constexpr std::string_view word = "show sync";
-  CommandExchange(session, platform.MSComm1, platform.Events, std::string(word), timeOut,
-                  [&] { return HasReply(session.RxBuffer, word, session.InSetupMode); });
-  if (auto value = CutReply(session.RxBuffer, word, session.InSetupMode)) {
-    main.ShowSync.Text = std::move(*value);
-  }
+  auto value = radio.Ask({.Command = "show sync", .Limit = timeOut});
+  if (value) main.ShowSync.Text = std::move(*value);
 }
 
 // The report shows in the terminal, as everything that the radio says.
 void SettingProgrammer::AlarmInfo_Click() {
-  if (!platform.MSComm1.PortOpen()) return;
-  CommandExchange(session, platform.MSComm1, platform.Events, "stat", timeOut, [this] {
-    return HasReply(session.RxBuffer, "stat", session.InSetupMode) ||
-           Contains(session.RxBuffer, "MORE>");
-  });
+  radio.CommandExchange("stat", "stat", timeOut);
   constexpr int furtherPages = 2;
-  for (int page = 0; page < furtherPages && Contains(session.RxBuffer, "MORE>"); ++page) {
-    session.RxBuffer = " ";
-    platform.MSComm1.Output("\r");
-    WaitUntil(platform.Events, timeOut, [this] {
-      const std::size_t lineEnd = Find(session.RxBuffer, "\r");
-      const std::size_t lineFeed = lineEnd == 0 ? 0 : Find(session.RxBuffer, "\n", lineEnd);
-      return lineFeed != 0 && Find(session.RxBuffer, ">", lineFeed) != 0;
-    });
+  for (int page = 0; page < furtherPages && Contains(radio.Received(), "MORE>"); ++page) {
+    radio.Prime();
+    radio.Say("");
+    radio.AwaitText(timeOut, [this] { return PageIsWhole(radio.Received()); });
   }
 }
 

@@ -7,6 +7,7 @@
 #include "app/frmOrvalent.h"
 #include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -18,7 +19,7 @@ struct OnOffRow;
 // it outlives it.
 class SettingProgrammer {
  public:
-  SettingProgrammer(Platform& platform, Session& session, frmOrvalent& main);
+  SettingProgrammer(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
 
   // Joins the rows of the settings view to their handlers, but for those that open a window.
   void Wire();
@@ -31,13 +32,17 @@ class SettingProgrammer {
   void AlarmInfo_Click();
   bool Allowed(const InputRow& row) const;
   bool IsMaster() const;
+  // Runs `act`, which talks to the radio, when nobody else does; on a closed port not at all. What
+  // `entry` starts runs once, however often that is clicked meanwhile.
+  void Talk(const Control* entry, std::function<void()> act);
   // Sends the command and waits for the radio to take it, 3 s at most; the outcome shows in the
-  // read that it asks for. Silent on a closed port.
+  // read that it asks for.
   void Program(const std::string& command, std::string_view awaited = "PROGRAMMED OK");
 
   Platform& platform;
   Session& session;
   frmOrvalent& main;
+  Conversation& radio;
 };
 
 }  // namespace quillmark

@@ -10,7 +10,7 @@ class RestoreFaults : public RestoreBench {
     ExpectPortGivenBack();
     EXPECT_FALSE(Main().EchoIsOff);
     EXPECT_FALSE(Shared().RestoreLinkFailed);
-    EXPECT_FALSE(Application().Ticks().LineHeld());
+    EXPECT_EQ(Application().Ticks().LineHolders, 0);
   }
   bool Settled() { return !Window().Loaded() || (Window().ReadIdle && !Window().Timer1.Enabled()); }
 };

@@ -177,12 +177,13 @@ TEST_F(OptionWindowsTest, TheExtensionMapAskedForInTheMiddleOfARead) {
 
 TEST_F(OptionWindowsTest, BothStagesOfTheGuidedMap) {
   ShowSettings();
+  Conversation talk(Machine().MSComm1, Events(), Shared(), Main(), Conversation::Hears::ByEvents);
   const auto show = [&](std::function<void()> acts) {
     ClearLog();
     ExpectWindow("frmSimpleXMAP").Do(std::move(acts));
     Main().DirectPortMode = true;
     Events().Deliver([&] {
-      Machine().Windows.ShowModal(std::make_shared<frmSimpleXMAP>(Machine(), Main()), Main());
+      Machine().Windows.ShowModal(std::make_shared<frmSimpleXMAP>(Machine(), Main(), talk), Main());
     });
     Main().DirectPortMode = false;
     CheckExpectations();

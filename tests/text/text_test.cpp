@@ -4,7 +4,6 @@
 
 #include <cmath>
 
-#include "radio/reply.h"
 #include "text/numbers.h"
 #include "text/path_text.h"
 
@@ -82,31 +81,6 @@ TEST(Text, PathsBecomeSingleByteText) {
   EXPECT_EQ(PathText("/gr\xC3\xBC\xC3\x9F"), "/gr\xFC\xDF");
   EXPECT_EQ(PathText("\xE2\x82\xAC.log"), "?.log");
   EXPECT_EQ(PathText("\xC3"), "?");
-}
-
-TEST(Reply, IsCutBetweenEchoAndPrompt) {
-  const struct {
-    const char *Received, *Word;
-    bool Setup;
-    std::optional<std::string> Value;
-  } cases[] = {
-      {" ser\r\nSN 00123456\r\n>", "ser", false, "SN 00123456"},
-      {" SER\r\nser\r\n>", "ser", false, "ser"},
-      {" show sync\r\nA > B\r\nSETUP>", "show sync", true, "A > B"},
-      {" show sync\r\nA > B\r\nSETUP>", "show sync", false, ""},
-      {" owm\r\nx>y\r\n>", "owm", false, std::nullopt},
-      {" owm\r\nabc>y\r\n>", "owm", false, "a"},
-      {" late\r\n>unit\r\nUNIT 1\r\n>", "unit", false, "UNIT 1"},
-      {" ser\r\nSN", "ser", false, std::nullopt},
-      {" \r\nSN 1\r\n>", "ser", false, std::nullopt},
-      {" ser>", "ser", false, std::nullopt},
-      {" ser\r\n>", "ser", false, std::nullopt},
-      {" ser\r\n\r\n>", "ser", false, ""},
-      {"", "ser", false, std::nullopt},
-  };
-  for (const auto& each : cases) {
-    EXPECT_EQ(CutReply(each.Received, each.Word, each.Setup), each.Value) << each.Received;
-  }
 }
 
 }  // namespace
