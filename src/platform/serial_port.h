@@ -26,15 +26,27 @@ class SerialError : public std::runtime_error {
 namespace comm {
 constexpr int Send = 1;
 constexpr int Receive = 2;
+constexpr int CtsChange = 3;
+constexpr int DsrChange = 4;
+constexpr int CarrierChange = 5;
+constexpr int Ring = 6;
+constexpr int Break = 1001;
+constexpr int FramingError = 1004;
+constexpr int OverrunError = 1006;
 constexpr int ReceiveBufferOverflow = 1008;
+constexpr int ParityError = 1009;
 constexpr int PortVanished = 1999;  // the device went away: the layer has closed the port itself
+
+constexpr bool IsError(int code) { return code > 1000; }
 }  // namespace comm
 
 // One serial control, as the logic needs it. The main window owns one (MSComm1), the store and
 // restore window another. Implementations move bytes while the logic sleeps, keep at most the last
 // 1 MiB of input, and call OnComm from the event loop only: once for each arrival that is not yet
-// announced, and for the error codes. Input that was taken meanwhile raises nothing. A port that
-// vanishes closes itself and is reported once, with comm::PortVanished.
+// announced, and for changes and errors of the line, as far as the driver tells them. Input that
+// was taken meanwhile raises nothing. A line error that happens while OnComm reports another one
+// (its handler may show a box) is dropped. A port that vanishes closes itself and is reported once,
+// with comm::PortVanished.
 class SerialPort {
  public:
   static constexpr std::size_t InputLimit = 1024 * 1024;  // bytes

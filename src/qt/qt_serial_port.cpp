@@ -18,8 +18,9 @@ constexpr int notWhileOpen = 8000;
 
 }  // namespace
 
-QtSerialPort::QtSerialPort(QtEventLoop& eventLoop, std::function<std::string(int)> deviceOfNumber)
-    : events(eventLoop), deviceOf(std::move(deviceOfNumber)) {
+QtSerialPort::QtSerialPort(QtEventLoop& eventLoop, std::function<std::string(int)> deviceOfNumber,
+                           std::shared_ptr<const LineStatusSource> lineStatus)
+    : events(eventLoop), deviceOf(std::move(deviceOfNumber)), status(std::move(lineStatus)) {
   drained.setSingleShot(true);
   drained.setTimerType(Qt::PreciseTimer);
   connect(&drained, &QTimer::timeout, this, &QtSerialPort::FinishDrained);
@@ -33,13 +34,12 @@ QtSerialPort::~QtSerialPort() {
 void QtSerialPort::StartEngine() {
   if (engine != nullptr) return;
   engine = std::make_unique<Engine>();
-  engine->Worker = new SerialWorker(engine->Queues);
+  engine->Worker = new SerialWorker(engine->Queues, status);
   engine->Worker->moveToThread(&engine->Thread);
   connect(&engine->Thread, &QThread::finished, engine->Worker, &QObject::deleteLater);
   connect(engine->Worker, &SerialWorker::Arrived, this, &QtSerialPort::Announce);
   connect(engine->Worker, &SerialWorker::AllWritten, this, &QtSerialPort::WakeWhenDrained);
-  connect(engine->Worker, &SerialWorker::Overflowed, this,
-          [this](quint64 session) { Raise(comm::ReceiveBufferOverflow, session); });
+  connect(engine->Worker, &SerialWorker::Reported, this, &QtSerialPort::Report);
   connect(engine->Worker, &SerialWorker::Vanished, this,
           [this](quint64 session) { Raise(comm::PortVanished, session); });
   engine->Thread.start();
@@ -219,6 +219,15 @@ void QtSerialPort::Announce(quint64 session) {
     if (engine->Queues->Input.empty()) return;
   }
   Raise(comm::Receive, session);
+}
+
+// The handler of an error may hold for as long as its box is up; the port may be closed, or be a
+// new one, when it returns.
+void QtSerialPort::Report(quint64 session, int event) {
+  Raise(event, session);
+  if (engine == nullptr || !comm::IsError(event)) return;
+  QMetaObject::invokeMethod(engine->Worker,
+                            [worker = engine->Worker, session] { worker->ErrorAnswered(session); });
 }
 
 void QtSerialPort::Raise(int event, quint64 session) {

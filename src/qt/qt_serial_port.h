@@ -23,8 +23,10 @@ class QtSerialPort : public QObject, public SerialPort {
   Q_OBJECT
 
  public:
-  // `deviceOf` gives the path of the device behind a number, or an empty text.
-  QtSerialPort(QtEventLoop& events, std::function<std::string(int)> deviceOf);
+  // `deviceOf` gives the path of the device behind a number, or an empty text. `status` tells of an
+  // open device's line.
+  QtSerialPort(QtEventLoop& events, std::function<std::string(int)> deviceOf,
+               std::shared_ptr<const LineStatusSource> status = SystemLineStatus());
   ~QtSerialPort() override;
 
   int CommPort() const override { return number; }
@@ -59,6 +61,7 @@ class QtSerialPort : public QObject, public SerialPort {
   Duration UntilDrained() const;
   std::size_t WithDriver() const;
   void Announce(quint64 session);
+  void Report(quint64 session, int event);
   void Raise(int event, quint64 session);
 
   // Runs `call` on the worker's thread and waits for it; nothing when it takes too long.
@@ -67,6 +70,7 @@ class QtSerialPort : public QObject, public SerialPort {
 
   QtEventLoop& events;
   std::function<std::string(int)> deviceOf;
+  std::shared_ptr<const LineStatusSource> status;
   std::unique_ptr<Engine> engine;
   QTimer drained;  // wakes the loop when the last byte has left
   LinePace pace;

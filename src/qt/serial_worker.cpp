@@ -19,6 +19,7 @@ namespace {
 std::atomic<std::uint64_t> lastSession = 0;
 
 constexpr int hangUpCheckInterval = 1000;  // ms
+constexpr int lineCheckInterval = 250;     // ms
 // So many errors in a span are taken for trouble with another program, more for a dead device.
 constexpr int mostForgiven = 5;
 constexpr qint64 longestErrorSpan = 1000;      // ms
@@ -55,7 +56,9 @@ bool Configure(QSerialPort& port, const LineSettings& settings) {
 
 }  // namespace
 
-SerialWorker::SerialWorker(std::shared_ptr<SerialQueues> shared) : queues(std::move(shared)) {}
+SerialWorker::SerialWorker(std::shared_ptr<SerialQueues> shared,
+                           std::shared_ptr<const LineStatusSource> status)
+    : queues(std::move(shared)), watch(std::move(status)) {}
 SerialWorker::~SerialWorker() = default;
 
 OpenOutcome SerialWorker::Open(const std::string& device, const LineSettings& settings) {
@@ -95,6 +98,7 @@ void SerialWorker::StartSession() {
   hangUpCheck = std::make_unique<QTimer>();
   connect(hangUpCheck.get(), &QTimer::timeout, this, &SerialWorker::LookForHangUp);
   hangUpCheck->start(hangUpCheckInterval);
+  StartWatch();
 
   const std::lock_guard lock(queues->Lock);
   queues->Session = ++lastSession;
@@ -117,12 +121,15 @@ void SerialWorker::EndSession() {
 }
 
 bool SerialWorker::Apply(const LineSettings& settings) {
-  return port != nullptr && Configure(*port, settings);
+  if (port == nullptr || !Configure(*port, settings)) return false;
+  if (watch.Tells()) watch.Start(port->handle());
+  return true;
 }
 
 void SerialWorker::Close() {
   EndSession();
   hangUpCheck.reset();
+  lineCheck.reset();
   if (port == nullptr) return;
   port->disconnect(this);
   port->close();
@@ -176,8 +183,47 @@ void SerialWorker::Receive() {
     queues->Announced = true;
     session = queues->Session;
   }
-  if (overflow) emit Overflowed(session);
+  if (overflow) Report(comm::ReceiveBufferOverflow);
   if (announce) emit Arrived(session);
+}
+
+// A device that tells nothing costs no timer.
+void SerialWorker::StartWatch() {
+  unanswered = 0;
+  watch.Start(port->handle());
+  if (!watch.Tells()) return;
+  lineCheck = std::make_unique<QTimer>();
+  connect(lineCheck.get(), &QTimer::timeout, this, &SerialWorker::LookAtLine);
+  lineCheck->start(lineCheckInterval);
+}
+
+// Errors are dropped as long as the user has not answered the box of an earlier one.
+void SerialWorker::LookAtLine() {
+  const bool answered = unanswered == 0;
+  for (const int code : watch.Look()) {
+    if (answered || !comm::IsError(code)) Report(code);
+  }
+  if (!watch.Tells()) lineCheck->stop();
+}
+
+void SerialWorker::Report(int code) {
+  quint64 session = 0;
+  {
+    const std::lock_guard lock(queues->Lock);
+    session = queues->Session;
+  }
+  if (comm::IsError(code)) ++unanswered;
+  emit Reported(session, code);
+}
+
+// What was counted up to now belongs to the box that has just been answered.
+void SerialWorker::ErrorAnswered(quint64 session) {
+  {
+    const std::lock_guard lock(queues->Lock);
+    if (queues->Session != session) return;
+  }
+  if (lineCheck != nullptr) LookAtLine();
+  --unanswered;
 }
 
 void SerialWorker::NoteError(int error) {

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "qt/serial_line.h"
+#include "qt/serial_watch.h"
 
 class QSerialPort;
 class QTimer;
@@ -44,7 +45,8 @@ class SerialWorker : public QObject {
   Q_OBJECT
 
  public:
-  explicit SerialWorker(std::shared_ptr<SerialQueues> queues);
+  SerialWorker(std::shared_ptr<SerialQueues> queues,
+               std::shared_ptr<const LineStatusSource> status);
   ~SerialWorker() override;
 
   // The device is opened with an empty input; the queues start anew.
@@ -53,6 +55,8 @@ class SerialWorker : public QObject {
   void Close();
   // Writes what stands in the queues' Outgoing.
   void SendOutgoing();
+  // The logic has dealt with a line error that it was told of by Reported.
+  void ErrorAnswered(quint64 session);
 
   // Called from the logic's thread when it waits for a call no longer: whatever that call opens is
   // closed again.
@@ -60,13 +64,16 @@ class SerialWorker : public QObject {
 
  signals:
   void Arrived(quint64 session);
-  void Overflowed(quint64 session);
+  // A change or an error of the line, by its code.
+  void Reported(quint64 session, int code);
   void Vanished(quint64 session);
   // Everything is with the driver.
   void AllWritten(quint64 session);
 
  private:
   void Receive();
+  void LookAtLine();
+  void Report(int code);
   void CountWritten(qint64 bytes);
   void NoteError(int error);
   void LookForHangUp();
@@ -75,12 +82,16 @@ class SerialWorker : public QObject {
   bool Forgivable();
   void GoneAway();
   void StartSession();
+  void StartWatch();
   void EndSession();
   bool TakeFlock() const;
 
   std::shared_ptr<SerialQueues> queues;
   std::unique_ptr<QSerialPort> port;
   std::unique_ptr<QTimer> hangUpCheck;
+  std::unique_ptr<QTimer> lineCheck;
+  LineWatch watch;
+  int unanswered = 0;  // line errors that the logic was told of and has not dealt with yet
   std::atomic<bool> abandoned = false;
   bool failed = false;  // a fatal error has been seen; later ones, until it is judged, are echoes
   std::string path;     // of the open device
