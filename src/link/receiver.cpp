@@ -75,10 +75,16 @@ void Receiver::MSComm1_OnComm() {
         ShowCommStatusText(CommEventText);
         break;
       case CommNotice::Kind::Error:
-        if (!errorBoxUp) ReportError(notice.Wording);
+        if (!errorBoxUp && !SparesTransfer()) ReportError(notice.Wording);
         break;
     }
   });
+}
+
+// A box would stop a firmware transfer in its middle, and the loader gives up then. Noise is normal
+// there: the rate changes. The loader itself tells in the end what it took.
+bool Receiver::SparesTransfer() const {
+  return !main.ShowCommStatus && main.LineHolders > 0 && platform.MSComm1.PortOpen();
 }
 
 void Receiver::ShowCommStatusText(const std::string& wording) {

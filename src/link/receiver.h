@@ -31,6 +31,7 @@ class Receiver {
   void SendTyped(char key);
   void ShowCommStatusText(const std::string& wording);
   void ReportError(const std::string& wording);
+  bool SparesTransfer() const;
 
   Platform& platform;
   Session& session;

@@ -16,6 +16,7 @@ TEST_F(UpgradeMeanwhileTest, WhatTheUserDoesMeanwhile) {
   const auto file = Image(16384);
   // Nothing gets into the records, and no dialog holds them up.
   WhileSending([&] {
+    Port().Raise(comm::FramingError);
     Type("txtTerm", "x");
     for (const char* name :
          {"Mode", "mnuOpen", "mnuPreferences", "mnuAbout", "ButtonAdv", "tbr_Properties",
