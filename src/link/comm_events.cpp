@@ -45,4 +45,9 @@ CommNotice NoticeOf(int code) {
   return {Kind::Error, "Unknown error or event"};
 }
 
+std::string VanishedDetails(const std::string& reconnect) {
+  return "The serial adapter was unplugged, or its driver gave it up. Plug it in again, then " +
+         reconnect;
+}
+
 }  // namespace quillmark

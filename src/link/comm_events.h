@@ -14,4 +14,8 @@ struct CommNotice {
 // A code that the table does not know is an error of its own wording.
 CommNotice NoticeOf(int code);
 
+// The cause and the cure when the port vanished; `reconnect` is the rest of a sentence, what to do
+// in this window once the adapter is plugged in again.
+std::string VanishedDetails(const std::string& reconnect);
+
 }  // namespace quillmark

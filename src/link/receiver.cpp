@@ -14,9 +14,6 @@ namespace {
 constexpr std::size_t terminalLimit = 16000;  // characters, before the last arrival
 constexpr std::size_t terminalCut = 4096;
 constexpr char backspace = 8;
-constexpr const char* vanishedDetails =
-    "The serial adapter was unplugged, or its driver gave it up. Plug it in again, then click "
-    "Connect...";
 constexpr std::size_t mostTyped = 4096;  // characters that wait for the line
 
 // Each backspace takes the character in front of it away; one that has none there is told by
@@ -104,9 +101,9 @@ void Receiver::ReportError(const std::string& wording) {
     // One loss, one box.
     connection.StopPortTimeout();
   }
-  const Answer answer =
-      platform.Dialogs.Message({wording, "Click Cancel to quit, OK to ignore.", Icon::None,
-                                Buttons::OkCancel, vanished ? vanishedDetails : ""});
+  const Answer answer = platform.Dialogs.Message(
+      {wording, "Click Cancel to quit, OK to ignore.", Icon::None, Buttons::OkCancel,
+       vanished ? VanishedDetails("click Connect...") : ""});
   errorBoxUp = false;
   // A port that closed itself is gone, whatever the answer.
   if (answer == Answer::Cancel || !platform.MSComm1.PortOpen()) {

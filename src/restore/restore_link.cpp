@@ -134,8 +134,11 @@ std::optional<std::string> RestoreLink::Ask(const std::string& word) {
 
 void RestoreLink::MSComm2_OnComm() {
   const CommNotice notice = NoticeOf(platform.MSComm2.CommEvent());
+  const bool vanished = !IsOpen();
   if (notice.What == CommNotice::Kind::Event) commEventText = notice.Wording;
-  if (notice.What != CommNotice::Kind::Error || !commEventText.empty() || errorShown) return;
+  if (notice.What != CommNotice::Kind::Error || errorShown) return;
+  // A notice silences what the line does, not the end of the port.
+  if (!commEventText.empty() && !vanished) return;
   errorShown = true;
   struct Gone {
     bool& flag;
@@ -143,7 +146,8 @@ void RestoreLink::MSComm2_OnComm() {
   } gone{errorShown};
   platform.Desktop.Beep();
   const Answer answer = platform.Dialogs.Message(
-      {notice.Wording, "Click Cancel to quit, OK to ignore.", Icon::None, Buttons::OkCancel});
+      {notice.Wording, "Click Cancel to quit, OK to ignore.", Icon::None, Buttons::OkCancel,
+       vanished ? VanishedDetails("close this window and open it again.") : ""});
   if (answer == Answer::Cancel) Close();
 }
 

@@ -51,7 +51,7 @@ class RestoreLink {
   Session& session;
   frmOrvalent& main;
   const Form& window;
-  std::string commEventText;  // the last notice; while there is one, errors show no box
+  std::string commEventText;  // the last notice; while there is one, line errors show no box
   bool errorShown = false;
 };
 

@@ -247,6 +247,7 @@ TEST_F(ConnectionTest, AnAdapterPulledAndPluggedInAgain) {
   CheckExpectations();
   ExpectShown(false);
   EXPECT_EQ(DesktopSeen().Beeps, 1);
+  EXPECT_TRUE(Boxes().back().Details.ends_with("Plug it in again, then click Connect..."));
   Plug();
   ASSERT_TRUE(Connect());
   ExpectShown(true);

@@ -237,10 +237,18 @@ TEST_F(RestoreWindow, CommEvents) {
     EXPECT_FALSE(Visible("ProgressLabel"));
   });
   InWindow([&] {
-    SecondPort().Raise(3);  // a notice silences what follows
+    SecondPort().Raise(3);  // a notice silences what the line does, not its end
     SecondPort().Raise(1004);
     Run(Milliseconds(1));
+    ExpectBox(title).Saying("Unknown error or event").Reply(Answer::Ok);
+    Unplug();
+    Run(Milliseconds(1));
+    EXPECT_EQ(Boxes().back().Details,
+              "The serial adapter was unplugged, or its driver gave it up. Plug it in again, then "
+              "close this window and open it again.");
+    Plug();
   });
+  InWindow([&] { EXPECT_TRUE(SecondPort().PortOpen()); });
 }
 
 }  // namespace
