@@ -59,6 +59,8 @@ bool Matches(const Key& key, std::string_view line) {
 }  // namespace
 
 std::string_view SettingOfLine(std::string_view line) {
+  // It names options that share words with settings, as in "LPM OFF".
+  if (line.starts_with("Diagnostics")) return {};
   for (const Key& key : keys) {
     if (Matches(key, line)) return key.Word;
   }

@@ -64,6 +64,9 @@ TEST_F(RestoreLoad, LinesBecomeRows) {
       // Rows of two lines.
       {"320", "DLINK 9600\nDLINK ON\nRTU 5\nRTU OFF", "dlink=DLINK 9600 (ON)+|rtu=RTU 5 (OFF)+"},
       {"320", "DLINK 9600\n", "dlink=DLINK 9600+"},
+      // The options are no setting's.
+      {"320", "LPM 2\nRTU 5\nRTU OFF\nDiagnostics ON, LPM OFF, RTU ON",
+       "lpm=LPM 2+|rtu=RTU 5 (OFF)+"},
   };
   StartConnected({.Mode = 'M'});
   for (const auto& each : cases) {
