@@ -50,14 +50,16 @@ std::int64_t FirmwareFile::Length() {
   return std::max(length, 0L);
 }
 
-std::optional<SRecordFault> FaultIn(FirmwareFile& file, EventLoop& events) {
+FirmwareFindings LookThrough(FirmwareFile& file, EventLoop& events) {
   SRecordCheck check;
   file.Rewind();
   for (;;) {
     const std::string piece = file.Read(checkedAtOnce);
     check.Take(piece);
-    if (file.Failed()) return SRecordFault{check.LineNumber(), "the disk can't read it"};
-    if (piece.size() < checkedAtOnce || check.Failed()) return check.Finish();
+    if (file.Failed()) return {SRecordFault{check.LineNumber(), "the disk can't read it"}};
+    if (piece.size() < checkedAtOnce || check.Failed()) {
+      return {check.Finish(), check.OutOfOrderLine()};
+    }
     events.Pump();
   }
 }

@@ -36,7 +36,12 @@ class FirmwareFile {
   std::unique_ptr<std::FILE, Closer> file;
 };
 
+struct FirmwareFindings {
+  std::optional<SRecordFault> Fault{};
+  std::int64_t OutOfOrderLine = 0;  // the first data record out of address order; 0: none
+};
+
 // Reads an open file from its start to its end, or to its first fault. Delivers events meanwhile.
-std::optional<SRecordFault> FaultIn(FirmwareFile& file, EventLoop& events);
+FirmwareFindings LookThrough(FirmwareFile& file, EventLoop& events);
 
 }  // namespace quillmark

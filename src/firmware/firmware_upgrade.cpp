@@ -83,7 +83,7 @@ std::optional<FirmwareUpgrade::Chosen> FirmwareUpgrade::ChooseFirmware() {
     platform.Dialogs.Message({*trouble, ProgramTitle, Icon::Exclamation});
     return std::nullopt;
   }
-  Chosen chosen{*path, ""};
+  Chosen chosen{*path, "", ""};
   if (!PassesQuestions(file, chosen)) return std::nullopt;
   return chosen;
 }
@@ -109,14 +109,19 @@ bool FirmwareUpgrade::PassesQuestions(FirmwareFile& file, Chosen& chosen) {
   }
   // Somebody who takes another kind of file at his own risk knows that it is no sound one.
   const bool recognised = header.IsHeaderRecord && header.IsForThisRadio;
-  return !recognised || AskAboutFaults(file);
+  return !recognised || AskAboutFaults(file, chosen);
 }
 
-bool FirmwareUpgrade::AskAboutFaults(FirmwareFile& file) {
-  const auto fault = FaultIn(file, platform.Events);
-  if (!fault) return true;
-  return AskToContinue("This firmware file is faulty in line " + std::to_string(fault->Line) +
-                       ": " + fault->What + ".");
+bool FirmwareUpgrade::AskAboutFaults(FirmwareFile& file, Chosen& chosen) {
+  const FirmwareFindings found = LookThrough(file, platform.Events);
+  if (found.OutOfOrderLine > 0) {
+    chosen.Note = "The data records of the file are out of order: the address in line " +
+                  std::to_string(found.OutOfOrderLine) +
+                  " lies before the end of the data above it.";
+  }
+  if (!found.Fault) return true;
+  return AskToContinue("This firmware file is faulty in line " + std::to_string(found.Fault->Line) +
+                       ": " + found.Fault->What + ".");
 }
 
 bool FirmwareUpgrade::AskToContinue(const std::string& doubt) {
@@ -133,10 +138,10 @@ bool FirmwareUpgrade::Load(const Chosen& chosen) {
   } ended{loading};
   try {
     LoaderEntry entry(platform, session, main, connection, radio);
-    if (!AtLoaderPrompt(radio) && !entry.Enter(chosen.Version)) return false;
+    if (!AtLoaderPrompt(radio) && !entry.Enter(chosen.Version, chosen.Note)) return false;
     if (!AtLoaderPrompt(radio)) return false;
     const std::string missing = FirmwareTransfer(platform, session, main, radio).Run(chosen.Path);
-    Judge(missing);
+    Judge(missing.empty() ? chosen.Note : missing);
     EndSession();
     return true;
   } catch (const SerialError& error) {
@@ -145,7 +150,7 @@ bool FirmwareUpgrade::Load(const Chosen& chosen) {
   }
 }
 
-void FirmwareUpgrade::Judge(const std::string& missing) {
+void FirmwareUpgrade::Judge(const std::string& details) {
   WaitMilliseconds(platform.Events, 1000);
   platform.Events.Pump();
   platform.Events.Sleep(Milliseconds(500));
@@ -155,7 +160,7 @@ void FirmwareUpgrade::Judge(const std::string& missing) {
         {"Radio programming was successful.", "Programmed OK", Icon::Exclamation});
   } else {
     platform.Dialogs.Message(
-        {"Radio programming FAILED.", "Radio Error", Icon::Exclamation, Buttons::Ok, missing});
+        {"Radio programming FAILED.", "Radio Error", Icon::Exclamation, Buttons::Ok, details});
   }
 }
 

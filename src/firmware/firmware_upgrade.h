@@ -40,18 +40,19 @@ class FirmwareUpgrade {
   struct Chosen {
     std::filesystem::path Path;
     std::string Version;
+    std::string Note;  // on the file, for the details of boxes; mostly empty
   };
 
   std::optional<Chosen> ChooseFirmware();
   std::optional<std::filesystem::path> ChooseFile();
   // False when the user does not want to go on.
   bool PassesQuestions(FirmwareFile& file, Chosen& chosen);
-  bool AskAboutFaults(FirmwareFile& file);
+  bool AskAboutFaults(FirmwareFile& file, Chosen& chosen);
   bool AskToContinue(const std::string& doubt);
 
   // True when the link is to be connected anew.
   bool Load(const Chosen& chosen);
-  void Judge(const std::string& missing);
+  void Judge(const std::string& details);
   void EndSession();
   void GiveUp(const SerialError& error);
 

@@ -23,11 +23,11 @@ LoaderEntry::LoaderEntry(Platform& machine, Session& shared, frmOrvalent& window
 
 bool AtLoaderPrompt(const Conversation& radio) { return radio.LastPrompt() == PromptKind::Loader; }
 
-bool LoaderEntry::Enter(const std::string& newVersion) {
+bool LoaderEntry::Enter(const std::string& newVersion, const std::string& note) {
   radio.CommandExchange("PROGRAM", question, longestAnswer);
   // A radio that was in its loader all the time does not ask.
   if (!Contains(session.RxBuffer, question)) return true;
-  if (!UserConfirms(newVersion)) {
+  if (!UserConfirms(newVersion, note)) {
     radio.Say("NO");
     session.TransferStop = true;
     return false;
@@ -44,11 +44,11 @@ bool LoaderEntry::Enter(const std::string& newVersion) {
   return true;
 }
 
-bool LoaderEntry::UserConfirms(const std::string& newVersion) {
+bool LoaderEntry::UserConfirms(const std::string& newVersion, const std::string& note) {
   return platform.Dialogs.Message({"Ready to erase the current firmware, version " +
                                        session.InstalledFirmwareVersion + ", and install version " +
                                        newVersion + ".\r\r\t\tAre you sure you wish to continue?",
-                                   "Erase Current Firmware?", Icon::None, Buttons::YesNo, "",
+                                   "Erase Current Firmware?", Icon::None, Buttons::YesNo, note,
                                    true}) == Answer::Yes;
 }
 

@@ -18,12 +18,13 @@ class LoaderEntry {
   LoaderEntry(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
               Conversation& radio);
 
-  // False when the upgrade is over: the user said No, or the radio did not wake up. On True
-  // RxBuffer tells whether the radio is in its loader.
-  bool Enter(const std::string& newVersion);
+  // `note` stands in the details of the question to the user. False when the upgrade is over: the
+  // user said No, or the radio did not wake up. On True RxBuffer tells whether the radio is in its
+  // loader.
+  bool Enter(const std::string& newVersion, const std::string& note);
 
  private:
-  bool UserConfirms(const std::string& newVersion);
+  bool UserConfirms(const std::string& newVersion, const std::string& note);
   void ShowErasing();
   bool RecoverPrompt();
 

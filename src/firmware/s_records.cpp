@@ -143,9 +143,7 @@ std::optional<SRecordCheck::Record> SRecordCheck::ReadRecord() {
 }
 
 void SRecordCheck::JudgeData(const Record& record) {
-  if (dataRecords > 0 && record.Address < nextAddress) {
-    return Fail("its address lies before the end of the data record above it");
-  }
+  if (dataRecords > 0 && record.Address < nextAddress && outOfOrder == 0) outOfOrder = lineNumber;
   ++dataRecords;
   nextAddress = record.Address + record.DataLength;
 }

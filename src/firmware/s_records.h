@@ -15,7 +15,7 @@ struct SRecordFault {
 };
 
 // Checks a whole file of Motorola S-records while it is read, piece by piece: types, lengths,
-// digits, checksums, rising addresses, counts, the end record. Keeps one line at most, so that
+// digits, checksums, counts, the end record. Keeps one line at most, so that
 // memory stays small however long the file or a line of it is. The firmware upgrade makes one for
 // each file.
 class SRecordCheck {
@@ -23,6 +23,10 @@ class SRecordCheck {
   void Take(std::string_view piece);
   // At the end of the file. Nothing when all is well.
   std::optional<SRecordFault> Finish();
+
+  // The first line whose data stand out of address order; 0 while they all rise. No fault: the
+  // addresses tell where the data belong.
+  std::int64_t OutOfOrderLine() const { return outOfOrder; }
 
   // There is no need to read on: the fault has been found.
   bool Failed() const { return fault.has_value(); }
@@ -48,6 +52,7 @@ class SRecordCheck {
   std::int64_t records = 0;
   std::uint64_t dataRecords = 0;
   std::uint64_t nextAddress = 0;
+  std::int64_t outOfOrder = 0;
   std::optional<SRecordFault> fault;
 };
 

@@ -196,5 +196,16 @@ TEST_F(UpgradeTest, TheWaysOutBeforeAnythingIsSent) {
   EXPECT_EQ(Sent(), "");
 }
 
+TEST_F(UpgradeTest, DataOutOfOrderAreNotedAndNotAskedAbout) {
+  StartConnected();
+  ExpectErase(Answer::No);
+  Upgrade(Save("mixed.s28", sim::SRecord('0', 2, 0, "77-1234A01 3.2.1") +
+                                sim::SRecord('2', 3, 0x2000, "high") +
+                                sim::SRecord('2', 3, 0x1000, "low") + sim::SRecord('8', 3, 0, "")));
+  EXPECT_EQ(Boxes().back().Details,
+            "The data records of the file are out of order: the address in line 3 lies before the "
+            "end of the data above it.");
+}
+
 }  // namespace
 }  // namespace quillmark
