@@ -53,7 +53,10 @@ void ConfigSaver::WriteConfigToFile(std::filesystem::path path, bool report) {
     Write(path, report);
     return;
   } catch (const FileError& error) {
-    Fail(error.what());
+    Fail("");
+    platform.Dialogs.Message(
+        {std::string("The configuration was not saved.\r\n\r\n") + error.what(), "File Error",
+         Icon::Exclamation});
   } catch (const SerialError&) {
     Fail("");
   } catch (const RunFailed& failure) {
@@ -81,7 +84,7 @@ bool ConfigSaver::ChooseFile(std::filesystem::path& path) {
 void ConfigSaver::Write(const std::filesystem::path& path, bool report) {
   // A link that went while a dialog was up must not cost the old file its name.
   run.CheckLink();
-  ReplacedFile file(path);
+  ReplacedFile file(path, platform.Files.Data());
   if (report) {
     run.ShowStatus("Preparing Report");
     file.Line("");

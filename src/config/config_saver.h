@@ -25,8 +25,9 @@ class ConfigSaver {
               DirectRun& run);
 
   // Asks the user for the file when `path` is empty. A report begins with two empty lines and shows
-  // other words. A run that fails leaves the file cut off at the line reached, switches the radio's
-  // echo on again and has the radio read anew.
+  // other words. A run that fails switches the radio's echo on again and has the radio read anew.
+  // It leaves the file cut off at the line reached; where the file itself failed, a box tells why
+  // and the old file stands as it stood.
   void WriteConfigToFile(std::filesystem::path path, bool report);
 
   bool ReportWritten = false;  // the last run came to its end

@@ -43,7 +43,7 @@ void WriteInOneStep(const fs::path& path, const std::vector<std::string>& lines)
   fs::path unfinished = path;
   unfinished.replace_extension(".new");
   try {
-    ReplacedFile file(unfinished);
+    ReplacedFile file(unfinished, {});
     for (const std::string& line : lines) file.Line(line);
     file.Complete();
     MoveOver(unfinished, path);

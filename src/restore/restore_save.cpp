@@ -68,7 +68,7 @@ std::optional<std::filesystem::path> RestoreSaver::ChooseFile() {
 }
 
 void RestoreSaver::Write(const std::filesystem::path& path) {
-  ReplacedFile file(path);
+  ReplacedFile file(path, platform.Files.Data());
   WriteHead(file);
   const bool master = Find(controls.ModeText(), "M", 2) != 0;
   for (std::size_t n = 0; n < controls.Rows.size(); ++n) {

@@ -64,6 +64,13 @@ class ConfigBench : public sim::Bench {
     EXPECT_TRUE(Click("cmdProgramFromFile"));
   }
 
+  // The box on a file that could not be written.
+  void ExpectNotSaved(const std::filesystem::path& file) {
+    ExpectBox("File Error")
+        .Containing("The configuration was not saved.\r\n\r\n" + file.string() + ": ")
+        .With(Icon::Exclamation);
+  }
+
   // What every task leaves behind it, whatever has happened.
   void ExpectIdle() {
     EXPECT_FALSE(Main().DirectPortMode);

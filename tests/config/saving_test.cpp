@@ -1,6 +1,3 @@
-#include <unistd.h>
-
-#include <cstdlib>
 #include <string_view>
 
 #include "config_bench.h"
@@ -256,59 +253,6 @@ TEST_F(SavingTest, RepliesOutOfShape) {
     ASSERT_TRUE(Quit());
     Restart();
   }
-}
-
-TEST_F(SavingTest, TargetsThatCannotBeWritten) {
-  StartConnected();
-  std::filesystem::create_directory(InScratch("folder"));
-  const std::filesystem::path targets[] = {InScratch("folder"), "/dev/full",
-                                           InScratch("missing") / "file.txt"};
-  for (const auto& target : targets) {
-    SCOPED_TRACE(target);
-    const int beeps = DesktopSeen().Beeps;
-    if (std::filesystem::exists(target)) ExpectBox("File I/O Error").Reply(Answer::Yes);
-    ExpectSaveFile("Radio Configuration Save").Choose(target);
-    ASSERT_TRUE(Click("cmdSaveToFile"));
-    EXPECT_THAT(Text("txtTerm"),
-                HasSubstr("*** The configuration was not saved. " + target.string() + ": "));
-    EXPECT_EQ(DesktopSeen().Beeps, beeps + 1);
-    ExpectIdle();
-    ASSERT_TRUE(Refresh());
-  }
-  // Without a port, no file is asked for.
-  Port().SetPortOpen(false);
-  ASSERT_TRUE(Click("cmdSaveToFile"));
-}
-
-// Somebody has protected it, though the folder's right would allow to put another in its place.
-TEST_F(SavingTest, AReadOnlyFileStays) {
-  using std::filesystem::perms;
-  StartConnected();
-  std::filesystem::permissions(Write(InScratch("f.txt"), "old"), perms{0444});
-  std::filesystem::permissions(ScratchFolder(), perms::all);
-  const uid_t user = geteuid();
-  // Nothing is read-only for root.
-  if (user == 0 && seteuid(65534) != 0) GTEST_SKIP();
-  ExpectBox("File I/O Error").Reply(Answer::Yes);
-  EXPECT_EQ(Save("f.txt"), "old");
-  EXPECT_EQ(seteuid(user), 0);
-  EXPECT_THAT(Text("txtTerm"), HasSubstr("was not saved. " + InScratch("f.txt").string()));
-  EXPECT_FALSE(std::filesystem::exists(InScratch("f.txt.bak")));
-}
-
-TEST_F(SavingTest, AFullDiskIsSaidAndLeavesBothFiles) {
-  StartConnected();
-  Write(InScratch("f.txt"), "old");
-  std::filesystem::create_symlink("nowhere", InScratch("f.txt.bak"));  // that name is taken
-  ExpectBox("File I/O Error").Reply(Answer::Yes);
-  {
-    const LimitedFiles limited(300);
-    EXPECT_EQ(Save("f.txt").size(), 300U);
-  }
-  EXPECT_EQ(Contents(InScratch("f.txt.bak2")), "old");
-  EXPECT_THAT(Text("txtTerm"), HasSubstr("was not saved. " + InScratch("f.txt").string()));
-  EXPECT_TRUE(Radio().Echo());
-  ExpectIdle();
 }
 
 TEST_F(SavingTest, ARadioInSetupModeGivesTheSameLines) {
