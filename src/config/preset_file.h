@@ -24,6 +24,26 @@ std::filesystem::path PresetFolder(const ProgramFiles& files);
 // A slot's file; it may not exist.
 std::filesystem::path PresetFile(const ProgramFiles& files, std::size_t slot);
 
+// What the radio is read into before a save to that slot.
+std::filesystem::path PresetTemporary(const ProgramFiles& files, std::size_t slot);
+// Removes the half-made files of a program that was killed in the middle of a save.
+void RemovePresetLeftovers(const ProgramFiles& files);
+
+// A file that is gone at the end, however that comes about, and is not there at the start either.
+class FileGuard {
+ public:
+  // Throws FileError when something stands there that can't be removed.
+  explicit FileGuard(std::filesystem::path path);
+  ~FileGuard();
+  FileGuard(const FileGuard&) = delete;
+  FileGuard& operator=(const FileGuard&) = delete;
+
+  const std::filesystem::path& Path() const { return guarded; }
+
+ private:
+  std::filesystem::path guarded;
+};
+
 // Where a file's header says that it belongs, and what it shows there. Nothing for a file without
 // a slot's number.
 struct PresetPlace {
@@ -32,7 +52,8 @@ struct PresetPlace {
 };
 std::optional<PresetPlace> ReadPresetPlace(const std::filesystem::path& path);
 
-// Writes a preset: its header, then the configuration line by line. Throws FileError.
+// Writes a preset: its header, then the configuration line by line. A file that stands there is
+// moved to a free ".bak" name when the new one is complete. Throws FileError.
 void WritePreset(const std::filesystem::path& path, std::size_t slot, const PresetHeader& header,
                  const std::filesystem::path& configuration);
 

@@ -31,12 +31,15 @@ constexpr const char* fileTrouble = "File I/O Error";
 
 }  // namespace
 
-void UpdateSavePresetEnabled(frmOrvalent& main, const ProgramFiles& files) {
-  bool slotFree = false;
-  for (std::size_t slot = 0; slot < PresetSlots && !slotFree; ++slot) {
-    slotFree = !FileExists(PresetFile(files, slot));
+std::optional<std::size_t> FirstEmptyPreset(const frmOrvalent& main) {
+  for (std::size_t slot = 0; slot < main.cmdPre.size(); ++slot) {
+    if (main.cmdPre[slot].Tag() == emptyTag) return slot;
   }
-  main.cmdSaveToPreset.Enabled = slotFree;
+  return std::nullopt;
+}
+
+void UpdateSavePresetEnabled(frmOrvalent& main) {
+  main.cmdSaveToPreset.Enabled = FirstEmptyPreset(main).has_value();
 }
 
 Presets::Presets(Platform& machine, frmOrvalent& window, DirectRun& itsRun, ConfigSaver& itsSaver,
@@ -56,6 +59,7 @@ void Presets::Wire() {
 }
 
 void Presets::LoadPresetButtons() {
+  RemovePresetLeftovers(platform.Files);
   std::error_code error;
   for (fs::directory_iterator at(PresetFolder(platform.Files), error), end; !error && at != end;
        at.increment(error)) {
@@ -81,13 +85,6 @@ void Presets::ShowEmpty(std::size_t slot) {
   button.Tag = emptyTag;
   button.FontSize = emptyFontSize;
   button.Enabled = false;
-}
-
-std::optional<std::size_t> Presets::FirstEmpty() const {
-  for (std::size_t slot = 0; slot < main.cmdPre.size(); ++slot) {
-    if (main.cmdPre[slot].Tag() == emptyTag) return slot;
-  }
-  return std::nullopt;
 }
 
 void Presets::ShowFileTrouble(const char* text) { platform.Dialogs.Message({text, fileTrouble}); }
@@ -146,7 +143,7 @@ bool Presets::MakeFolder() {
 }
 
 void Presets::cmdSaveToPreset_Click() {
-  const auto slot = FirstEmpty();
+  const auto slot = FirstEmptyPreset(main);
   if (!slot || !run.MayStart()) return;
   const auto caption = AskCaption(ProgramTitle, "");
   if (!caption) return;
@@ -170,28 +167,17 @@ void Presets::cmdSaveToPreset_Click() {
 }
 
 void Presets::SaveInto(std::size_t slot, const PresetHeader& header) {
-  const fs::path preset = File(slot);
-  fs::path temporary = preset;
-  temporary.replace_extension(".tmp");
-  // Somebody has put it there by hand: its button was empty.
-  if (FileExists(preset)) MoveOver(preset, FreeBackupName(preset));
-  std::error_code error;
-  fs::remove(temporary, error);
-  // Else an old one could pass for what is to be read now.
-  if (error) throw FileError(ErrorText(error));
+  // Around the whole run: quitting unwinds it from within.
+  const FileGuard temporary(PresetTemporary(platform.Files, slot));
   run.ShowTitle("PROGRAMMING.");
-  saver.WriteConfigToFile(temporary, false);
-  struct Removed {
-    const fs::path& path;
-    ~Removed() {
-      std::error_code ignored;
-      fs::remove(path, ignored);
-    }
-  } removed{temporary};
-  WritePreset(preset, slot, header, temporary);
+  saver.ReportWritten = false;
+  saver.WriteConfigToFile(temporary.Path(), false);
+  // The saver has told why nothing could be saved.
+  if (!saver.ReportWritten && !FileExists(temporary.Path())) return;
+  WritePreset(File(slot), slot, header, temporary.Path());
   ShowFilled(slot, header);
   main.cmdPre[slot].Enabled = platform.MSComm1.PortOpen();
-  if (!FirstEmpty()) main.cmdSaveToPreset.Enabled = false;
+  if (!FirstEmptyPreset(main)) main.cmdSaveToPreset.Enabled = false;
 }
 
 void Presets::mnuPresetView_Click() {

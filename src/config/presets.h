@@ -13,8 +13,11 @@
 
 namespace quillmark {
 
-// Enables "SAVE TO PRESET" while one of the six slots has no file, else disables it.
-void UpdateSavePresetEnabled(frmOrvalent& main, const ProgramFiles& files);
+// The slot that the next save fills: the first whose button is empty. The files do not count here:
+// a file that belongs to another slot leaves its button empty, and a save moves it aside.
+std::optional<std::size_t> FirstEmptyPreset(const frmOrvalent& main);
+// Enables "SAVE TO PRESET" while there is such a slot, else disables it.
+void UpdateSavePresetEnabled(frmOrvalent& main);
 
 // The six preset buttons: each holds a stored configuration, programs the radio from it at a click,
 // and offers a menu to the other mouse button. The slots live in the files. Everything given to it
@@ -26,8 +29,9 @@ class Presets {
 
   // Joins the buttons and the menu to their handlers.
   void Wire();
-  // Fills the buttons from the files, at start. A file whose number is not that of its name is left
-  // out, so that no button programs another file than the one it shows.
+  // Fills the buttons from the files, at start, and removes half-made ones. A file whose number is
+  // not that of its name is left out, so that no button programs another file than the one it
+  // shows.
   void LoadPresetButtons();
 
  private:
@@ -42,7 +46,6 @@ class Presets {
   void mnuPresetEditDesc_Click();
 
   std::filesystem::path File(std::size_t slot) const { return PresetFile(platform.Files, slot); }
-  std::optional<std::size_t> FirstEmpty() const;
   void ShowFilled(std::size_t slot, const PresetHeader& header);
   void ShowEmpty(std::size_t slot);
   // Nothing when the user gives up. `title` and `offered` are those of the input box.

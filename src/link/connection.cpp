@@ -278,7 +278,7 @@ void Connection::EnableRadioActions() {
   for (Button& preset : main.cmdPre) {
     if (preset.Tag() != "EMPTY") preset.Enabled = true;
   }
-  UpdateSavePresetEnabled(main, platform.Files);
+  UpdateSavePresetEnabled(main);
 }
 
 void Connection::StartConnectTimer() {

@@ -1,3 +1,5 @@
+#include <numeric>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,6 +40,14 @@ class PresetsTest : public ConfigBench {
     return button.Text() + "|" + button.ToolTip() + "|" + button.Tag() + "|" +
            std::to_string(static_cast<int>(button.FontSize())) +
            (button.Enabled() ? "|on" : "|off");
+  }
+  // The names in the folder, sorted, a blank behind each.
+  std::string Entries() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(DataFolder() / "Presets")) {
+      names.insert(entry.path().filename().string() + " ");
+    }
+    return std::accumulate(names.begin(), names.end(), std::string());
   }
   static constexpr const char* empty = "(Empty)||EMPTY|8|off";
 };
@@ -224,13 +234,46 @@ TEST_F(PresetsTest, TextsThatDoNotFitAreCutSoThatTheFileCanBeRead) {
 // A disk that fills up in the middle leaves no half preset behind.
 TEST_F(PresetsTest, APresetThatCannotBeWrittenWholeIsNone) {
   StartConnected();
+  Write(Slot(1), "somebody's");
+  // The radio's lines do not fit, or only the header that makes a preset of them does not.
+  ExpectNotSaved(DataFolder() / "Presets" / "Preset1.tmp");
   ExpectBox("File I/O Error").Saying("Unspecified file I/O error.");
-  {
-    const LimitedFiles limited(400);
-    SavePreset("a", "b");
+  for (const rlim_t most : {400U, 900U}) {
+    const LimitedFiles limited(most);
+    SavePreset("a", std::string(1000, 'b'));
+    EXPECT_EQ(Entries(), "Preset1.txt ");
+    EXPECT_EQ(Seen(1), empty);
   }
-  EXPECT_TRUE(std::filesystem::is_empty(DataFolder() / "Presets"));
-  EXPECT_EQ(Seen(1), empty);
+  EXPECT_EQ(Contents(Slot(1)), "somebody's");
+}
+
+TEST_F(PresetsTest, NothingHalfMadeStays) {
+  // A program that was killed has left these, and somebody else the others.
+  for (const char* name : {"Preset2.tmp", "Preset6.new", "Preset7.tmp", "mine.tmp"}) {
+    Write(DataFolder() / "Presets" / name, "");
+  }
+  std::filesystem::create_directory(DataFolder() / "Presets" / "Preset3.tmp");
+  const std::string others = "Preset3.tmp Preset7.tmp mine.tmp ";
+  Write(Slot(1), "#PresetFile2\r\n");
+  StartConnected();
+  EXPECT_EQ(Entries(), "Preset1.txt " + others);
+  OnCommand("cts", [this] { Quit(); });
+  ExpectInput(ProgramTitle).Type("a");
+  ExpectInput(ProgramTitle).Type("b");
+  Click("cmdSaveToPreset");
+  EXPECT_TRUE(Ended());
+  EXPECT_EQ(Entries(), "Preset1.txt " + others);
+}
+
+TEST_F(PresetsTest, AFileOfAnotherSlotLocksNone) {
+  for (int number = 1; number <= 6; ++number) Fill(number, "P", "d");
+  Write(Slot(3), "#PresetFile4\n#PresetCaption:four\n");
+  StartConnected();
+  EXPECT_TRUE(Enabled("cmdSaveToPreset"));
+  SavePreset("Saved", "over three");
+  EXPECT_EQ(Seen(3), "Saved|over three||9|on");
+  EXPECT_EQ(Contents(Slot(3).string() + ".bak"), "#PresetFile4\n#PresetCaption:four\n");
+  EXPECT_FALSE(Enabled("cmdSaveToPreset"));
 }
 
 TEST_F(PresetsTest, DeletingWithoutALink) {
