@@ -13,6 +13,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "config/replaced_file.h"
 #include "qt/latin1.h"
 #include "qt/qt_desktop.h"
 
@@ -20,6 +21,7 @@ namespace quillmark {
 
 namespace {
 
+constexpr int mostDamagedFiles = 20;
 constexpr int longestLockWait = 100;  // ms; the window stands still meanwhile
 
 QString NameOf(const std::filesystem::path& path) {
@@ -39,9 +41,7 @@ bool OnDisk(int handle) { return fsync(handle) == 0 || errno == EINVAL || errno 
 
 }  // namespace
 
-std::filesystem::path IniPreferenceStore::UsualFile() {
-  return UserFolder("XDG_CONFIG_HOME", ".config") / "preferences.ini";
-}
+std::filesystem::path IniPreferenceStore::UsualFile() { return ConfigFolder() / "preferences.ini"; }
 
 struct IniPreferenceStore::Wording {
   const char* Terminal;  // behind the file's name
@@ -52,8 +52,9 @@ struct IniPreferenceStore::Wording {
 const IniPreferenceStore::Wording IniPreferenceStore::wordings[kinds] = {
     {"is damaged; the defaults hold", "The preferences file is damaged.",
      " holds more than preferences, so the defaults are used. When you change a preference, the "
-     "damaged file is kept beside it with the ending \".bak\" and a new one is begun. To have "
-     "your own preferences back, end the program, correct the file and start again."},
+     "damaged file is kept beside it with the ending \".bak\" (or \".bak2\" and so on, if there "
+     "is one already) and a new one is begun. To have your own preferences back, end the program, "
+     "correct the file and start again."},
     {"cannot be read; the defaults hold, and changes last until the program ends",
      "The preferences file cannot be read.",
      " is there, but it cannot be read. The defaults are used, and what you change lasts until "
@@ -161,10 +162,9 @@ bool IniPreferenceStore::Save(const std::string& text) {
 }
 
 bool IniPreferenceStore::KeepDamagedFile() {
-  auto aside = file;
-  aside += ".bak";
   std::error_code failure;
-  std::filesystem::rename(file, aside, failure);
+  // The first ones stay: they are the likeliest to hold what somebody wants back.
+  std::filesystem::rename(file, FreeBackupName(file, mostDamagedFiles), failure);
   return !failure;
 }
 

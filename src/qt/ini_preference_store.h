@@ -13,10 +13,10 @@ namespace quillmark {
 
 // The user's preferences in an INI file that a person can read and edit; its groups are the
 // sections. Each write reads the file again first, under a lock, so that two consoles keep each
-// other's keys. A damaged file gives the defaults and is kept beside as ".bak" when the first write
-// replaces it; one that cannot be read is left as it is. What could not be saved is kept, and saved
-// with the next write that succeeds. Trouble never stops the program; each kind is told once, on
-// stderr and to whoever listens.
+// other's keys. A damaged file gives the defaults and is kept beside under a free ".bak" name when
+// the first write replaces it; one that cannot be read is left as it is. What could not be saved is
+// kept, and saved with the next write that succeeds. Trouble never stops the program; each kind is
+// told once, on stderr and to whoever listens.
 class IniPreferenceStore : public PreferenceStore {
  public:
   struct Entry {
@@ -32,7 +32,8 @@ class IniPreferenceStore : public PreferenceStore {
   };
 
   explicit IniPreferenceStore(std::filesystem::path file);
-  // preferences.ini in the program's folder under $XDG_CONFIG_HOME, else ~/.config.
+  // preferences.ini in the program's folder under $XDG_CONFIG_HOME, else ~/.config. There must be
+  // such a folder.
   static std::filesystem::path UsualFile();
 
   std::string Read(const std::string& section, const std::string& key,

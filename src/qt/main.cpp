@@ -8,6 +8,7 @@
 #include "qt/end_signals.h"
 #include "qt/machine.h"
 #include "qt/options.h"
+#include "qt/qt_desktop.h"
 #include "qt/report.h"
 #include "qt/start_report.h"
 #include "qt/store_trouble_boxes.h"
@@ -86,6 +87,11 @@ int main(int argc, char* argv[]) {
     return printed->ExitCode;
   }
   const auto& options = std::get<quillmark::Options>(read);
+  // Before anything is looked for below them.
+  if (const auto trouble = quillmark::FolderTrouble()) {
+    std::fprintf(stderr, "quillmark-console: %s\n", trouble->c_str());
+    return 2;
+  }
   if (!options.Report.empty()) quillmark::IgnorePlatformChatter();
   if (options.Dark) quillmark::UseDarkTheme();
   return quillmark::Run(options);

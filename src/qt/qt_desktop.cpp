@@ -1,9 +1,11 @@
 #include "qt/qt_desktop.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QDate>
 #include <QDesktopServices>
-#include <QDir>
 #include <QFile>
 #include <QLocale>
 #include <QScreen>
@@ -22,6 +24,35 @@ namespace quillmark {
 namespace {
 
 constexpr const char* programFolder = "quillmark-console";
+
+constexpr const char* configVariable = "XDG_CONFIG_HOME";
+constexpr const char* configFallback = ".config";
+constexpr const char* dataVariable = "XDG_DATA_HOME";
+constexpr const char* dataFallback = ".local/share";
+
+// Empty when the variable holds no absolute path.
+std::filesystem::path FolderIn(const char* variable) {
+  std::filesystem::path named = qgetenv(variable).toStdString();
+  return named.is_absolute() ? named : std::filesystem::path();
+}
+
+// Qt takes the root folder for a missing one, so it is not asked.
+std::filesystem::path HomeFolder() {
+  if (auto named = FolderIn("HOME"); !named.empty()) return named;
+  const passwd* account = getpwuid(geteuid());
+  if (account == nullptr || account->pw_dir == nullptr) return {};
+  std::filesystem::path home = account->pw_dir;
+  return home.is_absolute() ? home : std::filesystem::path();
+}
+
+// The program's folder in one of the user's own: `variable` if it holds an absolute path, else
+// `fallback` under the home folder. Empty when there is neither.
+std::filesystem::path UserFolder(const char* variable, const char* fallback) {
+  const auto named = FolderIn(variable);
+  if (!named.empty()) return named / programFolder;
+  const auto home = HomeFolder();
+  return home.empty() ? home : home / fallback / programFolder;
+}
 
 std::optional<PrintTrouble> PrintFile(const PrintTarget& target, const std::filesystem::path& file,
                                       const std::string& title) {
@@ -68,11 +99,16 @@ double QtDesktop::ScreenHeight() const {
   return QGuiApplication::primaryScreen()->availableGeometry().height() * twipsPerPixel;
 }
 
-std::filesystem::path UserFolder(const char* variable, const char* fallback) {
-  const std::filesystem::path named = qgetenv(variable).toStdString();
-  const std::filesystem::path home = QFile::encodeName(QDir::homePath()).toStdString();
-  return (named.is_absolute() ? named : home / fallback) / programFolder;
+std::optional<std::string> FolderTrouble() {
+  if (!UserFolder(configVariable, configFallback).empty() &&
+      !UserFolder(dataVariable, dataFallback).empty()) {
+    return std::nullopt;
+  }
+  return "There is no home folder to keep files in. Set HOME, or XDG_CONFIG_HOME and "
+         "XDG_DATA_HOME.";
 }
+
+std::filesystem::path ConfigFolder() { return UserFolder(configVariable, configFallback); }
 
 std::filesystem::path QtProgramFiles::Shipped() const {
   const std::filesystem::path program =
@@ -84,7 +120,7 @@ std::filesystem::path QtProgramFiles::Shipped() const {
 }
 
 std::filesystem::path QtProgramFiles::Data() const {
-  return UserFolder("XDG_DATA_HOME", ".local/share");
+  return UserFolder(dataVariable, dataFallback);
 }
 
 }  // namespace quillmark

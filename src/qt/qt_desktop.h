@@ -1,6 +1,9 @@
 #pragma once
 
+#include <filesystem>
+#include <optional>
 #include <random>
+#include <string>
 
 #include "platform/desktop.h"
 #include "platform/program_files.h"
@@ -43,8 +46,11 @@ class QtRandom : public RandomSource {
   std::mt19937 generator;
 };
 
-// The program's folder in one of the person's own: the environment variable if it holds an absolute
-// path, else `fallback` under the home directory.
-std::filesystem::path UserFolder(const char* variable, const char* fallback);
+// The user's own folders: ConfigFolder holds the preferences, QtProgramFiles::Data the rest.
+// Without HOME they lie in the home folder of the account. Both are empty where even that is
+// missing.
+std::filesystem::path ConfigFolder();
+// Why the program can't be started, as a sentence: one of the two folders is missing.
+std::optional<std::string> FolderTrouble();
 
 }  // namespace quillmark

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -10,8 +11,11 @@
 #include <QTemporaryDir>
 #include <csignal>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <utility>
+
+#include "qt/qt_desktop.h"
 
 namespace quillmark {
 namespace {
@@ -114,14 +118,23 @@ TEST_F(StoreFile, KeepsCommentsOrderAndTheKeysOfAnotherConsole) {
 }
 
 TEST_F(StoreFile, ADamagedFileGivesTheDefaultsAndIsKeptAside) {
-  const std::string damaged("[Preferences]\nBoldText=Fal\0\x01\x02", 29);
-  Put(damaged);
-  IniPreferenceStore store(File());
-  EXPECT_EQ(store.Read("Preferences", "BoldText", "True"), "True");
-  EXPECT_EQ(TextOf(File()), damaged);
-  store.Write("Preferences", "KeepAlive", "False");
-  EXPECT_EQ(TextOf(File()), "[Preferences]\nKeepAlive=False\n");
-  EXPECT_EQ(TextOf(File().string() + ".bak"), damaged);
+  const auto damaged = [](int number) {
+    return std::string("[\0]\nBoldText=", 13) + char('a' + number);
+  };
+  constexpr int most = 20;
+  for (int number = 1; number <= most + 1; ++number) {
+    Put(damaged(number));
+    IniPreferenceStore store(File());
+    EXPECT_EQ(store.Read("Preferences", "BoldText", "True"), "True");
+    EXPECT_EQ(TextOf(File()), damaged(number));
+    store.Write("Preferences", "KeepAlive", "False");
+    EXPECT_EQ(TextOf(File()), "[Preferences]\nKeepAlive=False\n");
+  }
+  // All but one: the names are used up, and the last one holds the newest.
+  EXPECT_EQ(FilesInFolder(), 1 + most);
+  EXPECT_EQ(TextOf(File().string() + ".bak"), damaged(1));
+  EXPECT_EQ(TextOf(File().string() + ".bak2"), damaged(2));
+  EXPECT_EQ(TextOf(File().string() + ".bak20"), damaged(21));
 }
 
 TEST_F(StoreFile, AHugeFileIsDamagedAndNotReadAsAWhole) {
@@ -215,6 +228,35 @@ TEST_F(StoreFile, AForeignLockDoesNotHoldTheWindowUp) {
   }
   EXPECT_LT(time.elapsed(), 250);
   EXPECT_EQ(TextOf(File()), "[Preferences]\nBoldText=False\nKeepAlive=False\nLogoutOnQuit=False\n");
+}
+
+TEST(UserFolders, LieInTheAccountsHomeWithoutHomeAndNeverInTheRoot) {
+  std::map<const char*, QByteArray> before;
+  for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
+    before[name] = qgetenv(name);
+    qunsetenv(name);
+  }
+  const uid_t user = geteuid();
+  const std::filesystem::path home = getpwuid(user)->pw_dir;
+  EXPECT_EQ(IniPreferenceStore::UsualFile(), home / ".config/quillmark-console/preferences.ini");
+  EXPECT_EQ(QtProgramFiles().Data(), home / ".local/share/quillmark-console");
+  EXPECT_EQ(FolderTrouble(), std::nullopt);
+  // An account that the system does not know.
+  if (user == 0 && seteuid(54321) == 0) {
+    EXPECT_THAT(FolderTrouble().value_or(""), StartsWith("There is no home folder"));
+    qputenv("XDG_CONFIG_HOME", "/a");
+    EXPECT_THAT(FolderTrouble().value_or(""), StartsWith("There is no home folder"));
+    qputenv("XDG_DATA_HOME", "/b");
+    EXPECT_EQ(FolderTrouble(), std::nullopt);
+    EXPECT_EQ(QtProgramFiles().Data(), "/b/quillmark-console");
+    EXPECT_EQ(seteuid(user), 0);
+  }
+  for (const auto& [name, value] : before) {
+    if (value.isNull())
+      qunsetenv(name);
+    else
+      qputenv(name, value);
+  }
 }
 
 }  // namespace
