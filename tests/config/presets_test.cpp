@@ -184,9 +184,6 @@ TEST_F(PresetsTest, FilesMadeByHand) {
   ClearLog();
   ASSERT_TRUE(Click("cmdPre_1"));
   EXPECT_EQ(Sent(), "");
-  SavePreset("Saved", "over three");
-  EXPECT_THAT(Contents(Slot(3)), StartsWith("#PresetFile3\r\n"));
-  EXPECT_EQ(Contents(Slot(3).string() + ".bak"), "#PresetFile7\n#PresetCaption:seven\n");
 }
 
 TEST_F(PresetsTest, WhatFailsIsSaid) {
