@@ -38,7 +38,7 @@ const SimRadioCommands::Word SimRadioCommands::words[] = {
     {"ser", &SimRadioCommands::Serial},
     {"srev", &SimRadioCommands::Release},
     {"temp", &SimRadioCommands::Temperature},
-    {"alrm", &SimRadioCommands::AlarmState},
+    {"alrm", &SimRadioCommands::AlarmCode},
     {"alarm", &SimRadioCommands::AlarmCode},
     {"stat", &SimRadioCommands::Status},
     {"show sync", &SimRadioCommands::ShowSync},
@@ -154,7 +154,6 @@ RadioAnswer SimRadioCommands::Release(Time, std::string_view) {
   return Says(ReleaseText(settings.Traits().Revision));
 }
 RadioAnswer SimRadioCommands::Temperature(Time, std::string_view) { return Says("TEMP 31 C"); }
-RadioAnswer SimRadioCommands::AlarmState(Time, std::string_view) { return Says("NO ALARMS"); }
 RadioAnswer SimRadioCommands::AlarmCode(Time, std::string_view) {
   return Says("00000000 Minor\r\nNo active alarms");
 }
@@ -231,8 +230,8 @@ RadioAnswer SimRadioCommands::Login(Time, std::string_view value) {
 }
 
 RadioAnswer SimRadioCommands::SetPassword(Time, std::string_view value) {
-  // "pass none" logs out, so that word can be no password.
-  if (value.size() > longestPassword || SameWord(value, "none")) return InvalidEntry();
+  // "none" is taken like any other word, although "pass none" then logs out, not in.
+  if (value.size() > longestPassword) return InvalidEntry();
   session.Password = value;
   session.LoggedIn = !value.empty();
   return Programmed();

@@ -64,7 +64,6 @@ class SimRadioCommands {
   RadioAnswer Serial(Time at, std::string_view value);
   RadioAnswer Release(Time at, std::string_view value);
   RadioAnswer Temperature(Time at, std::string_view value);
-  RadioAnswer AlarmState(Time at, std::string_view value);
   RadioAnswer AlarmCode(Time at, std::string_view value);
   RadioAnswer Status(Time at, std::string_view value);
   RadioAnswer ShowSync(Time at, std::string_view value);

@@ -1,5 +1,7 @@
 #include "sim/sim_radio_table.h"
 
+#include <algorithm>
+
 #include "sim/sim_words.h"
 
 namespace quillmark::sim {
@@ -8,6 +10,7 @@ namespace {
 
 constexpr std::string_view onOff = "ON|OFF";
 constexpr std::string_view none = "NONE";
+constexpr int mostSkippedZones = 4;
 constexpr std::string_view dataRates = "300|600|1200|2400|4800|9600|19200|38400|57600|115200";
 constexpr std::string_view linkRates = "1200|2400|4800|9600|19200|38400|57600|115200";
 
@@ -154,7 +157,8 @@ Checked CheckedZones(const RadioSetting& row, const std::string& typed) {
     listed += zone;
   }
   const bool others = typed.find_first_not_of("12345678, ") != std::string::npos;
-  if (others || listed.empty() || listed.size() > 7) return std::nullopt;
+  const auto digits = std::count_if(typed.begin(), typed.end(), [](char c) { return c >= '1'; });
+  if (others || listed.empty() || digits > mostSkippedZones) return std::nullopt;
   return listed;
 }
 

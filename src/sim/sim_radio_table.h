@@ -26,7 +26,7 @@ enum class Shape {
   DataRate,  // a rate of Choices and/or a format such as 8N1
   Mask,      // 8 hex digits, blanks anywhere
   Map,       // up to 8 hex digits
-  Zones,     // up to four of the zones 1 to 8
+  Zones,     // up to four digits 1 to 8, a repeated one counts again
   Switched   // a number (of Choices, or Least to Most) and/or ON or OFF
 };
 

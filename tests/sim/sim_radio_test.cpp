@@ -87,6 +87,7 @@ TEST(SimRadio, ReadsByRevisionModeAndFeatures) {
       {Remote(), "show pwr", "POWER 30 dBm"},
       {Remote(), "options", "Diagnostics ON, Low Power ON, Poll Simulator ON"},
       {Remote(), "alarm", "00000000 Minor\r\nNo active alarms"},
+      {Remote(), "alrm", "00000000 Minor\r\nNo active alarms"},
       {Remote(), "ALARM ACTIVE HI", "INVALID ENTRY"},
       {Master(), "rssi", "RSSI n/a"},
       {Remote(), "rx", "INVALID COMMAND"},
@@ -144,6 +145,7 @@ TEST(SimRadio, TakesWhatIsInRangeAndKeepsIt) {
       {"skip", "none", "NONE"},
       {"skip", "1234", "1,2,3,4"},
       {"skip", "12345", ""},
+      {"skip", "1,1,2,2,3", ""},
       {"skip", "9", ""},
       {"xmap", "f", "0000000F"},
       {"xmap", "123456789", ""},
@@ -215,6 +217,10 @@ TEST(SimRadio, AsksForALoginBeforeItChangesAnything) {
       {"k7m2", "PROGRAMMED OK"},
       {"PASS NONE", "LOGGED OUT"},
       {"addr 7", "PROGRAMMED OK"},
+      {"k7m2 NoNe", "PROGRAMMED OK"},  // a password that only logs out
+      {"addr 8", "PROGRAMMED OK"},
+      {"pass NoNe", "LOGGED OUT"},
+      {"addr 7", "ACCESS DENIED"},
   };
   Talk talk(Protected());
   for (const auto& step : steps) EXPECT_EQ(talk.Ask(step.typed), step.text) << step.typed;
