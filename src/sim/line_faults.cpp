@@ -64,7 +64,9 @@ void FaultPlayer::Change(Reply& reply) {
     reply.Start += std::chrono::milliseconds(faults.LateReplyMs);
   }
   if (reply.Command == faults.NoPromptAt) reply.Prompt.clear();
-  if (reply.Command == faults.ExtraBytesAt) reply.Text.insert(0, faults.ExtraBytes);
+  if (reply.Command == faults.ExtraBytesAt) {
+    reply.Text.insert(reply.Text.starts_with("\r\n") ? 2 : 0, faults.ExtraBytes);
+  }
   if (reply.Command == faults.DoubleReplyAt) reply.Text += reply.Prompt + reply.Text;
 }
 

@@ -31,7 +31,7 @@ struct LineFaults {
   std::int64_t LateReplyMs = 0;
   std::int64_t NoPromptAt = 0;       // the reply to this command lacks its prompt
   std::int64_t ExtraBytesAt = 0;     // the reply to this command has ExtraBytes in front
-  std::string ExtraBytes = "\x1b?";  // between the echo and the line end
+  std::string ExtraBytes = "\x1b?";  // behind the line end of the echo
   std::int64_t DoubleReplyAt = 0;    // the reply to this command comes twice
 
   std::int64_t HangUpAtByteToHost = 0;   // the line goes dead behind this byte

@@ -78,6 +78,13 @@ void AddRadioOptions(CLI::App& app, SimRadioOptions& radio) {
 
 void AddLoaderOptions(CLI::App& app, SimLoaderOptions& loader) {
   const std::string group = "The firmware loader";
+  app.add_option_function<std::int64_t>(
+         "--loader-think-ms",
+         [&loader](std::int64_t ms) { loader.ThinkTime = std::chrono::milliseconds(ms); },
+         "for each line of the loader (as --think-ms)")
+      ->check(NotNegative())
+      ->type_name("MS")
+      ->group(group);
   AddMilliseconds(app, "--enter-ms", loader.EnterTime, "to erase the old firmware (3000)")
       ->group(group);
   AddMilliseconds(app, "--erase-ms", loader.EraseTime, "for ERASE (1500)")->group(group);
@@ -91,10 +98,24 @@ void AddLoaderOptions(CLI::App& app, SimLoaderOptions& loader) {
       ->group(group);
 }
 
+void AddPromptnessOptions(CLI::App& app, SimRadioOptions& radio) {
+  const std::string group = "How soon it answers";
+  AddMilliseconds(app, "--think-ms", radio.ThinkTime,
+                  "for each line, one after the other, before its reply (5)")
+      ->group(group);
+  app.add_flag("--echo-in-turn", radio.EchoesInTurn,
+               "what comes while it thinks is echoed when its turn comes, not as it arrives")
+      ->group(group);
+  app.add_flag("--act-late", radio.ActsLate,
+               "do what a line says when it is answered (deco, say), not when its turn comes")
+      ->group(group);
+  app.add_flag("--overlap", radio.Overlaps,
+               "think about all lines at the same time; a line end is echoed with the reply")
+      ->group(group);
+}
+
 void AddLineOptions(CLI::App& app, ProgramOptions& options) {
   const std::string group = "The line";
-  AddMilliseconds(app, "--think-ms", options.Radio.ThinkTime, "from a line to its reply (5)")
-      ->group(group);
   app.add_option_function<std::string>(
          "--pace",
          [&options](const std::string& rate) {
@@ -190,6 +211,9 @@ void Serve(const ProgramOptions& options) {
   if (options.TransferReport) server.OnTurn = [&reporter] { reporter.Look(); };
   server.Run();
   if (options.TransferReport) reporter.Finish();
+  if (radio.LostBytes() > 0) {
+    std::cout << "lost " << radio.LostBytes() << " bytes: input buffer full" << std::endl;
+  }
   if (line.HungUp()) std::cout << "hung up" << std::endl;
 }
 
@@ -203,6 +227,7 @@ int Run(int argc, char** argv) {
   ProgramOptions options;
   AddRadioOptions(app, options.Radio);
   AddLoaderOptions(app, options.Radio.Loader);
+  AddPromptnessOptions(app, options.Radio);
   AddLineOptions(app, options);
   AddFaultOptions(app, options.Faults);
   CLI11_PARSE(app, argc, argv);

@@ -25,9 +25,9 @@ void LineLog::Add(Direction& direction, Time at, char byte) {
 }
 
 SimLine::SimLine(SimRadio& itsRadio, LineFaults faults)
-    : radio(itsRadio), player(std::move(faults)) {
+    : radio(itsRadio), player(std::move(faults)), commands(itsRadio.CommandCount()) {
   radio.Muted = [this](int command) { return player.IsMuted(command); };
-  radio.OnReply = [this](Reply& reply) { Change(reply); };
+  radio.OnReply = [this](Reply& reply) { player.Change(reply); };
 }
 
 SimLine::~SimLine() {
@@ -100,12 +100,15 @@ void SimLine::Step(Time now, std::string& forHost) {
   if (const auto babble = player.NextBabble(); babble && *babble <= now) {
     Deliver(now, std::string(1, player.TakeBabble()), forHost);
   }
-  Deliver(now, radio.Departed(now), forHost);
+  const std::string departed = radio.Departed(now);
+  LookForCommands();
+  Deliver(now, departed, forHost);
 }
 
 void SimLine::Arrive(const Arrival& arrival) {
   const std::string bytes = player.ToRadio(arrival.Byte);
   radio.Receive(arrival.At, bytes, arrival.Baud);
+  LookForCommands();
   if (player.HangUpReached()) hungUp = true;
 }
 
@@ -120,9 +123,10 @@ void SimLine::Deliver(Time now, std::string_view bytes, std::string& forHost) {
   }
 }
 
-void SimLine::Change(Reply& reply) {
-  player.Change(reply);
-  if (!reply.ToEmptyLine && player.HangsUpAt(reply.Command)) hungUp = true;
+void SimLine::LookForCommands() {
+  while (commands < radio.CommandCount()) {
+    if (player.HangsUpAt(++commands)) hungUp = true;
+  }
 }
 
 }  // namespace quillmark::sim

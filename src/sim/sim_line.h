@@ -86,13 +86,14 @@ class SimLine {
   void Step(Time now, std::string& forHost);
   void Arrive(const Arrival& arrival);
   void Deliver(Time now, std::string_view bytes, std::string& forHost);
-  void Change(Reply& reply);
+  void LookForCommands();
 
   SimRadio& radio;
   FaultPlayer player;
   LineLog log;
   BytePacer pacer;
   std::deque<Arrival> arrivals;
+  int commands = 0;  // how many of the radio's have been looked at
   bool hungUp = false;
 };
 

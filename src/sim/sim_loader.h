@@ -13,6 +13,7 @@ namespace quillmark::sim {
 
 // How long the loader takes for its work. During Enter, Erase, Verify and Start it hears nothing.
 struct SimLoaderOptions {
+  std::optional<Time> ThinkTime{};                     // for each line; nothing: as the radio
   Time EnterTime = std::chrono::milliseconds(3000);    // erases the running firmware, comes up
   Time EraseTime = std::chrono::milliseconds(1500);    // the word ERASE
   Time VerifyTime = std::chrono::milliseconds(200);    // from the last record to the verdict

@@ -12,15 +12,9 @@ namespace {
 constexpr char carriageReturn = 13;
 constexpr char escape = 27;
 constexpr std::string_view lineEnd = "\r\n";
-// Typed characters beyond this are lost, so that a line never grows without end.
-constexpr std::size_t longestLine = 255;
-constexpr std::size_t mostLines = 20'000;
 constexpr int loaderRates[] = {1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200};
 // The loader goes over to the host's rate when it has measured this many carriage returns at it.
 constexpr int returnsToMeasure = 2;
-
-bool IsBackspace(char byte) { return byte == 8 || byte == 127; }
-bool IsControl(char byte) { return static_cast<unsigned char>(byte) < 32; }
 
 }  // namespace
 
@@ -47,8 +41,10 @@ SimRadio::SimRadio(SimRadioOptions radioOptions)
 }
 
 void SimRadio::Receive(Time at, std::string_view bytes, int hostBaud) {
-  RunTimers(at);
-  for (const char byte : bytes) TakeByte(at, byte, hostBaud);
+  for (const char byte : bytes) {
+    RunTimers(at);
+    Arrive(at, byte, hostBaud);
+  }
 }
 
 std::optional<Time> SimRadio::NextDeparture() const {
@@ -110,16 +106,11 @@ std::vector<std::string> SimRadio::CommandsAfter(std::string_view wanted) const 
   return texts;
 }
 
-void SimRadio::TakeByte(Time at, char byte, int hostBaud) {
-  if (at < busyUntil) {
+void SimRadio::Arrive(Time at, char byte, int hostBaud) {
+  if (at < deafUntil) {
     ++unheardBytes;
-    return;
-  }
-  if (!Understands(at, byte, hostBaud)) return;
-  if (session.At == Level::Loader && loader.Receiving()) {
-    TakeImageByte(at, byte);
-  } else {
-    TakeTypedByte(at, byte);
+  } else if (Understands(at, byte, hostBaud)) {
+    Hear(at, byte);
   }
 }
 
@@ -143,7 +134,7 @@ bool SimRadio::Understands(Time at, char byte, int hostBaud) {
     if (measurable && ++foreignReturns == returnsToMeasure) {
       foreignReturns = 0;
       baud = hostBaud;
-      line.clear();
+      Hear(at, escape);  // what came so far was noise
       return true;
     }
   }
@@ -151,81 +142,9 @@ bool SimRadio::Understands(Time at, char byte, int hostBaud) {
   return false;
 }
 
-void SimRadio::TakeTypedByte(Time at, char byte) {
-  if (byte == carriageReturn) {
-    EndLine(at);
-  } else if (session.Pending == SimSession::Waits::WhileReporting) {
-    return;  // only the carriage return ends the reports
-  } else if (byte == escape) {
-    line.clear();
-    session.Pending = SimSession::Waits::No;
-  } else if (IsBackspace(byte)) {
-    if (line.empty()) return;
-    line.pop_back();
-    Echo(at, "\b \b");
-  } else if (!IsControl(byte) && line.size() < longestLine) {
-    line += byte;
-    Echo(at, std::string(1, byte));
-  }
-}
-
-void SimRadio::TakeImageByte(Time at, char byte) {
-  const auto verdict = loader.Take(at, byte);
-  if (verdict) return GiveVerdict(at, *verdict);
-  if (loader.ResetsNow()) return Restart(at, RadioAnswer::Next::EnterLoader);
-  if (loader.StallsNow()) busyUntil = at + options.Loader.StallTime;
-}
-
-void SimRadio::EndLine(Time at) {
-  const std::string text = std::exchange(line, {});
-  Remember(at, text);
-  Give(at, text, Execute(at, text));
-}
-
-void SimRadio::Remember(Time at, const std::string& text) {
-  if (lines.size() == mostLines) lines.erase(lines.begin(), lines.begin() + mostLines / 2);
-  lines.push_back({at, text});
-  if (!text.empty()) ++commandCount;
-  if (OnLine) OnLine(lines.back());
-}
-
-RadioAnswer SimRadio::Execute(Time at, const std::string& text) {
-  if (session.At != Level::Loader) return commands.Execute(at, text);
-  if (Trimmed(text).empty() || text.starts_with('#')) return PromptOnly();
-  if (const auto answer = commands.ExecuteSessionWord(text)) return *answer;
-  return loader.Execute(text);
-}
-
-void SimRadio::Give(Time at, const std::string& text, RadioAnswer answer) {
-  Reply reply{text.empty() ? commandCount + 1 : commandCount, text.empty(),
-              at + std::max(options.ThinkTime, answer.Busy), std::string(lineEnd),
-              answer.Prompt ? Prompt() : ""};
-  if (answer.Text) reply.Text += *answer.Text + std::string(lineEnd);
-  if (const RadioAnswer* other = Override(text)) {
-    reply.Text = *other->Text;
-    if (!other->Prompt) reply.Prompt.clear();
-  }
-  if (answer.Busy > Time(0)) busyUntil = at + answer.Busy;
-  nextReport = reply.Start;
-  if (OnReply) OnReply(reply);
-  if (!IsMuted(reply.Command)) Send(reply.Start, reply.Text + reply.Prompt);
-  if (answer.Then != RadioAnswer::Next::Stay) Restart(at, answer.Then);
-}
-
-const RadioAnswer* SimRadio::Override(const std::string& text) const {
-  const RadioAnswer* found = nullptr;
-  std::size_t length = 0;
-  for (const auto& [word, answer] : overrides) {
-    if (!ValueAfter(text, word) || (found != nullptr && word.size() < length)) continue;
-    found = &answer;
-    length = word.size();
-  }
-  return found;
-}
-
 void SimRadio::Restart(Time at, RadioAnswer::Next how) {
   const bool toLoader = how == RadioAnswer::Next::EnterLoader;
-  busyUntil = at + (toLoader ? options.Loader.EnterTime : options.Loader.StartTime);
+  deafUntil = at + (toLoader ? options.Loader.EnterTime : options.Loader.StartTime);
   std::string password = std::move(session.Password);
   session = {};
   session.Password = std::move(password);
@@ -236,39 +155,50 @@ void SimRadio::Restart(Time at, RadioAnswer::Next how) {
     settings.Traits().Revision = loader.Version();
   }
   baud = options.Baud;
-  if (!IsMuted(commandCount + 1)) Send(busyUntil, std::string(lineEnd) + Prompt());
+  work.reset();
+  unheardBytes += input.Clear();
+  if (!IsMuted(input.Commands() + 1)) Send(deafUntil, std::string(lineEnd) + Prompt());
 }
 
 void SimRadio::GiveVerdict(Time at, const std::string& verdict) {
-  busyUntil = at + options.Loader.VerifyTime;
-  if (IsMuted(commandCount + 1)) return;
-  Send(busyUntil, std::string(lineEnd) + verdict + std::string(lineEnd) + Prompt());
+  if (work) Give(at);  // a short image ends before the loader has said that it takes one
+  deafUntil = at + options.Loader.VerifyTime;
+  if (IsMuted(input.Commands() + 1)) return;
+  Send(deafUntil, std::string(lineEnd) + verdict + std::string(lineEnd) + Prompt());
 }
 
 void SimRadio::RunTimers(Time now) {
-  while (const auto due = NextTimer()) {
-    if (*due > now) return;
-    if (session.At == Level::Loader) {
+  for (auto due = NextTimer(); due && *due <= now; due = NextTimer()) {
+    if (work && work->Due == *due) {
+      Proceed(*due);
+    } else if (session.At == Level::Loader) {
       GiveVerdict(*due, loader.Abort("NO END RECORD"));
-      continue;
+    } else {
+      Report(*due);
     }
-    nextReport = *due + options.RssiInterval;
-    if (IsMuted(commandCount + 1)) continue;
-    Send(*due, "RSSI " + std::to_string(rssi) + " dBm" + std::string(lineEnd));
   }
+}
+
+void SimRadio::Report(Time at) {
+  nextReport = at + options.RssiInterval;
+  if (IsMuted(input.Commands() + 1)) return;
+  Send(at, "RSSI " + std::to_string(rssi) + " dBm" + std::string(lineEnd));
 }
 
 std::optional<Time> SimRadio::NextTimer() const {
+  std::optional<Time> next;
   if (session.At == Level::Loader) {
-    const auto deadline = loader.Deadline();
-    return deadline ? std::max(*deadline, busyUntil) : deadline;
+    next = loader.Deadline();
+    if (next) next = std::max(*next, deafUntil);
+  } else if (session.Pending == SimSession::Waits::WhileReporting) {
+    next = nextReport;
   }
-  if (session.Pending == SimSession::Waits::WhileReporting) return nextReport;
-  return std::nullopt;
+  if (!work) return next;
+  return next ? std::min(*next, work->Due) : work->Due;
 }
 
 void SimRadio::Echo(Time at, std::string_view bytes) {
-  if (session.Echo && !IsMuted(commandCount + 1)) Send(at, bytes);
+  if (session.Echo && !IsMuted(input.ShownCommand())) Send(at, bytes);
 }
 
 std::string SimRadio::Prompt() const {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "sim/sim_answer.h"
+#include "sim/sim_input.h"
 #include "sim/sim_loader.h"
 #include "sim/sim_output.h"
 #include "sim/sim_radio_commands.h"
@@ -38,6 +39,9 @@ struct Reply {
 // arrived, and gives bytes with the time at which they have wholly left. It knows the whole dialect
 // (docs/wire-dialect.md) and refuses what a radio refuses. No operating system in it, no clock and
 // no faults: SimLine puts it on a line and adds those. Times given to it never go back.
+//
+// It handles one line after the other: what comes while it thinks about a line waits. It does what
+// a line says when it comes to that line, and answers after its think time.
 class SimRadio {
  public:
   explicit SimRadio(SimRadioOptions options = {});
@@ -90,9 +94,12 @@ class SimRadio {
   // The lines that are not empty, and those behind the last one that reads exactly `line`.
   std::vector<std::string> Commands() const;
   std::vector<std::string> CommandsAfter(std::string_view line) const;
-  int CommandCount() const { return commandCount; }  // lines that are not empty, since the start
+  int CommandCount() const {
+    return input.Commands();
+  }  // lines that are not empty, since the start
   int WrongBaudBytes() const { return wrongBaudBytes; }
-  int UnheardBytes() const { return unheardBytes; }  // came while it was busy
+  int UnheardBytes() const { return unheardBytes; }  // came while it was deaf, or lost in a restart
+  int LostBytes() const { return input.Lost(); }     // came while its input buffer was full
 
   // For the faults of a line and for logs; each may be empty. `Muted` is asked with a command's
   // number before its echo and its reply go out.
@@ -101,18 +108,37 @@ class SimRadio {
   std::function<void(const ReceivedLine&)> OnLine;
 
  private:
-  void TakeByte(Time at, char byte, int hostBaud);
+  // The line that the radio is busy with.
+  struct Work {
+    std::string Line;
+    int Command;
+    bool LineEndShown;
+    Time Begun;
+    Time Due;                    // when it goes on with it
+    std::optional<Reply> Ready;  // once it has acted
+    RadioAnswer::Next Then = RadioAnswer::Next::Stay;
+  };
+
+  void Arrive(Time at, char byte, int hostBaud);
   bool Understands(Time at, char byte, int hostBaud);
-  void TakeTypedByte(Time at, char byte);
-  void TakeImageByte(Time at, char byte);
-  void EndLine(Time at);
+  void Hear(Time at, char byte);
+  bool CanTake() const;
+  void Take(Time at, SimInput::Byte byte);
+  void TakeTypedByte(Time at, SimInput::Byte byte);
+  void TakeImageByte(Time at, const SimInput::Byte& byte);
+  void Show(Time at, SimInput::Byte& byte);
+  void Begin(Time at, const SimInput::Byte& end, const std::string& text);
   void Remember(Time at, const std::string& text);
   RadioAnswer Execute(Time at, const std::string& text);
-  void Give(Time at, const std::string& text, RadioAnswer answer);
+  void Act(Time at);
+  void Proceed(Time at);
+  void Give(Time at);
+  Time ThinkTime() const;
   const RadioAnswer* Override(const std::string& text) const;
   void Restart(Time at, RadioAnswer::Next how);
   void GiveVerdict(Time at, const std::string& verdict);
   void RunTimers(Time now);
+  void Report(Time at);
   std::optional<Time> NextTimer() const;
   void Send(Time at, std::string_view bytes) { output.Queue(at, bytes, baud, Pace(baud)); }
   void Echo(Time at, std::string_view bytes);
@@ -125,6 +151,8 @@ class SimRadio {
   SimZoneCounters zones;
   SimRadioCommands commands;
   SimLoader loader;
+  SimInput input;
+  std::optional<Work> work;
   SimOutput output;
   std::mt19937 random;
   std::map<std::string, RadioAnswer, std::less<>> overrides;  // by word or line; Text is raw
@@ -134,12 +162,10 @@ class SimRadio {
   int listeningBaud = 0;
   int foreignBaud = 0;     // of the last carriage returns at a wrong rate
   int foreignReturns = 0;  // how many of them came in a row
-  Time busyUntil{0};
+  Time deafUntil{0};
   Time nextReport{0};
 
-  std::string line;  // typed so far
   std::vector<ReceivedLine> lines;
-  int commandCount = 0;
   int wrongBaudBytes = 0;
   int unheardBytes = 0;
 };

@@ -13,9 +13,17 @@ struct SimRadioOptions {
   char Mode = 'R';         // 'M', 'R' or 'X'
   std::string Password{};  // up to 4 characters; empty: none is set and everybody may change things
   bool LoggedIn = false;
-  Time ThinkTime = std::chrono::milliseconds(5);  // from the carriage return to the reply
-  int Baud = 19200;                               // of the diagnostic port
-  bool Paced = true;                              // false: bytes take no time
+  // For each line, one after the other; from the carriage return of the first to its reply.
+  Time ThinkTime = std::chrono::milliseconds(5);
+  // What comes while it is busy with a line is echoed when it comes to it, not as it arrives.
+  bool EchoesInTurn = false;
+  // Does what a line says when it answers it, so that "deco" leaves the echo on until its prompt.
+  // The loader never does: an image may follow right behind PROGRAM.
+  bool ActsLate = false;
+  // Thinks about all lines at the same time, and echoes a line end together with the reply.
+  bool Overlaps = false;
+  int Baud = 19200;      // of the diagnostic port
+  bool Paced = true;     // false: bytes take no time
   int PaceBaud = 0;      // paces at this rate whatever the port is set to; 0: as the port is set
   bool LowPower = true;  // the features that were bought
   bool RtuSelected = true;

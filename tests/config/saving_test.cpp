@@ -198,7 +198,7 @@ TEST_F(SavingTest, AFailureLeavesTheShortenedFileAndTheOldOneAndTheEchoOn) {
 TEST_F(SavingTest, SlowRadiosAndLateRepliesGiveTheSameFile) {
   for (const int thinking : {60, 200, 300, 450}) {
     SCOPED_TRACE(thinking);
-    StartConnected({.Mode = 'M', .ThinkTime = Milliseconds(thinking)});
+    StartConnected({.Mode = 'M', .ThinkTime = Milliseconds(thinking), .Overlaps = true});
     ProgramOddValues(Radio());
     EXPECT_EQ(Save(), OddFile('M', "3.2.0"));
     std::filesystem::remove(InScratch("saved.txt"));

@@ -90,7 +90,7 @@ TEST_F(UpgradeMeanwhileTest, ClickedInTheMiddleOfSomethingElse) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.Command);
     // Slow, so that there is time for a click before the connect has ended.
-    UseRadio({.ThinkTime = Milliseconds(500)});
+    UseRadio({.ThinkTime = Milliseconds(500), .Overlaps = true});
     ExpectErase(Answer::Yes);
     ExpectSuccess();
     ExpectChoice(file);

@@ -88,7 +88,7 @@ TEST_F(RestoreFaults, TheRadioFallsSilentInARead) {
     EndSession();
   }
   // Dead from the start: 30 rounds, then the read finds it out, and so does the connect.
-  StartConnected();
+  StartConnected({.Overlaps = true});
   Random().Fixed = 0;
   InWindowAtOnce([&] {
     SecondPort().HoldOutput(true);
@@ -140,7 +140,7 @@ TEST_F(RestoreFaults, SlowAndLateReplies) {
                {5, 300, true}, {5, 470, false}, {5, 560, false}};
   for (const auto& each : cases) {
     SCOPED_TRACE(std::to_string(each.ThinkMs) + ", late " + std::to_string(each.LateMs));
-    StartOdd({.Mode = 'M', .ThinkTime = Milliseconds(each.ThinkMs)});
+    StartOdd({.Mode = 'M', .ThinkTime = Milliseconds(each.ThinkMs), .Overlaps = true});
     std::string whole;
     InWindow([&] {
       whole = RowTexts(true);

@@ -163,7 +163,7 @@ TEST_F(OptionWindowsTest, TheExtensionMap) {
 }
 
 TEST_F(OptionWindowsTest, TheExtensionMapAskedForInTheMiddleOfARead) {
-  ShowSettings();
+  ShowSettings({.Overlaps = true});
   ASSERT_TRUE(Radio().Program("xmap", "8000000A"));
   ExpectWindow("frmXMAP").Do([&] {
     EXPECT_TRUE(Checked("Check1_31"));

@@ -22,8 +22,8 @@ TEST(SimLine, PacesBothDirectionsAtTenBitsAByte) {
   EXPECT_EQ(talk.line.Log().Received(), "ser\r\nSN 00123456\r\n>");
   const std::vector<Time>& times = talk.line.Log().ToHost().Times;
   EXPECT_THAT(std::vector<Time>(times.begin(), times.begin() + 4),
-              ElementsAre(Time(2040), Time(2561), Time(3082), Time(3083 + 5000 + 520)));
-  EXPECT_EQ(times.back(), Time(3083 + 5000 + 16 * 10'000'000 / 19200));
+              ElementsAre(Time(2040), Time(2561), Time(3082), Time(3083 + 520)));
+  EXPECT_EQ(times.back(), Time(3083 + 5000 + 14 * 10'000'000 / 19200));
 }
 
 TEST(SimLine, TakesNoTimeWhenItIsNotPaced) {
@@ -37,16 +37,62 @@ TEST(SimLine, TakesNoTimeWhenItIsNotPaced) {
   EXPECT_EQ(talk.line.NextEvent(), std::nullopt);
 }
 
-TEST(SimLine, QueuesALongAnswerBehindTheOneBefore) {
-  Talk talk;
-  EXPECT_EQ(talk.Send("mode\rpwr\rmode\r"),
-            "mode\r\nMODE R\r\n>pwr\r\nPWR 30 dBm\r\n>mode\r\nMODE R\r\n>");
+TEST(SimLine, HandlesOneLineAfterTheOther) {
+  const Time slow = milliseconds(100);
+  const struct {
+    SimRadioOptions options;
+    std::string sent;
+    std::string received;
+    int last;  // ms
+  } cases[] = {
+      {{.ThinkTime = slow}, "mode\rpwr\r", "mode\r\npwr\r\nMODE R\r\n>PWR 30 dBm\r\n>", 209},
+      {{.ThinkTime = slow, .EchoesInTurn = true},
+       "mode\rpwr\r",
+       "mode\r\nMODE R\r\n>pwr\r\nPWR 30 dBm\r\n>",
+       209},
+      {{.ThinkTime = slow, .Overlaps = true},
+       "mode\rpwr\r",
+       "mode\r\nMODE R\r\n>pwr\r\nPWR 30 dBm\r\n>",
+       117},
+      {{.ThinkTime = Time(0)}, "mode\rpwr\r", "mode\r\nMODE R\r\n>pwr\r\nPWR 30 dBm\r\n>", 17},
+      {{.ThinkTime = slow}, "deco\rmode\reeco\r", "deco\r\n>\r\nMODE R\r\n>\r\n>", 304},
+      {{.ThinkTime = slow, .ActsLate = true},
+       "deco\rmode\reeco\r",
+       "deco\r\nmode\r\neeco\r\n>MODE R\r\n>>",
+       303},
+      {{.ThinkTime = slow, .StartInLoader = true, .Loader = {.ThinkTime = milliseconds(200)}},
+       "open\r\b\r",
+       "open\r\n\r\nLOADER>LOADER>",
+       406},
+      // What waits is lost when the radio starts anew.
+      {{.ThinkTime = slow, .Loader = {.EnterTime = Time(0)}},
+       "PROGRAM\rYES\rmode\r",
+       "PROGRAM\r\nYES\r\nmode\r\nARE YOU SURE?\r\n>ERASING\r\n\r\nLOADER>",
+       213},
+  };
+  for (const auto& c : cases) {
+    Talk talk(c.options);
+    talk.line.HostSends(Time(0), c.sent, 19200);
+    EXPECT_EQ(talk.Pass(std::chrono::seconds(9)), c.received);
+    EXPECT_EQ(talk.line.Log().ToHost().Times.back() / milliseconds(1), c.last) << c.received;
+  }
+}
+
+TEST(SimLine, FillsASmallBufferWhileTheRadioThinks) {
+  Talk talk({.ThinkTime = milliseconds(400)});
+  std::string pasted = "mode\r";
+  for (int i = 0; i < 100; ++i) pasted += "srev\r";
+  talk.line.HostSends(Time(0), pasted, 19200);
+  talk.Pass(std::chrono::seconds(60));
+  EXPECT_EQ(talk.radio.LostBytes(), 500 - 256);
+  EXPECT_EQ(talk.radio.CommandCount(), 1 + 256 / 5);
+  EXPECT_EQ(talk.Send("\x1bmode\r"), "mode\r\nMODE R\r\n>");
 }
 
 TEST(SimLine, LosesWhatIsOnItsWayWhenTheHostCloses) {
   Talk talk;
   talk.line.HostSends(Time(0), "mode\r", 19200);
-  EXPECT_EQ(talk.Pass(milliseconds(9)), "mode\r\n");  // the reply has begun
+  EXPECT_EQ(talk.Pass(milliseconds(9)), "mode\r\nMO");  // the reply has begun
   talk.line.HostClears();
   EXPECT_EQ(talk.Pass(milliseconds(100)), "");
   EXPECT_EQ(talk.Ask("mode"), "MODE R");
@@ -77,10 +123,10 @@ TEST(SimLine, PlaysItsFaults) {
       {"double to host", With({{&F::DoubleToHost, 1}}), "mmode\r\nMODE R\r\n>", pwr},
       {"drop to radio", With({{&F::DropToRadio, 5}}), "mode", "pwr\r\nINVALID COMMAND\r\n>"},
       {"garble to radio", With({{&F::GarbleToRadio, 1}}), "8ode\r\nINVALID COMMAND\r\n>", pwr},
-      {"double to radio", With({{&F::DoubleToRadio, 5}}), mode + "\r\n>", pwr},
-      {"late", With({{&F::LateReplyAt, 2}, {&F::LateReplyMs, 2000}}), mode, "pwr"},
+      {"double to radio", With({{&F::DoubleToRadio, 5}}), "mode\r\n\r\nMODE R\r\n>>", pwr},
+      {"late", With({{&F::LateReplyAt, 2}, {&F::LateReplyMs, 2000}}), mode, "pwr\r\n"},
       {"no prompt", With({{&F::NoPromptAt, 1}}), "mode\r\nMODE R\r\n", pwr},
-      {"extra", With({{&F::ExtraBytesAt, 2}}), mode, "pwr\x1b?\r\nPWR 30 dBm\r\n>"},
+      {"extra", With({{&F::ExtraBytesAt, 2}}), mode, "pwr\r\n\x1b?PWR 30 dBm\r\n>"},
       {"twice", With({{&F::DoubleReplyAt, 1}}), mode + "\r\nMODE R\r\n>", pwr},
       {"hang up to host", With({{&F::HangUpAtByteToHost, 6}}), "mode\r\n", ""},
       {"hang up to radio", With({{&F::HangUpAtByteToRadio, 2}}), "m", ""},

@@ -85,7 +85,7 @@ TEST(SimLoader, TakesARadioThroughAWholeUpgrade) {
   EXPECT_EQ(talk.Send("YES\r"), "YES\r\nERASING\r\n");
   EXPECT_EQ(talk.Send("\r"), "");  // hears nothing while it works
   EXPECT_EQ(talk.Pass(std::chrono::seconds(2)), "\r\nLOADER>");
-  EXPECT_EQ(talk.Send("\x1b\r\n\r\r"), "\r\nLOADER>\r\nLOADER>\r\nLOADER>");
+  EXPECT_EQ(talk.Send("\x1b\r\n\r\r"), "\r\n\r\n\r\nLOADER>LOADER>LOADER>");
   EXPECT_EQ(talk.Ask("EXIT"), "NO FIRMWARE");
   EXPECT_EQ(talk.Ask("PROGRAM"), "NOT ERASED");
   BringUp(talk);

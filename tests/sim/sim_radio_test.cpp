@@ -37,7 +37,7 @@ TEST(SimRadio, AnswersInTheShapeOfTheDialect) {
       {"mode\r", "mode\r\nMODE R\r\n>"},
       {"MoDe\r\n", "MoDe\r\nMODE R\r\n>"},
       {"\r", "\r\n>"},
-      {"\x1b\r\n\r\r", "\r\n>\r\n>\r\n>"},
+      {"\x1b\r\n\r\r", "\r\n\r\n\r\n>>>"},
       {"mo\x1b\r", "mo\r\n>"},
       {"modx\be\r", "modx\b \be\r\nMODE R\r\n>"},
       {"# a remark\r", "# a remark\r\n>"},
