@@ -70,6 +70,7 @@ bool AccessMenus::RadioTakesChanges() {
          "to enter in an encryption code.",
          "Error!", Icon::Critical});
   });
+  if (state != LoginState::Unknown) main.txtTerm.Text = "";
   return state != LoginState::Denied && radio.Open() && radio.Epoch() == began;
 }
 

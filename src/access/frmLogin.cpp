@@ -61,18 +61,6 @@ void frmLogin::Form_Unload() {
   turn.reset();
 }
 
-bool frmLogin::SendSecret(const std::string& line) {
-  if (radio.SaySecret(line)) return true;
-  if (radio.Open() && Loaded()) {
-    platform.Dialogs.Message(
-        {"The radio did not switch its echo off and would show what you enter.\r\rNothing was "
-         "sent. "
-         "Please try again.",
-         "Login"});
-  }
-  return false;
-}
-
 bool frmLogin::Received(std::string_view text) const { return Holds(radio.Received(), text); }
 
 void frmLogin::cmdOK_Click() {
@@ -85,7 +73,7 @@ void frmLogin::SendAndJudge() {
   const bool pass = command == Command::Pass;
   const char* const accepted = pass ? "PASSWORD OK" : "PROGRAMMED OK";
   const char* const refused = pass ? "PASSWORD INVALID" : "INVALID ENTRY";
-  if (!SendSecret((pass ? "pass " : "code ") + txtPassword.Text())) return;
+  radio.SaySecret((pass ? "pass " : "code ") + txtPassword.Text());
   radio.AwaitText(replyLimit, [&] { return Received(accepted) || Received(refused); });
   if (!radio.Open()) return;
   if (!Received(accepted)) {
@@ -100,10 +88,10 @@ void frmLogin::SendAndJudge() {
 }
 
 void frmLogin::Accept(const char* notice) {
-  main.txtTerm.Text = notice;
   if (!Loaded()) return;  // closed meanwhile, and with its echo back
   radio.Say("");
   radio.SwitchEcho(true);
+  main.txtTerm.Text = notice;
   Unload();
 }
 
@@ -117,7 +105,7 @@ void frmLogin::Refuse(const char* text) {
 void frmLogin::NoneButton_Click() {
   if (sending) return;
   const Raised underWay(sending);
-  if (!SendSecret("code none")) return;
+  radio.SaySecret("code none");
   for (int pass = 0; pass < passes && Loaded(); ++pass) platform.Events.Pump();
   if (!Loaded()) return;  // cancelled meanwhile
   Accept("*** ENCRYPTION CODE ACCEPTED ***");

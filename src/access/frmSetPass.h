@@ -37,7 +37,9 @@ class frmSetPass : public Form {
   void SetPassword();
   // Tells what is wrong with the two entries, if anything is.
   bool EntriesAreGood();
-  void ShowPasswordSet();
+  // Shows and stores whether the radio has a password now.
+  void ShowState(bool protectedNow);
+  void End(const char* notice);
   void RemovePassword();
   void StorePassEnabled(bool enabled);
 

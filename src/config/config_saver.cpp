@@ -163,10 +163,7 @@ bool ConfigSaver::CallRadio() {
 }
 
 void ConfigSaver::WriteSettings(ReplacedFile& file, bool report) {
-  if (!radio.SwitchEcho(false, "\n")) {
-    run.CheckLink();
-    throw RunFailed{"The radio did not switch its echo off."};
-  }
+  radio.SwitchEcho(false, "\n");
   modeLetter.clear();
   int done = 0;
   int all = SettingCount(true);
@@ -198,8 +195,11 @@ std::optional<std::string> ConfigSaver::ReadSetting(const SavedSetting& row) {
                        .Opening = row.Word == nullptr ? "" : row.Word,
                        .FirstLook = firstLook,
                        .Echo = false,
-                       .TakesRefusal = lacking});
+                       .TakesRefusal = lacking,
+                       .InValue = Conversation::Question::Bracket::Stays});
   if (text) return text;
+  // It has an empty one.
+  if (radio.CameLast() == Reply::State::Bare) return std::nullopt;
   const bool mayLack = row.Since > 0 && !revision.Known();
   if (mayLack && IsRefusal(radio.Received())) return std::nullopt;
   throw RunFailed{"The radio's reply to " + std::string(row.Command) + " can't be read."};

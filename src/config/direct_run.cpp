@@ -52,21 +52,25 @@ bool DirectRun::Broken() const {
          !platform.MSComm1.PortOpen();
 }
 
-// Events are delivered also where the reply is there already: the window must not stand still for
-// the whole run.
 DirectRun::Watch::Watch(DirectRun& itsRun) : run(itsRun) {
   run.connection.StartPortTimeout();
-  run.platform.Events.Pump();
-  run.radio.GivenUp = [&broken = run] { return broken.Broken(); };
+  run.radio.GivenUp = [&watched = run] { return watched.Broken(); };
+  // The radio has answered: the watchdog starts afresh.
+  run.radio.AskingAgain = [&link = run.connection] {
+    link.StopPortTimeout();
+    link.StartPortTimeout();
+  };
 }
 
 DirectRun::Watch::~Watch() {
   run.radio.GivenUp = nullptr;
+  run.radio.AskingAgain = nullptr;
   run.connection.StopPortTimeout();
 }
 
 void DirectRun::Await(const std::function<bool()>& done) {
   const Watch watch(*this);
+  platform.Events.Pump();
   if (!radio.AwaitText(longestWait, done)) throw RunFailed();
 }
 
@@ -79,6 +83,7 @@ std::optional<std::string> DirectRun::Ask(Conversation::Question question) {
 }
 
 void DirectRun::WhenFree(const Control& entry, std::function<void()> act) {
+  if (!MayStart()) return;
   radio.Turns.WhenFree(entry, [this, act = std::move(act)] {
     if (MayStart()) act();
   });

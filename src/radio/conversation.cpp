@@ -1,6 +1,7 @@
 #include "radio/conversation.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "text/text.h"
 
@@ -11,6 +12,7 @@ namespace {
 constexpr Duration echoTime = Milliseconds(500);   // for a radio to switch its echo
 constexpr Duration hurtQuiet = Milliseconds(150);  // no more of a hurt reply comes after that
 constexpr Duration bareQuiet = Milliseconds(500);  // no text comes behind a bare prompt after that
+constexpr Duration lateTime = Milliseconds(500);   // for what follows a late reply
 constexpr Duration look = Milliseconds(10);
 constexpr std::size_t longestHead = 8;  // "LOADER>" and a bit
 
@@ -35,6 +37,7 @@ std::string Conversation::Hear(std::string_view received) {
 void Conversation::Discard(std::string_view received) {
   Hear(received);
   Prime();
+  session.RxBuffer.Append(" ");
 }
 
 void Conversation::Take() { Hear(port.Input()); }
@@ -54,9 +57,8 @@ void Conversation::Follow(char byte) {
 }
 
 void Conversation::SeePrompt(PromptKind kind) {
-  // A radio that shows a prompt to nobody has started anew, with its echo on.
-  if (due == 0) echoSurelyOff = false;
-  if (due > 0) --due;
+  int& awaited = due > 0 ? due : late;
+  if (awaited > 0) --awaited;
   if (due == 0) secretDue = false;
   // A page of a report says nothing about the mode.
   if (kind == PromptKind::More) return;
@@ -79,13 +81,13 @@ void Conversation::SayBytes(const std::string& bytes) {
   Sent(static_cast<int>(std::count(bytes.begin(), bytes.end(), '\r')));
 }
 
-bool Conversation::SaySecret(const std::string& line) {
-  Settle();
-  if (!echoSurelyOff && !SwitchEcho(false)) return false;
+void Conversation::SaySecret(const std::string& line) {
+  if (!link.EchoIsOff) SwitchEcho(false);
+  // A prompt that is still due would end the silence too early; it stays counted.
+  AwaitText(echoTime, [this] { return due == 0; });
   Prime();
   secretDue = true;
   Say(line);
-  return true;
 }
 
 bool Conversation::AwaitText(Duration limit, const std::function<bool()>& done) {
@@ -112,7 +114,7 @@ void Conversation::AwaitQuiet(Duration quiet, Duration limit) {
 
 void Conversation::Settle(Duration quiet, Duration limit) {
   AwaitText(limit, [&] { return due == 0 || QuietFor() >= quiet; });
-  due = 0;
+  late += std::exchange(due, 0);
   secretDue = false;
 }
 
@@ -143,7 +145,8 @@ bool Conversation::Decided(const Reply& reply) const {
 }
 
 Reply Conversation::AwaitReply(const Question& question) {
-  const ReplyForm form{.Command = question.Command, .Echo = question.Echo};
+  const ReplyForm form{
+      .Command = question.Command, .Echo = question.Echo, .EarlierPrompts = late};
   Reply reply;
   AwaitText(question.Limit, [&] {
     // Without a prompt there is nothing to take apart.
@@ -159,6 +162,7 @@ std::optional<std::string> Conversation::Ask(const Question& question) {
   std::optional<std::string> doubtful;
   bool again = true;
   for (int attempt = 0; again && attempt < attempts; ++attempt) {
+    if (attempt > 0 && AskingAgain) AskingAgain();
     if (auto value = AskOnce(question, doubtful, again)) return value;
   }
   return std::nullopt;
@@ -174,26 +178,45 @@ std::optional<std::string> Conversation::AskOnce(const Question& question,
   if (!again) return std::nullopt;
   Prime();
   Say(question.Command);
-  if (question.FirstLook > Duration::zero()) events.Sleep(question.FirstLook);
+  if (question.FirstLook > Duration::zero()) {
+    events.Sleep(question.FirstLook);
+    // Also where the reply is there already: the windows must not stand still for a whole run.
+    if (hears == Hears::ByEvents) events.Pump();
+  }
   const Reply reply = AwaitReply(question);
+  cameLast = reply.Came;
   again = epoch == began && Open() && reply.Came != Reply::State::Missing;
   if (!again) return std::nullopt;
-  if (reply.EchoSeen) NoteEcho();
+  // Its prompt has come, even where it was hurt beyond recognition.
+  due = 0;
+  if (reply.EchoSeen) link.EchoIsOff = false;
   const bool wrongEcho =
       question.Echo ? reply.Came == Reply::State::Unechoed : reply.Came != Reply::State::Whole;
   if (wrongEcho) SwitchEcho(question.Echo);
   if (reply.Came != Reply::State::Whole) return std::nullopt;
-  if (IsRefusal(reply.Text)) {
+  // RxBuffer may grow from here on.
+  const std::string text(reply.Text);
+  auto value = question.InValue == Question::Bracket::Stays ? text : ValueOf(reply);
+  if (IsLateReply()) return std::nullopt;
+  const bool spoilt = question.InValue == Question::Bracket::Spoils && Holds(text, ">");
+  if (spoilt) value.reset();
+  if (IsRefusal(text)) {
     again = !question.TakesRefusal;
     if (again && !question.Echo) SwitchEcho(false);
-    return again ? std::nullopt : ValueOf(reply);
+    return again ? std::nullopt : value;
   }
-  auto value = ValueOf(reply);
-  const bool likely = FindAnyCase(reply.Text, question.Opening) == 1 || SaysNoValue(reply.Text);
-  again = !likely && value != doubtful;
+  again = FindAnyCase(text, question.Opening) != 1 && !SaysNoValue(text) && value != doubtful;
   if (!again) return value;
   doubtful = std::move(value);
   return std::nullopt;
+}
+
+bool Conversation::IsLateReply() {
+  if (late == 0) return false;
+  const int before = late;
+  const bool another = AwaitText(lateTime, [&] { return late < before; });
+  late = 0;
+  return another;
 }
 
 // Nothing but line ends, the prompt, and the word itself where the radio still echoed.
@@ -208,10 +231,12 @@ bool Conversation::SwitchEcho(bool on, std::string_view afterReturn) {
   const std::string word = on ? "eeco" : "deco";
   const int mine = ++echoSwitches;
   for (int attempt = 0; attempt < attempts; ++attempt) {
+    // What earlier lines bring is not the answer to this one.
+    AwaitText(echoTime, [this] { return due == 0; });
+    if (echoSwitches != mine) return false;
     Prime();
     // Whatever becomes of it: a way out must know that the echo may be off.
     if (!on) link.EchoIsOff = true;
-    echoSurelyOff = false;
     port.Output(word + "\r" + std::string(afterReturn));
     Sent(1);
     const bool answered = AwaitText(echoTime, [this] { return due == 0; });
@@ -219,23 +244,17 @@ bool Conversation::SwitchEcho(bool on, std::string_view afterReturn) {
     if (!port.PortOpen() || !answered || echoSwitches != mine) return false;
     if (EchoReplyIsGood(word)) {
       link.EchoIsOff = !on;
-      echoSurelyOff = !on;
       return true;
     }
   }
   return false;
 }
 
-void Conversation::NoteEcho() {
-  link.EchoIsOff = false;
-  echoSurelyOff = false;
-}
-
 void Conversation::Restart() {
   ++epoch;
   due = 0;
+  late = 0;
   secretDue = false;
-  echoSurelyOff = false;
   lineHead.clear();
   lastByte = events.Now();
 }

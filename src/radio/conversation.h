@@ -39,7 +39,7 @@ class Conversation {
   // Takes what has been received; gives the part of it that may be shown and logged: nothing of
   // the reply to a secret.
   std::string Hear(std::string_view received);
-  // The same for what is thrown away while the port is reset.
+  // The same for what is thrown away while the port is reset: a blank takes its place.
   void Discard(std::string_view received);
   // Takes the port's input and hears it.
   void Take();
@@ -68,10 +68,9 @@ class Conversation {
   void Say(const std::string& line, int prompts = 1);
   // Bytes as they are; each carriage return among them draws a prompt.
   void SayBytes(const std::string& bytes);
-  // A line with a secret in it, the echo switched off before. What the radio says up to its prompt
-  // is neither shown nor logged. False when the radio has not switched its echo off: nothing was
-  // sent then.
-  bool SaySecret(const std::string& line);
+  // A line with a secret in it, the echo switched off before. A radio may echo against its orders:
+  // what it says up to its prompt is neither shown nor logged.
+  void SaySecret(const std::string& line);
 
   // --- Exchanges ---
 
@@ -87,11 +86,16 @@ class Conversation {
     bool Echo = true;
     // A refusal of the radio is an answer like any other.
     bool TakesRefusal = true;
+    // What a ">" in the value does: it ends the value, as ValueOf tells; it stays; or it makes it no
+    // value.
+    enum class Bracket { Ends, Stays, Spoils } InValue = Bracket::Ends;
   };
   // Asks for a value. Echo and framing are checked; a reply that was hurt, or came with the echo
   // in the wrong state, is asked for once more, the echo put right before. Nothing when none comes
   // in time or the second one is no better; RxBuffer holds what came last.
   std::optional<std::string> Ask(const Question& question);
+  // How the last reply to Ask came.
+  Reply::State CameLast() const { return cameLast; }
 
   // Primes, sends, and waits until RxBuffer holds both `awaited` and ">", in whatever case, or the
   // limit has passed; tells whether both came.
@@ -101,9 +105,13 @@ class Conversation {
   bool AwaitText(Duration limit, const std::function<bool()>& done);
   // Asked in every wait: a run that has failed by other means ends them. May be empty.
   std::function<bool()> GivenUp;
+  // Told when a question is asked once more. May be empty.
+  std::function<void()> AskingAgain;
   // Waits until every line has its prompt, or nothing has come for `quiet`, `limit` at most. From
-  // then on no prompt is due.
+  // then on no prompt is due; those that did not come are taken for late.
   void Settle(Duration quiet = Milliseconds(500), Duration limit = Seconds(10));
+  // Prompts that did not come so far will not come any more.
+  void ForgetLate() { late = 0; }
   // Waits until nothing has come for `quiet`, `limit` at most.
   void AwaitQuiet(Duration quiet, Duration limit);
 
@@ -130,8 +138,9 @@ class Conversation {
   std::optional<std::string> AskOnce(const Question& question, std::optional<std::string>& doubtful,
                                      bool& again);
   Reply AwaitReply(const Question& question);
+  // Whether the whole reply that has come is that of an earlier line: a further one follows it.
+  bool IsLateReply();
   bool Decided(const Reply& reply) const;
-  void NoteEcho();
   bool EchoReplyIsGood(const std::string& word) const;
 
   SerialPort& port;
@@ -143,9 +152,9 @@ class Conversation {
   std::string lineHead;  // of the line that is coming in; no more of it than a prompt is long
   PromptKind lastPrompt = PromptKind::None;
   int due = 0;
-  bool secretDue = false;      // the reply to a secret is coming
-  bool echoSurelyOff = false;  // the radio has said so, and nothing has come since that it did not
-                               // have to say
+  Reply::State cameLast = Reply::State::Missing;
+  int late = 0;            // prompts that have not come in time, and may still come
+  bool secretDue = false;  // the reply to a secret is coming
   int echoSwitches = 0;        // so many were begun
   Duration lastByte{};
   int epoch = 0;

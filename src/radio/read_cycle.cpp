@@ -147,6 +147,8 @@ bool ReadCycle::CheckRadio() {
   // Somebody has let the radio go meanwhile: waking it would open the port behind their back.
   if (!radio.Open()) return false;
   if (!Contains(radio.Received(), ">")) connection.WakeLink();
+  // The wake asks a sleeping radio more often than it answers.
+  radio.ForgetLate();
   const bool inLoader = radio.LastPrompt() == PromptKind::Loader;
   Pause80();
   return !inLoader;
@@ -171,7 +173,9 @@ void ReadCycle::FindLoginState(const std::string& ownerName) {
     main.tbr_Login.Enabled = found == LoginState::Denied;
     main.tbr_Logout.Enabled = found != LoginState::Denied;
   });
-  if (state != LoginState::Unknown) main.LoginProbePending = false;
+  if (state == LoginState::Unknown) return;
+  main.LoginProbePending = false;
+  main.txtTerm.Text = "";
 }
 
 void ReadCycle::Pause80() {

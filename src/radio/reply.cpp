@@ -143,6 +143,7 @@ Reply FindReply(std::string_view received, const ReplyForm& form) {
   reply.EchoSeen = form.Echo && !form.Command.empty();
   if (reply.Came == Reply::State::Whole && BeginsWithEcho(reply.Text, form.Command)) {
     reply.Came = Reply::State::Damaged;
+    reply.Text = {};
   }
   return reply;
 }

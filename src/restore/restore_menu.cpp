@@ -32,6 +32,7 @@ void RestoreMenu::Wire() {
     if (const auto shown = window.lock()) shown->MSComm2_OnComm();
   };
   main.mnuConfigRestore.OnClick = [this] {
+    if (MayStart && !MayStart()) return;
     radio.Turns.WhenFree(main.mnuConfigRestore, [this] {
       if (!MayStart || MayStart()) mnuConfigRestore_Click();
     });
@@ -60,10 +61,11 @@ bool RestoreMenu::MayBeOpened() {
   const int began = radio.Epoch();
   const LoginProbe probe{.Word = "addr", .Prefix = "", .Wait = probeTime, .Opening = "ADDR"};
   Answer answer = Answer::Yes;
-  ProbeLogin(radio, probe, [&](LoginState found) {
+  const LoginState state = ProbeLogin(radio, probe, [&](LoginState found) {
     main.txtTerm.Text = "";
     if (found == LoginState::Denied) answer = AskWhetherToOpen();
   });
+  if (state != LoginState::Unknown) main.txtTerm.Text = "";
   // The user has let the link go meanwhile.
   return answer == Answer::Yes && radio.Epoch() == began;
 }
