@@ -24,7 +24,7 @@ void AccessMenus::Wire() {
   wire(main.tbr_Login, &AccessMenus::mnuAccessCode_Click);
   wire(main.mnuAccessCode, &AccessMenus::mnuAccessCode_Click);
   wire(main.mnuEncryptCode, &AccessMenus::mnuEncryptCode_Click);
-  wire(main.mnuSetPass, &AccessMenus::mnuSetPass_Click);
+  main.mnuSetPass.OnClick = [this] { mnuSetPass_Click(); };
   main.mnuSetupMode.OnClick = [this] { mnuSetupMode_Click(); };
 }
 
@@ -79,8 +79,10 @@ void AccessMenus::mnuSetPass_Click() {
     setPass->OKButton.SetFocus();
     return;
   }
-  setPass = std::make_shared<frmSetPass>(platform, session, main, radio);
-  platform.Windows.Show(setPass);
+  radio.Turns.WhenFree(main.mnuSetPass, [this] {
+    setPass = std::make_shared<frmSetPass>(platform, session, main, radio);
+    platform.Windows.Show(setPass);
+  });
 }
 
 void AccessMenus::mnuSetupMode_Click() {

@@ -52,6 +52,7 @@ void FirmwareUpgrade::Wire() {
   // end would not come about.
   const auto wire = [this](Clickable& entry) {
     entry.OnClick = [this, &entry] {
+      if (MayStart && !MayStart()) return;
       radio.Turns.WhenFree(entry, [this] { mnuSendText_Click(); });
     };
   };

@@ -84,7 +84,7 @@ void Conversation::SayBytes(const std::string& bytes) {
 void Conversation::SaySecret(const std::string& line) {
   if (!link.EchoIsOff) SwitchEcho(false);
   // A prompt that is still due would end the silence too early; it stays counted.
-  AwaitText(echoTime, [this] { return due == 0; });
+  AwaitText(echoTime, [this] { return due == 0 || QuietFor() >= echoTime; });
   Prime();
   secretDue = true;
   Say(line);

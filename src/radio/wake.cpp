@@ -10,6 +10,7 @@ constexpr int rounds = 30;
 constexpr int bursts = 4;
 constexpr int burstPause = 100;  // ms
 constexpr Duration quiet = Milliseconds(150);
+constexpr Duration longestThought = Seconds(1);  // of a slow radio about one line
 constexpr Duration longestAnswer = Seconds(4);
 
 // True when the round was played to its end.
@@ -31,8 +32,11 @@ bool PlayRound(Platform& platform, Conversation& radio, const WakeSteps& steps, 
 bool IsAwake(Conversation& radio) {
   if (radio.AtPrompt()) return true;
   if (FindPrompt(radio.Received(), 0, true).Kind == PromptKind::None) return false;
-  radio.AwaitQuiet(quiet, longestAnswer);
-  return radio.AtPrompt();
+  return radio.AwaitText(longestAnswer,
+                         [&radio] {
+                           return radio.QuietFor() >= (radio.AtPrompt() ? quiet : longestThought);
+                         }) &&
+         radio.AtPrompt();
 }
 
 }  // namespace

@@ -53,10 +53,9 @@ TEST_F(AccessTest, TheWaysOutOfTheLogin) {
   const Duration began = Now();
   EXPECT_EQ(InLogin("mnuAccessCode", [&] { EXPECT_TRUE(Click("cmdCancel")); }), "deco\reeco\r");
   EXPECT_LT(Now() - began, Seconds(1));
-  // The close box sends nothing: the echo stays off until the next "eeco".
-  EXPECT_EQ(InLogin("mnuAccessCode", [&] { EXPECT_TRUE(CloseWindow("frmLogin")); }), "deco\r");
-  Run(Milliseconds(100));
-  EXPECT_FALSE(Radio().Echo());
+  EXPECT_EQ(InLogin("mnuAccessCode", [&] { EXPECT_TRUE(CloseWindow("frmLogin")); }),
+            "deco\reeco\r");
+  EXPECT_TRUE(Radio().Echo());
   // A silent radio is a refusal after three seconds; then the port goes, and nothing can be done.
   Faults().SilentFrom = Radio().CommandCount() + 1;
   EXPECT_EQ(InLogin("mnuAccessCode",
@@ -93,7 +92,7 @@ TEST_F(AccessTest, NothingIsReadWhileALoginIsOpen) {
 
 TEST_F(AccessTest, TheEncryptionCode) {
   StartConnected();
-  const std::string probe = "deco\rADDR NONE\reeco\rdeco\r";
+  const std::string probe = "addr\raddr\rdeco\rADDR NONE\reeco\rdeco\r";
   EXPECT_EQ(InLogin("mnuEncryptCode",
                     [&] {
                       EXPECT_EQ(Text("frmLogin"), "Enter Encryption Code:");
@@ -126,7 +125,7 @@ TEST_F(AccessTest, TheEncryptionCode) {
           "an encryption code.")
       .With(Icon::Critical);
   EXPECT_TRUE(Click("mnuEncryptCode"));
-  EXPECT_EQ(Sent(), "deco\rADDR NONE\reeco\r");
+  EXPECT_EQ(Sent(), "addr\raddr\rdeco\rADDR NONE\reeco\r");
   EXPECT_TRUE(Text("txtTerm").empty());
 }
 
@@ -147,7 +146,10 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
       .Saying("The two passwords do not match!\rPlease reenter the password.")
       .With(Icon::Critical);
   EXPECT_TRUE(Click("frmSetPass.OKButton"));
-  EXPECT_TRUE(Edit("Pass2", "a1b2"));
+  for (const char* box : {"Pass1", "Pass2"}) EXPECT_TRUE(Edit(box, "None"));
+  ExpectBox("Error!").Containing("log out").With(Icon::Critical);
+  EXPECT_TRUE(Click("frmSetPass.OKButton"));
+  for (const char* box : {"Pass1", "Pass2"}) EXPECT_TRUE(Edit(box, "a1b2"));
   EXPECT_TRUE(Click("frmSetPass.OKButton"));
   EXPECT_FALSE(WindowOpen("frmSetPass"));
   EXPECT_EQ(Sent(), "deco\rk7m2 a1b2\reeco\r");
@@ -160,6 +162,12 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
   // Not logged in: nothing is removed.
   Type("txtTerm", "pass none\r");
   Run(Seconds(1));
+  ClearLog();
+  ASSERT_TRUE(Click("mnuSetPass"));
+  for (const char* box : {"Pass1", "Pass2"}) EXPECT_TRUE(Edit(box, "zzzz"));
+  EXPECT_TRUE(Click("frmSetPass.OKButton"));
+  EXPECT_EQ(Text("txtTerm"), "*** NEW PASSWORD REFUSED ***");
+  EXPECT_TRUE(CloseWindow("frmSetPass"));
   ClearLog();
   const auto remove = [&] {
     ASSERT_TRUE(Click("mnuSetPass"));
@@ -192,6 +200,18 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
   ASSERT_TRUE(Click("mnuSetPass"));
   EXPECT_TRUE(CloseWindow("frmSetPass"));
   EXPECT_EQ(Sent(), "deco\reeco\rdeco\reeco\r");
+  // Nothing is removed behind a Cancel, and once behind two clicks.
+  const std::pair<const char*, const char*> seconds[] = {
+      {"frmSetPass.CancelButton", "deco\rk7m2\reeco\r"},
+      {"frmSetPass.OKButton", "deco\rk7m2\rPASS NONE\r\reeco\r"}};
+  for (const auto& [second, sent] : seconds) {
+    ClearLog();
+    ASSERT_TRUE(Click("mnuSetPass"));
+    EXPECT_TRUE(Click("PassRadio_1"));
+    After(Milliseconds(200), [&, button = second] { EXPECT_TRUE(Click(button)); });
+    EXPECT_TRUE(Click("frmSetPass.OKButton"));
+    EXPECT_EQ(Sent(), sent);
+  }
 }
 
 TEST_F(AccessTest, SetupModeReadsProgramsAndKeys) {

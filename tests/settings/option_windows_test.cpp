@@ -148,10 +148,12 @@ TEST_F(OptionWindowsTest, TheExtensionMap) {
                        EXPECT_TRUE(Click("CloseButton"));
                      }),
             "xmap\r");
-  // Replies of odd shapes leave the boxes empty, and nothing is programmed that nobody has set.
+  // Replies of odd shapes leave the boxes empty, which is told, and nothing is programmed that nobody
+  // has set.
   for (const char* reply : {"", "\r\n", "\r\nXMAP\r\n", "\r\nXMAP 0000000\r\n",
                             "\r\nXMAP 0000000G\r\n", "\r\nXMAP 0000000F0\r\n"}) {
     Radio().SetReply("xmap", reply);
+    ExpectBox("XMAP Configuration").Containing("could not be read").With(Icon::Exclamation);
     InWindow("XMAP", "frmXMAP", [&] {
       EXPECT_EQ(checkedBoxes(), "");
       EXPECT_FALSE(Click("ProgramButton"));
@@ -163,7 +165,7 @@ TEST_F(OptionWindowsTest, TheExtensionMap) {
 }
 
 TEST_F(OptionWindowsTest, TheExtensionMapAskedForInTheMiddleOfARead) {
-  ShowSettings({.Overlaps = true});
+  ShowSettings();
   ASSERT_TRUE(Radio().Program("xmap", "8000000A"));
   ExpectWindow("frmXMAP").Do([&] {
     EXPECT_TRUE(Checked("Check1_31"));
@@ -173,6 +175,7 @@ TEST_F(OptionWindowsTest, TheExtensionMapAskedForInTheMiddleOfARead) {
   });
   OnCommand("pwr", [&] { EXPECT_TRUE(Click("XMAP")); });
   ASSERT_TRUE(Refresh());
+  Run(Seconds(1));
 }
 
 TEST_F(OptionWindowsTest, BothStagesOfTheGuidedMap) {
