@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+#include "attack/faults.h"
+
+namespace quillmark::attack {
+
+// Whether `text` is what became of `whole` when one of its bytes was lost, changed or doubled on
+// the line, or with noise when bytes came in between. Equal texts are.
+bool MayBecome(std::string_view whole, std::string_view text, Fault::Damage damage);
+
+}  // namespace quillmark::attack

@@ -1,0 +1,277 @@
+#include "attack/world.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "attack/rows.h"
+#include "odd_settings.h"
+#include "sim/sim_radio_table.h"
+#include "sim/sim_words.h"
+
+namespace quillmark::attack {
+
+namespace fs = std::filesystem;
+
+using sim::SameWord;
+using sim::SimRadio;
+using sim::SimRadioOptions;
+
+namespace {
+
+std::string Contents(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// What was expected is only for faultless runs.
+bool IsUnmet(std::string_view report) {
+  return report.starts_with("There never came") || report.starts_with("The radio never received");
+}
+
+}  // namespace
+
+const std::vector<std::string>& SettingWords() {
+  static const std::vector<std::string> words = [] {
+    std::vector<std::string> all;
+    for (const sim::RadioSetting& row : sim::SettingRows()) {
+      if (all.empty() || all.back() != row.Word) all.emplace_back(row.Word);
+    }
+    return all;
+  }();
+  return words;
+}
+
+// Some are taken at a master only.
+void CopySettings(const SimRadio& from, SimRadio& to) {
+  to.Program("mode", "M");
+  for (const std::string& word : SettingWords()) {
+    if (word != "mode") to.Program(word, from.Setting(word));
+  }
+  to.Program("mode", from.Setting("mode"));
+}
+
+std::map<std::string, std::string> Replies(const SimRadio& radio) {
+  SimRadioOptions options = radio.Options();
+  options.Paced = false;
+  options.ThinkTime = sim::Time(0);
+  options.StartInLoader = options.StartInSetup = false;
+  options.Revision = radio.Setting("srev");
+  SimRadio copy(options);
+  CopySettings(radio, copy);
+  std::map<std::string, std::string> replies;
+  sim::Time now{0};
+  for (const ShownRow& row : ShownRowTable()) {
+    const std::string word = row.Word;
+    copy.Receive(now, word + "\r");
+    now += std::chrono::seconds(1);
+    const std::string reply = copy.Departed(now);
+    const std::size_t start = word.size() + 2;
+    const std::size_t end = reply.rfind("\r\n");
+    replies[word] = end == std::string::npos || end < start ? "" : reply.substr(start, end - start);
+  }
+  return replies;
+}
+
+World::World()
+    : reporter(::testing::ScopedFakeTestPartResultReporter::INTERCEPT_ALL_THREADS, &results) {
+  Random().Fixed = 0.5;
+  TolerateBoxes();
+  Events().AddSource(*this);
+}
+
+World::~World() { Events().RemoveSource(*this); }
+
+void World::Begin(const SimRadioOptions& options, const std::string& ownName, bool connected) {
+  UseRadio(options);
+  ProgramOddValues(Radio());
+  Radio().Program("own", ownName);
+  Start();
+  ExpectSaveFile("Open a Communications Log File").Choose(Out("session.log"));
+  Press("tbr_OpenLogFile");
+  if (connected && !Connect()) ADD_FAILURE() << "The radio could not be connected and read";
+}
+
+void World::Mark() {
+  taken.clear();
+  history.clear();
+  firstBox = Boxes().size();
+  told = false;
+  FollowRadio();
+}
+
+void World::FollowRadio() {
+  NoteValues();
+  Radio().OnLine = [this](const sim::ReceivedLine& line) {
+    NoteValues();
+    const bool own = line.text == "own " + Radio().Setting("own") ||
+                     SameWord(line.text, "addr " + Radio().Setting("addr"));
+    taken.push_back({line.at, line.text, own});
+  };
+}
+
+void World::NoteValues() {
+  for (const std::string& word : SettingWords()) history[word].insert(Radio().Setting(word));
+  for (const char* word : {"ser", "srev"}) history[word].insert(Radio().Setting(word));
+}
+
+bool World::Press(const std::string& name) {
+  try {
+    return !Ended() && Click(name);
+  } catch (const std::invalid_argument&) {
+    return false;
+  }
+}
+
+bool World::Put(const std::string& name, const std::string& text) {
+  try {
+    return !Ended() && Edit(name, text);
+  } catch (const std::invalid_argument&) {
+    return false;
+  }
+}
+
+bool World::Toggle(const std::string& name) {
+  if (!Main().AdvancedShown) Press("ButtonAdv");
+  return Press(name);
+}
+
+void World::InWindow(const std::string& name, const std::string& button,
+                     std::function<void()> acts) {
+  ExpectWindow(name).Do([this, name, button, acts = std::move(acts)] {
+    acts();
+    LeaveWindow(name, button);
+  });
+}
+
+void World::LeaveWindow(const std::string& name, const std::string& button) {
+  constexpr int patience = 300;
+  for (int i = 0; i < patience && WindowOpen(name) && !Ended(); ++i) {
+    if (!Press(name + "." + button)) CloseWindow(name);
+    if (WindowOpen(name)) Run(Milliseconds(500));
+  }
+}
+
+void World::Swap(const SimRadioOptions& options) {
+  Swapped = true;
+  Broken.insert(Now());
+  const bool plugged = Sockets().At(1).Is != sim::VirtualSockets::State::Empty;
+  UseRadio(options);
+  ProgramOddValues(Radio());
+  Radio().Program("own", "Valley");
+  Radio().Program("pwr", "24");
+  FollowRadio();
+  if (!plugged) Unplug();
+}
+
+void World::RestartRadio() {
+  SimRadioOptions options = Radio().Options();
+  options.StartInLoader = Radio().At() == sim::Level::Loader;
+  options.Revision = Radio().Setting("srev");
+  if (options.StartInLoader) options.Revision = Radio().Options().Revision;
+  SimRadio before(options);
+  CopySettings(Radio(), before);
+  Broken.insert(Now());
+  UseRadio(options);
+  CopySettings(before, Radio());
+  FollowRadio();
+}
+
+bool World::Idle() {
+  return Ended() ||
+         (!Application().Ticks().LineHeld() &&
+          (!Port().PortOpen() || !Shared().RefreshRequested || Radio().At() == sim::Level::Loader));
+}
+
+bool World::Settle(Duration limit) {
+  const Duration end = Now() + limit;
+  while (!Ended() && Now() < end) {
+    CloseWindows();
+    RunUntil([this] { return Idle(); }, end - Now());
+    Run(Seconds(3));
+    if (Idle()) return true;
+  }
+  return Ended();
+}
+
+void World::CloseWindows() {
+  for (const char* name : {"frmZoneQuality", "frmZoneData", "frmRSSI", "frmLogin", "frmSetPass",
+                           "frmSetup", "frmRestore", "frmXMAP", "frmSimpleXMAP", "frmProgram"}) {
+    if (WindowOpen(name)) CloseWindow(name);
+  }
+}
+
+void World::Heal() {
+  Faults() = {};
+  Plug();
+}
+
+void World::StartAgain() {
+  restarting = true;
+  lastTerminal.clear();
+  Restart();
+  restarting = false;
+}
+
+std::vector<std::string> World::BoxTexts() const {
+  std::vector<std::string> texts;
+  for (std::size_t i = firstBox; i < Boxes().size(); ++i) {
+    texts.push_back(Boxes()[i].Title + ": " + Boxes()[i].Text + Boxes()[i].Details);
+  }
+  return texts;
+}
+
+void World::LookForSecrets(const std::string& where, std::string_view text) {
+  for (const std::string& secret : Secrets) {
+    if (text.find(secret) != std::string_view::npos) leaks.insert(secret + " in " + where);
+  }
+}
+
+void World::Advance(Duration) {
+  if (restarting) return;
+  const std::string& terminal = Main().txtTerm.Text();
+  if (terminal == lastTerminal) return;
+  lastTerminal = terminal;
+  LookForSecrets("the terminal", terminal);
+  for (const char* notice : {"not saved", "Error", "REFUSED", "failed"}) {
+    if (terminal.find(notice) != std::string::npos) told = true;
+  }
+}
+
+std::map<std::string, std::string> World::ShownRows() {
+  std::map<std::string, std::string> shown;
+  for (const ShownRow& row : ShownRowTable()) {
+    const SettingRow& field = Main().*row.Row;
+    if (field.Visible()) shown[row.Word] = field.Text();
+  }
+  return shown;
+}
+
+Tree World::Files() const {
+  Tree tree;
+  for (const auto& entry : fs::recursive_directory_iterator(ScratchFolder())) {
+    const std::string name = fs::relative(entry.path(), ScratchFolder()).string();
+    if (name.starts_with("shipped")) continue;
+    tree[name] = entry.is_directory() ? "(folder)" : Contents(entry.path());
+  }
+  return tree;
+}
+
+std::vector<std::string> World::Defects() {
+  CheckExpectations();
+  std::vector<std::string> defects;
+  for (int i = 0; i < results.size(); ++i) {
+    const std::string_view report = results.GetTestPartResult(i).message();
+    const std::size_t text = report.starts_with("Failed\n") ? 7 : 0;
+    if (!IsUnmet(report.substr(text))) defects.emplace_back(report.substr(text));
+  }
+  return defects;
+}
+
+void World::WriteFile(const fs::path& path, std::string_view text) const {
+  fs::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+}  // namespace quillmark::attack
