@@ -24,7 +24,8 @@ void Begin(World& world, const Operation& operation, const sim::SimRadioOptions&
   world.Mark();
 }
 
-void Add(Meant& meant, const Measured& of) {
+void Add(Meant& meant, const Operation& operation, const Measured& of) {
+  if (operation.MayOmitLines) meant.WithGaps.insert(operation.Target);
   meant.Lines.insert(of.Lines.begin(), of.Lines.end());
   for (const auto& [path, text] : of.Files) meant.Files.emplace(path, text);
   meant.Prints.insert(meant.Prints.end(), of.Prints.begin(), of.Prints.end());
@@ -114,8 +115,8 @@ Findings Attack::Run(const Operation& operation, const Fault& fault, unsigned se
   Begin(world, operation, options);
   if (fault.Strike != nullptr) fault.Strike(blow);
   Meant meant;
-  Add(meant, whole);
-  if (blow.Second != nullptr) Add(meant, Measure(*blow.Second));
+  Add(meant, operation, whole);
+  if (blow.Second != nullptr) Add(meant, *blow.Second, Measure(*blow.Second));
   const auto rows = world.ShownRows();
   const Tree files = world.Files();
   Findings findings;

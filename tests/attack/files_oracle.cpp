@@ -9,6 +9,8 @@ namespace quillmark::attack {
 
 namespace {
 
+constexpr const char* aFolder = "(folder)";
+
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
   for (const std::string_view line : sim::Pieces(text, '\n')) lines.emplace_back(line);
@@ -23,10 +25,6 @@ std::set<std::string> OtherLines(const World& world) {
       const std::size_t blank = value.find(' ');
       lines.insert(sim::Raised(word) + " " + value + "\r");
       if (word == "asense") lines.insert("ALARM ACTIVE " + value + "\r");
-      if (word == "ser") lines.insert("#From Radio, serial number: SN " + value + "\r");
-      if (word == "srev") {
-        lines.insert("#With Firmware Version:  77-1234A01 " + value + "  01Jan2009\r");
-      }
       if ((word != "dlink" && word != "rtu") || blank == std::string::npos) continue;
       lines.insert(sim::Raised(word) + " " + value.substr(0, blank) + "\r");
       lines.insert(sim::Raised(word) + (value.ends_with("(ON)") ? " ON\r" : " OFF\r"));
@@ -35,33 +33,68 @@ std::set<std::string> OtherLines(const World& world) {
   return lines;
 }
 
+// A head's line with the serial number or the revision of another radio.
+bool IsOtherHead(const World& world, const std::string& line, const std::string& right) {
+  for (const char* word : {"ser", "srev"}) {
+    for (const std::string& old : world.History().at(word)) {
+      const std::size_t at = right.find(old);
+      if (at == std::string::npos) continue;
+      for (const std::string& value : world.History().at(word)) {
+        if (line == std::string(right).replace(at, old.size(), value)) return true;
+      }
+    }
+  }
+  return false;
+}
+
 // How a text stands to the one that it should be.
 struct Compared {
   bool Whole = false;
   std::string Wrong{};  // the first line that is not right
 };
 
-Compared Compare(const World& world, const Fault& fault, const std::string& text,
-                 const std::string& right) {
-  if (text == right) return {.Whole = true};
-  const auto lines = Lines(text);
-  const auto wanted = Lines(right);
-  const auto others = OtherLines(world);
-  int damaged = 0;
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    const bool last = i + 1 == lines.size();
-    if (others.contains(lines[i]) || (last && lines[i].empty())) continue;
-    if (world.Swapped) {
-      if (std::find(wanted.begin(), wanted.end(), lines[i]) == wanted.end()) {
-        return {.Wrong = lines[i]};
-      }
-    } else if (i >= wanted.size() || !MayBecome(wanted[i], lines[i], fault.Damages) ||
-               (lines[i] != wanted[i] && ++damaged > 1 && fault.Damages != Fault::Damage::Noise)) {
-      return {.Wrong = "(line " + std::to_string(i + 1) + ") " + lines[i]};
+class Comparison {
+ public:
+  Comparison(const World& bench, const Fault& struck, bool mayHaveGaps)
+      : world(bench),
+        fault(struck),
+        gaps(mayHaveGaps || bench.Swapped),
+        others(OtherLines(bench)) {}
+
+  Compared Of(const std::string& text, const std::string& right) {
+    if (text == right) return {.Whole = true};
+    const auto lines = Lines(text);
+    const auto wanted = Lines(right);
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const bool end = i + 1 == lines.size() && lines[i].empty();
+      std::size_t at = next;
+      while (gaps && at < wanted.size() && !Fits(lines[i], wanted[at])) ++at;
+      const bool fits = at < wanted.size() && Fits(lines[i], wanted[at]);
+      if (fits && lines[i] != wanted[at] && !others.contains(lines[i])) ++damaged;
+      if (!end && !fits && !(gaps && others.contains(lines[i]))) return Wrong(i, lines[i]);
+      if (fits) next = at + 1;
     }
+    if (damaged > 1 && fault.Damages != Fault::Damage::Noise) return {.Wrong = "(several)"};
+    return {.Whole = gaps || lines.size() == wanted.size()};
   }
-  return {.Whole = world.Swapped || lines.size() == wanted.size()};
-}
+
+ private:
+  static Compared Wrong(std::size_t index, const std::string& line) {
+    return {.Wrong = "(line " + std::to_string(index + 1) + ") " + line};
+  }
+  bool Fits(const std::string& line, const std::string& wanted) const {
+    const std::string word = wanted.substr(0, wanted.find(' '));
+    return MayBecome(wanted, line, fault.Damages) || IsOtherHead(world, line, wanted) ||
+           (others.contains(line) && line.starts_with(word));
+  }
+
+  const World& world;
+  const Fault& fault;
+  bool gaps;
+  std::set<std::string> others;
+  int damaged = 0;
+};
 
 std::optional<std::string> At(const Tree& tree, const std::string& path) {
   const auto found = tree.find(path);
@@ -93,14 +126,15 @@ class FilesJudge {
     const auto backup = At(after, path + ".bak");
     if (text == old) return;
     if (!text) return Add(path, "has gone");
-    const Compared compared = Compare(world, fault, *text, right);
+    const Compared compared =
+        Comparison(world, fault, meant.WithGaps.contains(path)).Of(*text, right);
     if (!compared.Wrong.empty()) return Add(path, "holds the line \"" + compared.Wrong + "\"");
     if (compared.Whole) {
-      if (backup) Add(path, "is whole, but its .bak is left");
+      if (backup && backup != aFolder) Add(path, "is whole, but its .bak is left");
       return;
     }
     if (old && backup != old) Add(path, "is cut short and the old one lost");
-    if (!fault.Leaves && !world.Told()) Add(path, "is cut short and nobody was told");
+    if (!fault.Leaves && !world.Told(meant.Boxes)) Add(path, "is cut short and nobody was told");
   }
 
   void JudgeOther(const std::string& path, const std::string& text) {
@@ -108,8 +142,9 @@ class FilesJudge {
     const bool backup =
         path.ends_with(".bak") && meant.Files.contains(path.substr(0, path.size() - 4));
     const bool log = path == "session.log";
+    const bool report = path.starts_with("data/Temp/") && path.ends_with(".txt");
     const bool source = path.starts_with("in");
-    if (!backup && !log && !source && text != "(folder)") Add(path, "is left behind");
+    if (!backup && !log && !report && !source && text != aFolder) Add(path, "is left behind");
   }
 
   World& world;
@@ -128,9 +163,10 @@ void JudgeFiles(World& world, const Fault& fault, const Meant& meant, const Tree
     findings.push_back(std::move(each));
   }
   for (const auto& print : world.DesktopSeen().Prints) {
-    const bool whole = std::any_of(
-        meant.Prints.begin(), meant.Prints.end(),
-        [&](const auto& right) { return Compare(world, fault, print.Text, right).Whole; });
+    const bool whole =
+        std::any_of(meant.Prints.begin(), meant.Prints.end(), [&](const auto& right) {
+          return Comparison(world, fault, false).Of(print.Text, right).Whole;
+        });
     if (!whole) findings.push_back("a report went to the printer that is not whole or not true");
   }
 }

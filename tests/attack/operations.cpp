@@ -33,8 +33,10 @@ void ClickInWindow(World& world, const char* row, const char* window,
   world.Toggle(row);
 }
 
-void FillLogin(World& world, const char* menu, const char* text) {
-  world.InWindow("frmLogin", "cmdCancel", [&world, text] {
+// It is one window for two secrets, and either may come first.
+void FillLogin(World& world, const char* menu, const std::string& title, const char* text) {
+  world.InWindow("frmLogin", "cmdCancel", [&world, title, text] {
+    if (world.Text("frmLogin") != title) return;
     world.Put("txtPassword", text);
     world.Press("frmLogin.cmdOK");
   });
@@ -98,7 +100,11 @@ void Repeater(World& world) {
 }
 
 void SubRemote(World& world) {
-  world.InWindow("frmSimpleXMAP", "cmdSet", [&world] { world.Press("chkXADDR_1"); });
+  world.InWindow("frmSimpleXMAP", "cmdSet", [&world] {
+    world.Press("chkXADDR_1");
+    world.Press("cmdSet");
+    world.Run(Seconds(1));
+  });
   Role(world, "cmdSubRemote", "REPEATER");
 }
 
@@ -196,12 +202,12 @@ constexpr Operation operations[] = {
      .Succeeded = [](World& w) { return Holds(w, "rtu", "5 (OFF)"); }},
     {.Name = "xmap", .Run = [](World& w) { ClickInWindow(w, "XMAP", "frmXMAP", {"Check1_31", "ProgramButton"}); },
      .Succeeded = [](World& w) { return Holds(w, "xmap", "8000000F"); }},
-    {.Name = "login", .Run = [](World& w) { FillLogin(w, "tbr_Login", password); }, .Password = password, .Secret = password,
+    {.Name = "login", .Run = [](World& w) { FillLogin(w, "tbr_Login", "Enter Password:", password); }, .Password = password, .Secret = password,
      .Succeeded = [](World& w) { return w.Radio().LoggedIn(); }},
-    {.Name = "login-cancel", .Run = [](World& w) { FillLogin(w, "mnuAccessCode", ""); }, .Password = password},
+    {.Name = "login-cancel", .Run = [](World& w) { FillLogin(w, "mnuAccessCode", "(cancelled)", ""); }, .Password = password},
     {.Name = "set-password", .Run = SetPassword, .Secret = password,
      .Succeeded = [](World& w) { return !w.BoxTexts().empty() || w.Stored("Preferences", "PassEnabled") == "True"; }},
-    {.Name = "code", .Run = [](World& w) { FillLogin(w, "mnuEncryptCode", code); }, .Secret = code},
+    {.Name = "code", .Run = [](World& w) { FillLogin(w, "mnuEncryptCode", "Enter Encryption Code:", code); }, .Secret = code},
     {.Name = "setup-frequency", .Run = [](World& w) {
        InSetup(w, [](World& in) {
          in.ExpectInput("Program Rx Frequency").Type("910.000");
@@ -236,7 +242,7 @@ constexpr Operation operations[] = {
     {.Name = "restore-program", .Run = [](World& w) { InRestore(w, ProgramInRestore); },
      .Succeeded = [](World& w) { return Holds(w, "own", "Field 7"); }},
     {.Name = "restore-save", .Run = [](World& w) { InRestore(w, SaveInRestore); },
-     .Prepare = [](World& w) { OldFile(w, "out/window.txt"); }, .Target = "out/window.txt"},
+     .Prepare = [](World& w) { OldFile(w, "out/window.txt"); }, .Target = "out/window.txt", .MayOmitLines = true},
     {.Name = "upgrade", .Run = Upgrade, .Succeeded = [](World& w) { return Holds(w, "srev", "3.2.1"); }},
     {.Name = "rssi", .Run = [](World& w) {
        w.InWindow("frmRSSI", "Command1", [&w] { w.Run(Seconds(2)); });

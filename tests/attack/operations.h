@@ -18,6 +18,7 @@ struct Operation {
   const char* Secret = "";                    // what is typed and must never be seen
   void (*Prepare)(World& world) = nullptr;    // before the start
   const char* Target = "";                    // the file that it writes, in the scratch folder
+  bool MayOmitLines = false;                  // a row without a value has no line
   const char* OwnName = "Hill north";         // the radio's
   bool (*Succeeded)(World& world) = nullptr;  // whether a faultless run has done its work
 };

@@ -71,6 +71,8 @@ std::set<sim::Time> DamagedLines(const World& world) {
 }
 
 std::string Printed(const std::string& word, const std::string& value) {
+  if (word == "ser") return "SN " + value;
+  if (word == "srev") return "77-1234A01\r\n" + value + "  01Jan2009";
   for (const sim::RadioSetting& row : sim::SettingRows()) {
     if (row.Word == word) return row.Label.empty() ? value : std::string(row.Label) + " " + value;
   }
@@ -87,11 +89,6 @@ std::set<std::string> RowTexts(const World& world, const std::string& word,
     for (const std::string& value : values->second) texts.insert(Printed(word, value));
     texts.insert(Printed(word, "n/a"));
     texts.insert(Printed(word, "PROGRAMMABLE ONLY AT MASTER"));
-  }
-  if (word == "srev") {
-    for (const std::string& revision : world.History().at("srev")) {
-      texts.insert("77-1234A01\r\n" + revision + "  01Jan2009");
-    }
   }
   if (word == "lpm" || word == "lpmhold" || word == "rtu") texts.insert("NOT A SELECTED OPTION");
   return texts;

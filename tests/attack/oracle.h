@@ -15,6 +15,7 @@ struct Meant {
   Tree Files;
   std::vector<std::string> Prints;
   std::set<std::string> Boxes;
+  std::set<std::string> WithGaps;  // files that may lack lines
 };
 
 // Each judges one thing after a case and adds a sentence for each fault that it finds.

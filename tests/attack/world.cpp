@@ -148,7 +148,8 @@ void World::InWindow(const std::string& name, const std::string& button,
 void World::LeaveWindow(const std::string& name, const std::string& button) {
   constexpr int patience = 300;
   for (int i = 0; i < patience && WindowOpen(name) && !Ended(); ++i) {
-    if (!Press(name + "." + button)) CloseWindow(name);
+    // A button without effect gets no second chance.
+    if (i % 2 == 1 || !Press(name + "." + button)) CloseWindow(name);
     if (WindowOpen(name)) Run(Milliseconds(500));
   }
 }
@@ -212,6 +213,12 @@ void World::StartAgain() {
   lastTerminal.clear();
   Restart();
   restarting = false;
+}
+
+bool World::Told(const std::set<std::string>& usual) const {
+  const auto texts = BoxTexts();
+  return told || std::any_of(texts.begin(), texts.end(),
+                             [&](const std::string& text) { return !usual.contains(text); });
 }
 
 std::vector<std::string> World::BoxTexts() const {

@@ -65,7 +65,8 @@ class World : public sim::Bench, private sim::TimeSource {
   // The values that a radio had of a setting, the first one included.
   const std::map<std::string, std::set<std::string>>& History() const { return history; }
   std::vector<std::string> BoxTexts() const;
-  bool Told() const { return told; }
+  // Whether the user has been told anything but the usual boxes.
+  bool Told(const std::set<std::string>& usual) const;
   // Texts that no one may read, and those that somebody could have.
   std::set<std::string> Secrets;
   const std::set<std::string>& Leaks() const { return leaks; }
