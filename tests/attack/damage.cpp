@@ -46,4 +46,20 @@ bool MayBecome(std::string_view whole, std::string_view text, Fault::Damage dama
   return false;
 }
 
+std::string Quoted(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '\r') {
+      quoted += "\\r";
+    } else if (c == '\n') {
+      quoted += "\\n";
+    } else if (static_cast<unsigned char>(c) < 32) {
+      quoted += '?';
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted + '"';
+}
+
 }  // namespace quillmark::attack

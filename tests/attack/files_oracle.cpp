@@ -81,7 +81,7 @@ class Comparison {
 
  private:
   static Compared Wrong(std::size_t index, const std::string& line) {
-    return {.Wrong = "(line " + std::to_string(index + 1) + ") " + line};
+    return {.Wrong = "(line " + std::to_string(index + 1) + ") " + Quoted(line)};
   }
   bool Fits(const std::string& line, const std::string& wanted) const {
     const std::string word = wanted.substr(0, wanted.find(' '));
@@ -128,7 +128,7 @@ class FilesJudge {
     if (!text) return Add(path, "has gone");
     const Compared compared =
         Comparison(world, fault, meant.WithGaps.contains(path)).Of(*text, right);
-    if (!compared.Wrong.empty()) return Add(path, "holds the line \"" + compared.Wrong + "\"");
+    if (!compared.Wrong.empty()) return Add(path, "holds the line " + compared.Wrong);
     if (compared.Whole) {
       if (backup && backup != aFolder) Add(path, "is whole, but its .bak is left");
       return;

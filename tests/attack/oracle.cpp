@@ -18,22 +18,6 @@ namespace {
 
 constexpr const char* notAvailable = "NOT AVAILABLE";
 
-std::string Quoted(std::string_view text) {
-  std::string quoted = "\"";
-  for (const char c : text) {
-    if (c == '\r') {
-      quoted += "\\r";
-    } else if (c == '\n') {
-      quoted += "\\n";
-    } else if (static_cast<unsigned char>(c) < 32) {
-      quoted += '?';
-    } else {
-      quoted += c;
-    }
-  }
-  return quoted + '"';
-}
-
 // The setting that a line programs; nothing for a line that reads or that no radio knows.
 std::optional<std::string> ProgrammedWord(const std::string& line) {
   for (const std::string& word : SettingWords()) {
