@@ -2,6 +2,15 @@
 
 include(GoogleTest)
 
+# Everything is built for the compiler's own fuzzer, which then is the main program of
+# quillmark_fuzz; without it a driver of ours is.
+option(QUILLMARK_FUZZ "Build quillmark_fuzz for libFuzzer" OFF)
+set(unusedFuzzMain entry)
+if(QUILLMARK_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  set(unusedFuzzMain driver)
+endif()
+
 # No test may see or touch the folders of the person who runs it.
 set(testHome "${CMAKE_BINARY_DIR}/test-home")
 file(MAKE_DIRECTORY "${testHome}/config" "${testHome}/data" "${testHome}/cache"
@@ -54,4 +63,15 @@ function(quillmark_tests name)
   endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
                        PROPERTIES ${properties})
+endfunction()
+
+# quillmark_test_run(program NAME name ARGUMENTS ...): a program that is a test of ctest as a whole.
+function(quillmark_test_run program)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME" "ARGUMENTS")
+  if(NOT TARGET ${program})
+    return()
+  endif()
+  target_include_directories(${program} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+  add_test(NAME ${arg_NAME} COMMAND ${program} ${arg_ARGUMENTS})
+  set_tests_properties(${arg_NAME} PROPERTIES ENVIRONMENT "${testEnvironment}" TIMEOUT 300)
 endfunction()
