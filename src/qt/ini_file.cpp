@@ -73,7 +73,7 @@ IniFile::IniFile(std::string_view text) {
   while (!text.empty()) {
     const auto end = std::min(text.find('\n'), text.size());
     std::string_view raw = text.substr(0, end);
-    if (raw.ends_with('\r')) raw.remove_suffix(1);
+    while (raw.ends_with('\r')) raw.remove_suffix(1);
     lines.push_back(ReadLine(std::string(raw)));
     text.remove_prefix(std::min(end + 1, text.size()));
   }
