@@ -68,7 +68,10 @@ void SwapRadio(Blow& blow) {
 void DoAlso(Blow& blow, std::initializer_list<const char*> names) {
   const char* name = names.begin()[blow.Between(0, static_cast<int>(names.size()) - 1)];
   blow.Second = FindOperation(name);
-  blow.Meanwhile([&world = blow.Bench, second = blow.Second] { second->Run(world); });
+  blow.Meanwhile([&world = blow.Bench, second = blow.Second] {
+    // Behind a window that must be closed first there is nothing to click.
+    if (!world.Covered()) second->Run(world);
+  });
 }
 
 void Block(Blow& blow, bool parent) {

@@ -47,6 +47,12 @@ bool IsOtherHead(const World& world, const std::string& line, const std::string&
   return false;
 }
 
+// A file that was made while the radio was programmed has lines of both.
+bool HasChanged(const World& world) {
+  return std::any_of(world.History().begin(), world.History().end(),
+                     [](const auto& each) { return each.second.size() > 1; });
+}
+
 // How a text stands to the one that it should be.
 struct Compared {
   bool Whole = false;
@@ -58,7 +64,7 @@ class Comparison {
   Comparison(const World& bench, const Fault& struck, bool mayHaveGaps)
       : world(bench),
         fault(struck),
-        gaps(mayHaveGaps || bench.Swapped),
+        gaps(mayHaveGaps || bench.Swapped || HasChanged(bench)),
         others(OtherLines(bench)) {}
 
   Compared Of(const std::string& text, const std::string& right) {
@@ -71,7 +77,7 @@ class Comparison {
       std::size_t at = next;
       while (gaps && at < wanted.size() && !Fits(lines[i], wanted[at])) ++at;
       const bool fits = at < wanted.size() && Fits(lines[i], wanted[at]);
-      if (fits && lines[i] != wanted[at] && !others.contains(lines[i])) ++damaged;
+      if (fits && !IsRight(lines[i], wanted[at])) ++damaged;
       if (!end && !fits && !(gaps && others.contains(lines[i]))) return Wrong(i, lines[i]);
       if (fits) next = at + 1;
     }
@@ -83,10 +89,13 @@ class Comparison {
   static Compared Wrong(std::size_t index, const std::string& line) {
     return {.Wrong = "(line " + std::to_string(index + 1) + ") " + Quoted(line)};
   }
-  bool Fits(const std::string& line, const std::string& wanted) const {
+  bool IsRight(const std::string& line, const std::string& wanted) const {
     const std::string word = wanted.substr(0, wanted.find(' '));
-    return MayBecome(wanted, line, fault.Damages) || IsOtherHead(world, line, wanted) ||
+    return line == wanted || IsOtherHead(world, line, wanted) ||
            (others.contains(line) && line.starts_with(word));
+  }
+  bool Fits(const std::string& line, const std::string& wanted) const {
+    return IsRight(line, wanted) || MayBecome(wanted, line, fault.Damages);
   }
 
   const World& world;

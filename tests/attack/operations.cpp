@@ -173,6 +173,14 @@ void PresetFile(World& world) {
                   "#PresetFile1\r\n#Name:First\r\n#PresetCaption:One\r\n" + std::string(newFile));
 }
 
+void TypeSlowly(World& world) {
+  Duration delay{};
+  for (const char key : std::string_view("xpri 5\r")) {
+    delay += Milliseconds(60);
+    world.After(delay, [&world, key] { world.Type("txtTerm", std::string(1, key)); });
+  }
+}
+
 bool Holds(World& world, const char* word, const char* value) {
   return world.Radio().Setting(word) == value;
 }
@@ -253,7 +261,7 @@ constexpr Operation operations[] = {
        w.Press("ButtonZoneData");
      }},
     {.Name = "zone-quality", .Run = ZoneQuality},
-    {.Name = "typed", .Run = [](World& w) { w.Type("txtTerm", "xpri 5\r"); },
+    {.Name = "typed", .Run = TypeSlowly,
      .Succeeded = [](World& w) { return Holds(w, "xpri", "5"); }},
 };
 // clang-format on

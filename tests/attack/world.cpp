@@ -143,8 +143,10 @@ bool World::Toggle(const std::string& name) {
 void World::InWindow(const std::string& name, const std::string& button,
                      std::function<void()> acts) {
   ExpectWindow(name).Do([this, name, button, acts = std::move(acts)] {
+    ++covered;
     acts();
     LeaveWindow(name, button);
+    --covered;
   });
 }
 

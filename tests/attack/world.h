@@ -43,6 +43,8 @@ class World : public sim::Bench, private sim::TimeSource {
   bool Toggle(const std::string& name);  // a row or button of the settings view
   // What is done in a window when it comes up. Then it is left by `button`, or by its close box.
   void InWindow(const std::string& name, const std::string& button, std::function<void()> acts);
+  // Whether a window lies in front of the main one that must be closed first.
+  bool Covered() { return covered > 0; }
   void LeaveWindow(const std::string& name, const std::string& button);
 
   // --- The radio ---
@@ -97,6 +99,7 @@ class World : public sim::Bench, private sim::TimeSource {
   std::string lastTerminal;
   std::size_t firstBox = 0;
   bool told = false;
+  int covered = 0;
   bool restarting = false;
 };
 
