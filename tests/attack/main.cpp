@@ -167,7 +167,7 @@ bool Wanted(const std::vector<std::string>& only, const Operation& operation, co
 
 int Main(int argc, char** argv) {
   CLI::App app("Every operation of the console against every fault of line, radio and user");
-  std::string seeds = "1:5";
+  std::string seeds = "100";
   std::vector<std::string> only;
   int jobs = 2;
   app.add_option("--seeds", seeds, "N, or FIRST:LAST")->capture_default_str();
