@@ -118,6 +118,8 @@ void JudgeRows(World& world, const Fault& fault, const std::map<std::string, std
 }
 
 void JudgeEnd(World& world, Findings& findings) {
+  const bool lineWorks = !world.Line().HungUp() && world.Faults().SilentFrom == 0;
+  if (lineWorks && !world.Radio().Echo()) findings.push_back("the radio's echo is left off");
   if (world.Ended()) return;
   if (world.Main().EchoIsOff && world.Port().PortOpen()) findings.push_back("EchoIsOff is left");
   if (world.Main().DirectPortMode) findings.push_back("DirectPortMode is left");
@@ -129,7 +131,7 @@ void JudgeEnd(World& world, Findings& findings) {
 }
 
 void JudgeHealed(World& world, Findings& findings) {
-  if (!world.Radio().Echo()) findings.push_back("the radio's echo is left off");
+  if (!world.Radio().Echo()) findings.push_back("after the healing the radio's echo is off");
   const auto replies = Replies(world.Radio());
   const bool remote = world.Radio().Setting("mode") == "R";
   for (const auto& [word, text] : world.ShownRows()) {
