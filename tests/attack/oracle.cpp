@@ -106,9 +106,10 @@ void JudgeRows(World& world, const Fault& fault, const std::map<std::string, std
     std::set<std::string> texts = RowTexts(world, word, replies);
     if (const auto at = before.find(word); at != before.end()) texts.insert(at->second);
     if (texts.contains(text)) continue;
-    const bool damaged = std::any_of(texts.begin(), texts.end(), [&](const std::string& whole) {
-      return MayBecome(whole, text, fault.Damages);
-    });
+    const bool damaged =
+        std::any_of(texts.begin(), texts.end(), [&, &shown = text](const std::string& whole) {
+          return MayBecome(whole, shown, fault.Damages);
+        });
     const bool mayBe = fault.Damages == Fault::Damage::Noise || ++damagedRows == 1;
     if (!damaged || !mayBe) {
       findings.push_back("the row of " + word + " shows " + Quoted(text) + ", not " +

@@ -152,9 +152,10 @@ void World::InWindow(const std::string& name, const std::string& button,
 
 void World::LeaveWindow(const std::string& name, const std::string& button) {
   constexpr int patience = 300;
+  const std::string inWindow = std::string(name).append(".").append(button);
   for (int i = 0; i < patience && WindowOpen(name) && !Ended(); ++i) {
     // A button without effect gets no second chance.
-    if (i % 2 == 1 || !Press(name + "." + button)) CloseWindow(name);
+    if (i % 2 == 1 || !Press(inWindow)) CloseWindow(name);
     if (WindowOpen(name)) Run(Milliseconds(500));
   }
 }
@@ -229,7 +230,9 @@ bool World::Told(const std::set<std::string>& usual) const {
 std::vector<std::string> World::BoxTexts() const {
   std::vector<std::string> texts;
   for (std::size_t i = firstBox; i < Boxes().size(); ++i) {
-    texts.push_back(Boxes()[i].Title + ": " + Boxes()[i].Text + Boxes()[i].Details);
+    std::string text = Boxes()[i].Title;
+    text.append(": ").append(Boxes()[i].Text).append(Boxes()[i].Details);
+    texts.push_back(std::move(text));
   }
   return texts;
 }
