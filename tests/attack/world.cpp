@@ -239,7 +239,8 @@ std::vector<std::string> World::BoxTexts() const {
 
 void World::LookForSecrets(const std::string& where, std::string_view text) {
   for (const std::string& secret : Secrets) {
-    if (text.find(secret) != std::string_view::npos) leaks.insert(secret + " in " + where);
+    if (text.find(secret) == std::string_view::npos) continue;
+    leaks.insert(std::string(secret).append(" in ").append(where));
   }
 }
 
