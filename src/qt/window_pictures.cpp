@@ -129,7 +129,10 @@ void WindowPictures::TakeOptionWindows() {
       [&](Form& form) { checkSome(form, "Check1_"); });
   TakeModal(
       "frmSimpleXMAP", "sub-remote-map",
-      [&] { platform.Windows.ShowModal(std::make_shared<frmSimpleXMAP>(platform, main), main); },
+      [&] {
+        platform.Windows.ShowModal(std::make_shared<frmSimpleXMAP>(platform, main, console.Talk()),
+                                   main);
+      },
       [&](Form& form) { checkSome(form, "chkXADDR_"); });
 }
 

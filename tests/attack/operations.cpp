@@ -189,7 +189,7 @@ bool Holds(World& world, const char* word, const char* value) {
 constexpr Operation operations[] = {
     {.Name = "connect", .Run = [](World& w) { w.Press("tbr_Connect"); }, .Connected = false},
     {.Name = "read", .Run = [](World& w) { w.Press("ButtonRefresh"); }},
-    {.Name = "read-odd-name", .Run = [](World& w) { w.Press("ButtonRefresh"); }, .OwnName = "Hill > north"},
+    {.Name = "read-odd-name", .Run = [](World& w) { w.Press("ButtonRefresh"); }, .OwnName = "Downtown Water"},
     {.Name = "setting", .Run = [](World& w) { Program(w, "PowerLevel", "Program Power Output Level", "27"); },
      .Succeeded = [](World& w) { return Holds(w, "pwr", "27 dBm"); }},
     {.Name = "mask", .Run = [](World& w) { Program(w, "AlarmMask", "Program Alarm Mask", "FFFF 0F0F"); },

@@ -187,7 +187,7 @@ void World::RestartRadio() {
 
 bool World::Idle() {
   return Ended() ||
-         (!Application().Ticks().LineHeld() &&
+         (Application().Talk().Turns.Idle() &&
           (!Port().PortOpen() || !Shared().RefreshRequested || Radio().At() == sim::Level::Loader));
 }
 

@@ -16,10 +16,8 @@ std::span<const Target> Targets() {
   static const Target targets[] = {
       {.Name = "reply",
        .Feed = FeedReply,
-       .Seeds = {"\0pwr\r\nPWR 21 dBm\r\n>"sv, "\3own\r\nHill > north\r\nSETUP>"sv}},
-      {.Name = "restore-reply",
-       .Feed = FeedRestoreReply,
-       .Seeds = {"\0\r\n>pwr\r\nPWR 21 dBm\r\n>"sv, "\3own\r\n> north\r\nSETUP>"sv}},
+       .Seeds = {"\0pwr\r\nPWR 21 dBm\r\n>"sv, "\1own\r\nHill > north\r\nSETUP>"sv,
+                 "\x08\r\n>pwr\r\n>PWR 21 dBm\r\n>"sv}},
       {.Name = "saved-setting",
        .Feed = FeedSavedSetting,
        .Seeds = {"\r\nDLINK 9600 (OFF)\r\n>"sv, "\r\nMASK: 0000 00FF\r\n>"sv,

@@ -21,7 +21,6 @@ void Check(bool holds, const char* promise);
 
 // The readers, by where they live.
 void FeedReply(std::string_view input);         // a reply to a setting's word
-void FeedRestoreReply(std::string_view input);  // the same in the store and restore window
 void FeedSavedSetting(std::string_view input);  // the same for a line of a file
 void FeedZones(std::string_view input);
 void FeedReceived(std::string_view input);  // through the whole console

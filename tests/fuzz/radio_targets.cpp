@@ -7,7 +7,6 @@
 #include "diagnostics/zone_replies.h"
 #include "fuzz/fuzz_target.h"
 #include "radio/reply.h"
-#include "restore/restore_link.h"
 #include "sim/bench.h"
 
 namespace quillmark::fuzz {
@@ -16,38 +15,26 @@ namespace {
 
 constexpr std::string_view words[] = {"pwr", "own", "show sync", "srev"};
 
-// The first byte picks the mode and the word.
-struct Question {
-  explicit Question(std::string_view input)
-      : InSetupMode(!input.empty() && input.front() % 2 != 0),
-        Word(words[input.empty() ? 0 : static_cast<unsigned char>(input.front()) / 2 % 4]),
-        Received(input.substr(input.empty() ? 0 : 1)) {}
-
-  bool InSetupMode;
-  std::string_view Word;
-  std::string_view Received;
-};
-
 class IdleBench : public sim::Bench {
   void TestBody() override {}
 };
 
 }  // namespace
 
+// The first byte picks the word, the echo and the prompts of earlier lines.
 void FeedReply(std::string_view input) {
-  const Question asked(input);
-  const auto value = CutReply(asked.Received, asked.Word, asked.InSetupMode);
-  const bool whole = HasReply(asked.Received, asked.Word, asked.InSetupMode);
-  Check(!value || whole, "a value comes from a whole reply only");
-  Check(!value || asked.Received.find(*value) != std::string_view::npos, "a value was received");
-  Check(whole == (CountPrompts(asked.Received, asked.Word, asked.InSetupMode) > 0),
-        "a whole reply has a prompt");
-}
-
-void FeedRestoreReply(std::string_view input) {
-  const Question asked(input);
-  const auto value = CutRestoreReply(asked.Received, asked.Word, asked.InSetupMode);
-  Check(!value || asked.Received.find(*value) != std::string_view::npos, "a value was received");
+  const auto pick = input.empty() ? 0U : static_cast<unsigned char>(input.front());
+  const std::string_view received = input.substr(input.empty() ? 0 : 1);
+  const Reply reply = FindReply(received, {.Command = words[pick % 4],
+                                           .Echo = (pick & 4) == 0,
+                                           .EarlierPrompts = static_cast<int>(pick / 8 % 4)});
+  const bool whole = reply.Came == Reply::State::Whole;
+  Check(whole || reply.Text.empty(), "a text comes from a whole reply only");
+  Check(!whole || reply.Prompt != PromptKind::None, "a whole reply has a prompt");
+  Check(received.find(reply.Text) != std::string_view::npos, "a text was received");
+  const auto value = ValueOf(reply);
+  Check(!value || reply.Text.starts_with(*value), "a value is the head of a text");
+  Check(PromptAtEnd(received) == PromptKind::None || received.ends_with('>'), "prompts end in >");
 }
 
 void FeedSavedSetting(std::string_view input) {

@@ -63,26 +63,27 @@ TEST(Binder, EveryWindowFitsItsForm) {
   Console console(platform);
   frmOrvalent& main = console.Main();
   Session& session = console.Shared();
-  Connection connection(platform, session, main);
+  Conversation& radio = console.Talk();
+  Connection connection(platform, session, main, radio);
   const auto code = frmLogin::Command::Code;
   const std::shared_ptr<Form> forms[] = {
       std::make_shared<frmSplash>(machine.Events, machine.Screen, session, [] {}),
       std::make_shared<frmProperties>(platform, session, main, [] {}),
       std::make_shared<frmPreferences>(platform.Preferences, session, main),
-      std::make_shared<frmDLINKOptions>(platform, main),
-      std::make_shared<frmDTYPEOptions>(platform, main),
-      std::make_shared<frmRTUOptions>(platform, main),
-      std::make_shared<frmXMAP>(platform, session, main, "0000000F"),
-      std::make_shared<frmSimpleXMAP>(platform, main),
-      std::make_shared<frmLogin>(platform, session, main, code),
-      std::make_shared<frmSetPass>(platform, session, main),
-      std::make_shared<frmSetup>(platform, session, main),
+      std::make_shared<frmDLINKOptions>(platform, main, radio),
+      std::make_shared<frmDTYPEOptions>(platform, main, radio),
+      std::make_shared<frmRTUOptions>(platform, main, radio),
+      std::make_shared<frmXMAP>(platform, session, main, radio, "0000000F"),
+      std::make_shared<frmSimpleXMAP>(platform, main, radio),
+      std::make_shared<frmLogin>(platform, main, radio, code),
+      std::make_shared<frmSetPass>(platform, session, main, radio),
+      std::make_shared<frmSetup>(platform, session, main, radio),
       std::make_shared<frmViewer>(),
       std::make_shared<frmSimpleRptrSetup>(),
       std::make_shared<frmRestore>(platform, session, main, connection),
-      std::make_shared<frmRSSI>(platform, session, main),
-      std::make_shared<frmZoneData>(platform, session, main),
-      std::make_shared<frmZoneQuality>(platform, session, main),
+      std::make_shared<frmRSSI>(platform, main, radio),
+      std::make_shared<frmZoneData>(platform, main, radio),
+      std::make_shared<frmZoneQuality>(platform, main, radio),
       main.shared_from_this(),
   };
   for (const auto& form : forms) {

@@ -148,8 +148,8 @@ TEST_F(OptionWindowsTest, TheExtensionMap) {
                        EXPECT_TRUE(Click("CloseButton"));
                      }),
             "xmap\r");
-  // Replies of odd shapes leave the boxes empty, which is told, and nothing is programmed that nobody
-  // has set.
+  // Replies of odd shapes leave the boxes empty, which is told, and nothing is programmed that
+  // nobody has set.
   for (const char* reply : {"", "\r\n", "\r\nXMAP\r\n", "\r\nXMAP 0000000\r\n",
                             "\r\nXMAP 0000000G\r\n", "\r\nXMAP 0000000F0\r\n"}) {
     Radio().SetReply("xmap", reply);
@@ -180,13 +180,13 @@ TEST_F(OptionWindowsTest, TheExtensionMapAskedForInTheMiddleOfARead) {
 
 TEST_F(OptionWindowsTest, BothStagesOfTheGuidedMap) {
   ShowSettings();
-  Conversation talk(Machine().MSComm1, Events(), Shared(), Main(), Conversation::Hears::ByEvents);
   const auto show = [&](std::function<void()> acts) {
     ClearLog();
     ExpectWindow("frmSimpleXMAP").Do(std::move(acts));
     Main().DirectPortMode = true;
     Events().Deliver([&] {
-      Machine().Windows.ShowModal(std::make_shared<frmSimpleXMAP>(Machine(), Main(), talk), Main());
+      Machine().Windows.ShowModal(
+          std::make_shared<frmSimpleXMAP>(Machine(), Main(), Application().Talk()), Main());
     });
     Main().DirectPortMode = false;
     CheckExpectations();
