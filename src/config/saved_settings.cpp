@@ -94,9 +94,9 @@ std::optional<std::string> CutSetting(const SavedSetting& row, const std::string
   if (row.NotWith != nullptr && Contains(reply, row.NotWith)) return std::nullopt;
   switch (row.Way) {
     case Cut::SixWide:
-      return MustCut(reply, at, 6);
+      return MustCut(reply, at, std::min<std::ptrdiff_t>(6, TailLength(reply, at)));
     case Cut::TenWide:
-      return MustCut(reply, at, 10);
+      return MustCut(reply, at, std::min<std::ptrdiff_t>(10, TailLength(reply, at)));
     case Cut::AlarmMask:
       return "A" + TailCut(reply, at);
     case Cut::Dlink:

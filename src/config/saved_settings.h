@@ -13,8 +13,8 @@ struct SavedSetting {
   enum class Cut {
     Tail,       // from the word to the reply's last three characters
     Owner,      // the whole text behind the command
-    SixWide,    // 6 characters from the word
-    TenWide,    // 10 characters from the word
+    SixWide,    // at most 6 characters from the word
+    TenWide,    // at most 10 characters from the word
     AlarmMask,  // "MASK: x" becomes "AMASK x"
     NoColon,    // the tail without its colon
     Dlink,      // up to the last blank, and a line for on or off

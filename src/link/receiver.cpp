@@ -15,6 +15,7 @@ constexpr std::size_t terminalLimit = 16000;  // characters, before the last arr
 constexpr std::size_t terminalCut = 4096;
 constexpr char backspace = 8;
 constexpr std::size_t mostTyped = 4096;  // characters that wait for the line
+constexpr Duration longestThought = Seconds(3);
 
 // Each backspace takes the character in front of it away; one that has none there is told by
 // `reachesBack`.
@@ -52,6 +53,8 @@ Receiver::Receiver(Platform& machine, Session& shared, frmOrvalent& window, Conn
       connection(link),
       radio(conversation),
       log(terminalLog) {}
+
+Receiver::~Receiver() { platform.Events.StopTimer(*this); }
 
 void Receiver::MSComm1_OnComm() {
   // A scripted run reads the port itself; that the port is gone concerns everybody.
@@ -148,22 +151,36 @@ char Receiver::txtTerm_KeyPress(char key) {
   return 0;
 }
 
-// Characters that come into somebody's exchange wait for its end, all in one piece.
+// Characters that come into somebody's exchange wait for its end, all in one piece. A line that was
+// begun has the line until its end, or until the user has thought about it for too long.
 void Receiver::SendTyped(char key) {
   // What was typed at another link is not meant for this one.
-  if (typedEpoch != radio.Epoch()) typed.clear();
+  if (typedEpoch != radio.Epoch()) ForgetTyped();
   typedEpoch = radio.Epoch();
   if (typed.size() == mostTyped) {
     platform.Desktop.Beep();
     return;
   }
   typed += key;
-  if (typed.size() > 1) return;
-  radio.Turns.WhenFree([this] {
-    const std::string characters = std::exchange(typed, {});
-    if (characters.empty() || !platform.MSComm1.PortOpen()) return;
-    WithLinkErrors(platform.Dialogs, [&] { radio.SayBytes(characters); });
-  });
+  if (typing) return SendAllTyped();
+  if (typed.size() == 1) radio.Turns.WhenFree([this] { SendAllTyped(); });
 }
+
+void Receiver::SendAllTyped() {
+  const std::string characters = std::exchange(typed, {});
+  if (characters.empty() || !radio.Open()) return ForgetTyped();
+  WithLinkErrors(platform.Dialogs, [&] { radio.SayBytes(characters); });
+  if (characters.back() == '\r') return ForgetTyped();
+  if (!typing) typing.emplace(radio.Turns);
+  platform.Events.StartTimer(*this, longestThought);
+}
+
+void Receiver::ForgetTyped() {
+  platform.Events.StopTimer(*this);
+  typed.clear();
+  typing.reset();
+}
+
+void Receiver::Tick() { ForgetTyped(); }
 
 }  // namespace quillmark

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "app/frmOrvalent.h"
@@ -14,10 +15,14 @@ class Connection;
 
 // What becomes of each piece of text that the radio sends, and of the events of the serial control:
 // RxBuffer, the terminal, the log, the status panel. Everything given to it outlives it.
-class Receiver {
+class Receiver : private Ticker {
  public:
   Receiver(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
            Conversation& radio, TerminalLog& log);
+
+  ~Receiver();
+  Receiver(const Receiver&) = delete;
+  Receiver& operator=(const Receiver&) = delete;
 
   void MSComm1_OnComm();
   // Appends what came to RxBuffer as it is, and filtered to the text box and the log; `data` is
@@ -29,6 +34,10 @@ class Receiver {
 
  private:
   void SendTyped(char key);
+  void SendAllTyped();
+  void ForgetTyped();
+  // The user has not gone on with a line that they began.
+  void Tick() override;
   void ShowCommStatusText(const std::string& wording);
   void ReportError(const std::string& wording);
   bool SparesTransfer() const;
@@ -42,8 +51,9 @@ class Receiver {
   std::string CommEventText;
   std::string CommErrorText;
   std::string ReceiveChunk;
-  std::string typed;   // and not sent so far
-  int typedEpoch = 0;  // of the link that it was typed at
+  std::string typed;                      // and not sent so far
+  int typedEpoch = 0;                     // of the link that it was typed at
+  std::optional<LineTurns::Turn> typing;  // a line was begun
   bool errorBoxUp = false;
 };
 

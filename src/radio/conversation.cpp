@@ -145,8 +145,7 @@ bool Conversation::Decided(const Reply& reply) const {
 }
 
 Reply Conversation::AwaitReply(const Question& question) {
-  const ReplyForm form{
-      .Command = question.Command, .Echo = question.Echo, .EarlierPrompts = late};
+  const ReplyForm form{.Command = question.Command, .Echo = question.Echo, .EarlierPrompts = late};
   Reply reply;
   AwaitText(question.Limit, [&] {
     // Without a prompt there is nothing to take apart.
@@ -184,7 +183,8 @@ std::optional<std::string> Conversation::AskOnce(const Question& question,
     if (hears == Hears::ByEvents) events.Pump();
   }
   const Reply reply = AwaitReply(question);
-  cameLast = reply.Came;
+  // The line before may have lost its end: this one was then heard as a part of it.
+  const bool joined = std::exchange(cameLast, reply.Came) == Reply::State::Missing;
   again = epoch == began && Open() && reply.Came != Reply::State::Missing;
   if (!again) return std::nullopt;
   // Its prompt has come, even where it was hurt beyond recognition.
@@ -201,7 +201,7 @@ std::optional<std::string> Conversation::AskOnce(const Question& question,
   const bool spoilt = question.InValue == Question::Bracket::Spoils && Holds(text, ">");
   if (spoilt) value.reset();
   if (IsRefusal(text)) {
-    again = !question.TakesRefusal;
+    again = !question.TakesRefusal || joined;
     if (again && !question.Echo) SwitchEcho(false);
     return again ? std::nullopt : value;
   }

@@ -86,8 +86,8 @@ class Conversation {
     bool Echo = true;
     // A refusal of the radio is an answer like any other.
     bool TakesRefusal = true;
-    // What a ">" in the value does: it ends the value, as ValueOf tells; it stays; or it makes it no
-    // value.
+    // What a ">" in the value does: it ends the value, as ValueOf tells; it stays; or it makes it
+    // no value.
     enum class Bracket { Ends, Stays, Spoils } InValue = Bracket::Ends;
   };
   // Asks for a value. Echo and framing are checked; a reply that was hurt, or came with the echo
@@ -152,10 +152,10 @@ class Conversation {
   std::string lineHead;  // of the line that is coming in; no more of it than a prompt is long
   PromptKind lastPrompt = PromptKind::None;
   int due = 0;
-  Reply::State cameLast = Reply::State::Missing;
+  Reply::State cameLast = Reply::State::Whole;
   int late = 0;            // prompts that have not come in time, and may still come
   bool secretDue = false;  // the reply to a secret is coming
-  int echoSwitches = 0;        // so many were begun
+  int echoSwitches = 0;    // so many were begun
   Duration lastByte{};
   int epoch = 0;
 };

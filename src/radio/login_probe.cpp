@@ -26,8 +26,9 @@ LoginState ProbeLogin(Conversation& radio, const LoginProbe& probe, const std::s
                       const std::function<void(LoginState)>& answered) {
   if (!MayBeSentBack(value) || FindAnyCase(value, probe.Opening) != 1) return LoginState::Unknown;
   const int began = radio.Epoch();
-  const auto again =
-      radio.Ask({.Command = probe.Word, .Opening = probe.Opening, .InValue = Conversation::Question::Bracket::Spoils});
+  const auto again = radio.Ask({.Command = probe.Word,
+                                .Opening = probe.Opening,
+                                .InValue = Conversation::Question::Bracket::Spoils});
   if (again != value || radio.Epoch() != began) return LoginState::Unknown;
   radio.SwitchEcho(false);
   if (radio.Epoch() != began || !radio.Open()) return LoginState::Unknown;

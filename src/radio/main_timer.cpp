@@ -10,6 +10,7 @@ namespace quillmark {
 namespace {
 
 constexpr Duration keepAliveInterval = Seconds(240);
+constexpr Duration echoInterval = Seconds(10);
 constexpr int keepAliveLimit = 8;  // carriage returns before the first whole read
 
 // "hh:nn:ss" of a time of day, or of a stretch of time less whole days.
@@ -51,12 +52,21 @@ void MainTimer::OneSecond() {
   }
   // What the user has asked for goes first.
   if (!radio.Turns.Idle() || connection.Connecting()) return;
+  BringEchoBack();
   KeepAlive();
   if (platform.MSComm1.PortOpen() && session.RefreshRequested) {
     const LineTurns::Turn turn(radio.Turns);
     readCycle.Run();
     if (OnReadCycleDone) OnReadCycleDone();
   }
+}
+
+// The radio did not say that it has switched its echo on.
+void MainTimer::BringEchoBack() {
+  if (!main.EchoIsOff || !radio.Open() || platform.Events.Now() < nextEchoTry) return;
+  nextEchoTry = platform.Events.Now() + echoInterval;
+  const LineTurns::Turn turn(radio.Turns);
+  radio.SwitchEcho(true);
 }
 
 void MainTimer::KeepAlive() {

@@ -30,6 +30,7 @@ class MainTimer {
 
  private:
   void OneSecond();
+  void BringEchoBack();
   void KeepAlive();
 
   Platform& platform;
@@ -38,6 +39,7 @@ class MainTimer {
   Connection& connection;
   ReadCycle& readCycle;
   Conversation& radio;
+  Duration nextEchoTry{};
 };
 
 }  // namespace quillmark

@@ -141,7 +141,9 @@ Reply FindReply(std::string_view received, const ReplyForm& form) {
   const std::size_t start = SkipEarlierPrompts(received, echoEnd, form.EarlierPrompts);
   Reply reply = Judge(received.substr(start), start != echoEnd);
   reply.EchoSeen = form.Echo && !form.Command.empty();
-  if (reply.Came == Reply::State::Whole && BeginsWithEcho(reply.Text, form.Command)) {
+  // A line end in front of the text answers a carriage return that came twice.
+  if (reply.Came == Reply::State::Whole &&
+      (BeginsWithEcho(reply.Text, form.Command) || reply.Text.starts_with(lineEnd))) {
     reply.Came = Reply::State::Damaged;
     reply.Text = {};
   }

@@ -33,7 +33,7 @@ struct Reply {
     Missing,   // no prompt so far
     Bare,      // the prompt alone: a reply to an earlier line, or one without a text
     Unechoed,  // a prompt, but the echo did not come
-    Damaged,   // a line end between the pieces is not in order, or the echo stands there twice
+    Damaged,   // a line end between the pieces is not in order, or echo or line end stand twice
     Whole,
   };
   State Came = State::Missing;

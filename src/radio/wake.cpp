@@ -32,11 +32,9 @@ bool PlayRound(Platform& platform, Conversation& radio, const WakeSteps& steps, 
 bool IsAwake(Conversation& radio) {
   if (radio.AtPrompt()) return true;
   if (FindPrompt(radio.Received(), 0, true).Kind == PromptKind::None) return false;
-  return radio.AwaitText(longestAnswer,
-                         [&radio] {
-                           return radio.QuietFor() >= (radio.AtPrompt() ? quiet : longestThought);
-                         }) &&
-         radio.AtPrompt();
+  return radio.AwaitText(longestAnswer, [&radio] {
+    return radio.QuietFor() >= (radio.AtPrompt() ? quiet : longestThought);
+  }) && radio.AtPrompt();
 }
 
 }  // namespace

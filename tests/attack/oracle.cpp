@@ -122,7 +122,8 @@ void JudgeEnd(World& world, Findings& findings) {
   const bool lineWorks = !world.Line().HungUp() && world.Faults().SilentFrom == 0;
   if (lineWorks && !world.Radio().Echo()) findings.push_back("the radio's echo is left off");
   if (world.Ended()) return;
-  if (world.Main().EchoIsOff && world.Port().PortOpen()) findings.push_back("EchoIsOff is left");
+  const auto flagBack = [&world] { return !world.Main().EchoIsOff || !world.Port().PortOpen(); };
+  if (lineWorks && !world.RunUntil(flagBack, Seconds(30))) findings.push_back("EchoIsOff is left");
   if (world.Main().DirectPortMode) findings.push_back("DirectPortMode is left");
   if (world.Main().SecretWindows != 0) findings.push_back("SecretWindows is left");
   if (world.Application().Ticks().LineHolders != 0) findings.push_back("LineHolders is left");
@@ -133,6 +134,7 @@ void JudgeEnd(World& world, Findings& findings) {
 
 void JudgeHealed(World& world, Findings& findings) {
   if (!world.Radio().Echo()) findings.push_back("after the healing the radio's echo is off");
+  if (world.Main().EchoIsOff) findings.push_back("after the healing EchoIsOff is left");
   const auto replies = Replies(world.Radio());
   const bool remote = world.Radio().Setting("mode") == "R";
   for (const auto& [word, text] : world.ShownRows()) {
