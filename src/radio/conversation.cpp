@@ -59,7 +59,7 @@ void Conversation::Follow(char byte) {
 void Conversation::SeePrompt(PromptKind kind) {
   int& awaited = due > 0 ? due : late;
   if (awaited > 0) --awaited;
-  if (due == 0) secretDue = false;
+  if (due == 0 && late == 0) secretDue = false;
   // A page of a report says nothing about the mode.
   if (kind == PromptKind::More) return;
   lastPrompt = kind;
@@ -234,6 +234,7 @@ bool Conversation::SwitchEcho(bool on, std::string_view afterReturn) {
     // What earlier lines bring is not the answer to this one.
     AwaitText(echoTime, [this] { return due == 0; });
     if (echoSwitches != mine) return false;
+    late += std::exchange(due, 0);
     Prime();
     // Whatever becomes of it: a way out must know that the echo may be off.
     if (!on) link.EchoIsOff = true;

@@ -111,7 +111,10 @@ class Conversation {
   // then on no prompt is due; those that did not come are taken for late.
   void Settle(Duration quiet = Milliseconds(500), Duration limit = Seconds(10));
   // Prompts that did not come so far will not come any more.
-  void ForgetLate() { late = 0; }
+  void ForgetLate() {
+    late = 0;
+    secretDue = false;
+  }
   // Waits until nothing has come for `quiet`, `limit` at most.
   void AwaitQuiet(Duration quiet, Duration limit);
 

@@ -261,9 +261,9 @@ TEST_F(AccessTest, SetupModeReadsProgramsAndKeys) {
           "mode.\r\n\r\nThe test transmit frequency can be reprogrammed to any value\r\nbetween "
           "902.200 MHz and 927.600 MHz, inclusive.");
   EXPECT_TRUE(Click("TxLabel"));
-  EXPECT_TRUE(Type("txtTerm", "stat"));  // the terminal stays usable
+  EXPECT_TRUE(Type("txtTerm", "stat\r"));  // the terminal stays usable
   EXPECT_TRUE(Click("ExitButton"));
-  EXPECT_EQ(Sent(), "KEY\rDKEY\rstatquit\r");
+  EXPECT_EQ(Sent(), "KEY\rDKEY\rstat\rquit\r");
   EXPECT_FALSE(Enabled("ButtonRSSI"));
   EXPECT_FALSE(Shared().InSetupMode);
   EXPECT_TRUE(Shared().RefreshRequested);
