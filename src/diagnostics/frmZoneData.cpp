@@ -76,7 +76,7 @@ void frmZoneData::pollTimer_Timer() {
   }
   if (!TakeReply()) {
     if (retry) {
-      radio.Clear();
+      DropReply();
     } else {
       WaitForMore();
     }

@@ -58,7 +58,7 @@ void frmZoneQuality::pollTimer_Timer() {
   } else if (TakeReply()) {
     return;
   } else if (retry) {
-    radio.Clear();
+    DropReply();
   } else {
     resetTimer.Tag = unknownData;
     WaitForMore();
@@ -88,7 +88,7 @@ void frmZoneQuality::resetTimer_Timer() {
 
 void frmZoneQuality::TakeZoneData() {
   if (DropNextReply) {
-    radio.Clear();
+    DropReply();
     resetTimer.Enabled = false;
     DropNextReply = false;
   } else if (ZoneDataIsComplete(radio.Received()) && ParseZoneTotals()) {

@@ -1,5 +1,7 @@
 #include "diagnostics/zone_window.h"
 
+#include "text/text.h"
+
 namespace quillmark {
 
 namespace {
@@ -64,6 +66,20 @@ bool ZoneWindow::ParseSkippedZones() {
   }
   radio.Clear();
   return true;
+}
+
+// Without its echo no reply is as long as it should be, so none would ever be shown.
+void ZoneWindow::DropReply() {
+  const Reply reply = FindReply(radio.Received(), {.Command = "", .Echo = false});
+  const bool echoIsOff = reply.Came == Reply::State::Whole;
+  const bool listsSkipped = Holds(reply.Text, "SKIP");
+  if (echoIsOff && link.Open()) {
+    radio.Settle();
+    radio.SwitchEcho(true);
+  }
+  radio.Clear();
+  // The user may have stopped or closed it meanwhile.
+  if (echoIsOff && listsSkipped && Updating() && Loaded()) AskForSkippedZones();
 }
 
 void ZoneWindow::StopTimers() {

@@ -61,6 +61,10 @@ class ZoneWindow : public Form {
   void StopUpdates();
   // Whether the menu offers to stop the updates.
   bool UpdatesWanted() const;
+  // Drops what came and could not be read. Where that was a reply without its echo, it switches the
+  // echo on again first, and asks once more for the skipped zones if they were the reply; may
+  // deliver events meanwhile.
+  void DropReply();
   // Gives a reply that is not understood yet the time of resetTimer.
   void WaitForMore();
   void Send(const std::string& command) { link.Send(command); }

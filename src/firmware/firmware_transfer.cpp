@@ -9,14 +9,13 @@ namespace quillmark {
 namespace {
 
 constexpr const char* loaderSettings = "115200,N,8,1";
-constexpr int wakingBursts = 20;
 constexpr Duration longestWait = Milliseconds(10);
 
 }  // namespace
 
 FirmwareTransfer::FirmwareTransfer(Platform& machine, Session& shared, frmOrvalent& window,
-                                   Conversation& conversation)
-    : platform(machine), session(shared), main(window), radio(conversation) {}
+                                   LoaderTalk& talk)
+    : platform(machine), session(shared), main(window), loader(talk) {}
 
 void ChangeSettings(SerialPort& port, const std::string& settings) {
   try {
@@ -36,11 +35,11 @@ void RestoreSettings(SerialPort& port, const std::string& settings) {
 }
 
 std::string FirmwareTransfer::Run(const std::filesystem::path& path) {
+  loader.CatchUp();
   ForceSettings();
-  WakeLoader();
-  radio.Say("ERASE");
+  loader.FindRate();
+  loader.Erase();
   main.txtTerm.Text = "";
-  radio.Prime();
   if (const auto trouble = file.Open(path)) {
     platform.Dialogs.Message({*trouble, ProgramTitle, Icon::Exclamation});
     return "The file could not be opened.";
@@ -52,15 +51,6 @@ void FirmwareTransfer::ForceSettings() {
   ChangeSettings(platform.MSComm1, loaderSettings);
   main.pnl_Settings.Text =
       "Settings are FORCED to " + platform.MSComm1.Settings() + " for programming.";
-}
-
-// The loader finds the new rate by itself, out of a row of carriage returns.
-void FirmwareTransfer::WakeLoader() {
-  radio.SayBytes("\r");
-  for (int burst = 0; burst < wakingBursts; ++burst) {
-    radio.SayBytes("\r\r");
-    platform.Events.Sleep(Milliseconds(20));
-  }
 }
 
 std::string FirmwareTransfer::SendFile(const std::filesystem::path& path) {
@@ -80,11 +70,12 @@ std::string FirmwareTransfer::SendBlocks() {
   const auto block = static_cast<std::int64_t>(platform.MSComm1.OutBufferSize());
   const std::int64_t length = file.Length();
   progress->ShowBytes(0, length, {});
-  platform.Events.Sleep(Milliseconds(2000));
-  radio.Say("PROGRAM");
+  if (!loader.AwaitErased()) return "The transfer was cancelled before it began.";
+  loader.Program();
   main.ShowCommStatus = false;
   // One block at most stands in the buffer, and no command in front of it.
   AwaitEmptyBuffer();
+  loader.AwaitTaking();
   const Duration began = platform.Events.Now();
   std::int64_t sent = 0;
   const auto missing = [&](const std::string& why) {

@@ -8,9 +8,9 @@
 #include "app/frmOrvalent.h"
 #include "firmware/firmware_file.h"
 #include "firmware/frmProgram.h"
+#include "firmware/loader_talk.h"
 #include "link/session.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -20,14 +20,13 @@ namespace quillmark {
 // it outlives it. Throws SerialError.
 class FirmwareTransfer {
  public:
-  FirmwareTransfer(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
+  FirmwareTransfer(Platform& platform, Session& session, frmOrvalent& main, LoaderTalk& loader);
 
   // Gives a sentence on what is missing; "" when the whole file was sent.
   std::string Run(const std::filesystem::path& path);
 
  private:
   void ForceSettings();
-  void WakeLoader();
   std::string SendFile(const std::filesystem::path& path);
   std::string SendBlocks();
   bool SendBlock(const std::string& block);
@@ -36,7 +35,7 @@ class FirmwareTransfer {
   Platform& platform;
   Session& session;
   frmOrvalent& main;
-  Conversation& radio;
+  LoaderTalk& loader;
   std::shared_ptr<frmProgram> progress;
   FirmwareFile file;
 };

@@ -141,8 +141,9 @@ bool FirmwareUpgrade::Load(const Chosen& chosen) {
     LoaderEntry entry(platform, session, main, connection, radio);
     if (!AtLoaderPrompt(radio) && !entry.Enter(chosen.Version, chosen.Note)) return false;
     if (!AtLoaderPrompt(radio)) return false;
-    const std::string missing = FirmwareTransfer(platform, session, main, radio).Run(chosen.Path);
-    Judge(missing.empty() ? chosen.Note : missing);
+    LoaderTalk loader(platform, session, radio);
+    const std::string missing = FirmwareTransfer(platform, session, main, loader).Run(chosen.Path);
+    Judge(loader, missing, chosen.Note);
     EndSession();
     return true;
   } catch (const SerialError& error) {
@@ -151,17 +152,20 @@ bool FirmwareUpgrade::Load(const Chosen& chosen) {
   }
 }
 
-void FirmwareUpgrade::Judge(const std::string& details) {
+void FirmwareUpgrade::Judge(LoaderTalk& loader, const std::string& missing,
+                            const std::string& note) {
   WaitMilliseconds(platform.Events, 1000);
   platform.Events.Pump();
   platform.Events.Sleep(Milliseconds(500));
-  if (Contains(session.RxBuffer, "PROGRAMMED OK")) {
-    radio.Say("EXIT");
+  const bool whole = missing.empty();
+  if (whole) loader.AwaitVerdict();
+  if (loader.SaysProgrammed()) {
+    loader.Exit();
     platform.Dialogs.Message(
         {"Radio programming was successful.", "Programmed OK", Icon::Exclamation});
   } else {
-    platform.Dialogs.Message(
-        {"Radio programming FAILED.", "Radio Error", Icon::Exclamation, Buttons::Ok, details});
+    platform.Dialogs.Message({"Radio programming FAILED.", "Radio Error", Icon::Exclamation,
+                              Buttons::Ok, whole ? note : missing});
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include "app/frmOrvalent.h"
 #include "firmware/firmware_file.h"
+#include "firmware/loader_talk.h"
 #include "link/connection.h"
 #include "link/session.h"
 #include "platform/platform.h"
@@ -52,7 +53,8 @@ class FirmwareUpgrade {
 
   // True when the link is to be connected anew.
   bool Load(const Chosen& chosen);
-  void Judge(const std::string& details);
+  // `missing` tells what was not sent.
+  void Judge(LoaderTalk& loader, const std::string& missing, const std::string& note);
   void EndSession();
   void GiveUp(const SerialError& error);
 

@@ -250,6 +250,46 @@ TEST_F(ZoneDataTest, DamagedReplies) {
   }
 }
 
+// A radio that was left without its echo is given it back; without it no reply is ever complete.
+TEST_F(ZoneDataTest, RepliesWithoutTheirEcho) {
+  const struct {
+    bool Quality, SkipAnswered;
+    const char* Sent;
+  } cases[] = {
+      {false, true, "skip\reeco\rskip\rZONE DATA\r"},
+      {false, false, "skip\rZONE DATA\reeco\rZONE DATA\r"},
+      {true, true, "skip\rskip\reeco\rskip\rZONE DATA\r"},
+      {true, false, "skip\rskip\rZONE DATA\reeco\rZONE DATA\r"},
+  };
+  for (const auto& each : cases) {
+    UseRadio({.Mode = 'M'});
+    if (!WindowOpen("frmOrvalent")) Start();
+    ASSERT_TRUE(Connect());
+    ASSERT_TRUE(Radio().Program("skip", "2"));
+    for (int zone = 1; zone <= 8; ++zone) Radio().SetZoneCounters(zone, 7, 100, 7);
+    ASSERT_TRUE(Type("txtTerm", "deco\r"));
+    Run(Milliseconds(100));
+    if (!each.SkipAnswered) Radio().SetReply("skip", "", false);
+    const std::string sent = InZoneData([&] {
+      if (each.Quality) {
+        ExpectWindow("frmZoneQuality").Do([&] {
+          Run(Seconds(6));
+          EXPECT_EQ(Text("percentUsable_7"), "93");
+          EXPECT_TRUE(CloseWindow("frmZoneQuality"));
+        });
+        Run(Milliseconds(100));
+        EXPECT_TRUE(Click("mnuShowZoneQuality"));
+      }
+      Run(Seconds(6));
+      EXPECT_EQ(Text("frameZone_1") == "Zone 2 (skipped)", each.SkipAnswered && !each.Quality);
+      EXPECT_EQ(Texts("zoneTXCount"), "7,7,7,7,7,7,7,7");
+      EXPECT_TRUE(CloseWindow("frmZoneData"));
+    });
+    EXPECT_THAT(sent, testing::StartsWith(each.Sent));
+    ASSERT_TRUE(Click("tbr_Disconnect"));
+  }
+}
+
 TEST_F(ZoneDataTest, RepliesCutAnywhere) {
   StartConnected();
   const auto reply = [](std::size_t count) {

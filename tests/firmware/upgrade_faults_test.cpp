@@ -158,6 +158,59 @@ TEST_F(UpgradeFaultsTest, CancelledWhileNothingLeaves) {
   ExpectConnected();
 }
 
+// Whatever ends an upgrade, and whenever: the line is as before, and another one succeeds.
+TEST_F(UpgradeFaultsTest, EndedAtAnyTime) {
+  file = Image(16384);
+  const struct {
+    const char* Name;
+    std::function<void()> Act;
+  } acts[] = {
+      {"cancelled", [&] { EXPECT_TRUE(!WindowOpen("frmProgram") || CloseWindow("frmProgram")); }},
+      {"disconnected", [&] { Click("tbr_Disconnect"); }},
+      {"unplugged", [&] { Unplug(); }},
+      {"quit", [&] { EXPECT_TRUE(Quit()); }},
+  };
+  const struct {
+    int Think;  // ms
+    Duration Step, Takes;
+  } radios[] = {{5, Milliseconds(510), Seconds(16)}, {400, Milliseconds(1730), Seconds(41)}};
+  TolerateBoxes();
+  Start();
+  for (const auto& act : acts) {
+    for (const auto& radio : radios) {
+      for (Duration at = radio.Step; at < radio.Takes; at += radio.Step) {
+        SCOPED_TRACE(act.Name + (" after " + std::to_string(at.count())));
+        ConnectTo({.ThinkTime = Milliseconds(radio.Think)});
+        After(at, act.Act);
+        ExpectErase(Answer::Yes);
+        Upgrade(file);
+        // The loader would take a logout for a record.
+        const auto sends = [this](const char* text) {
+          return Sent().find(text) != std::string::npos;
+        };
+        EXPECT_TRUE(sends("EXIT\r") || !sends("PASS NONE"));
+        if (Ended()) Restart();
+        Run(Seconds(5));
+        Plug();
+        EXPECT_EQ(Port().Settings(), "19200,N,8,1");
+        EXPECT_EQ(Enabled("mnuSendText"), Port().PortOpen());
+        EXPECT_EQ(Enabled("tbr_TransmitTextFile"), Port().PortOpen());
+        EXPECT_FALSE(WindowOpen("frmProgram"));
+        EXPECT_EQ(Application().Ticks().LineHolders, 0);
+        EXPECT_FALSE(Main().EchoIsOff);
+        EXPECT_TRUE(Port().PortOpen() || Click("tbr_Connect"));
+        Run(Seconds(30));
+        const bool inLoader = Radio().At() == sim::Level::Loader;
+        if (!inLoader && Radio().Setting("srev") == "3.2.0") ExpectErase(Answer::Yes);
+        if (Radio().Setting("srev") != "3.2.1" || inLoader) Upgrade(file);
+        EXPECT_EQ(Radio().Setting("srev"), "3.2.1");
+        EXPECT_EQ(Radio().At(), sim::Level::Command);
+        ASSERT_TRUE(Click("tbr_Disconnect"));
+      }
+    }
+  }
+}
+
 // On a line with its own pace: one of each kind, and a radio that falls silent.
 TEST_F(UpgradeFaultsTest, OnAPacedLine) {
   StartInLoader();

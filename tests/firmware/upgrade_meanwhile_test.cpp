@@ -6,7 +6,6 @@ namespace quillmark {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 
 using UpgradeMeanwhileTest = UpgradeBench;
 
@@ -58,26 +57,6 @@ TEST_F(UpgradeMeanwhileTest, AReadBehindTheQuestionsSwitchesNothingOn) {
   ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }, Seconds(120)));
   ExpectConnected();
   EXPECT_TRUE(Find("ButtonZoneData").Reachable() && Find("tbr_Logout").Reachable());
-}
-
-TEST_F(UpgradeMeanwhileTest, QuittingEndsItAtOnce) {
-  const auto file = Image(16384);
-  for (const bool inTransfer : {false, true}) {
-    ConnectTo({});
-    ExpectErase(Answer::Yes);
-    const auto quit = [&] { EXPECT_TRUE(Quit()); };
-    if (inTransfer) {
-      OnCommand("PROGRAM", [&] { WhileSending(quit); });
-    } else {
-      OnCommand("YES", [&] { After(Seconds(5), quit); });
-    }
-    Upgrade(file);
-    EXPECT_TRUE(Ended());
-    // A logout would be taken for a record.
-    EXPECT_THAT(Sent(), Not(HasSubstr("PASS NONE")));
-    EXPECT_EQ(Application().Ticks().LineHolders, 0);
-    Restart();
-  }
 }
 
 TEST_F(UpgradeMeanwhileTest, ClickedInTheMiddleOfSomethingElse) {

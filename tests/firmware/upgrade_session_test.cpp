@@ -39,6 +39,12 @@ TEST_F(UpgradeSessionTest, RadiosThatDoNotGoIntoTheirLoader) {
       {"the user says no", {}, [] {}, Answer::No, "PROGRAM\rNO\r", {}},
       {"silence", {}, [&] { Faults().SilentFrom = 1; }, {}, "PROGRAM\r", Seconds(3)},
       {"refusal", {.Password = "abcd"}, [] {}, {}, "PROGRAM\r", Seconds(3)},
+      {"a damaged question",
+       {},
+       [&] { Radio().SetReply("program", "\r\nARE YOU SUQE?\r\n"); },
+       {},
+       "PROGRAM\r",
+       Seconds(3)},
       {"a question without a prompt",
        {},
        [&] { Radio().SetReply("program", surely, false); },
@@ -167,45 +173,6 @@ TEST_F(UpgradeSessionTest, TheLinkIsBackThoughTheDriverRefuses) {
   ExpectConnected();
 }
 
-TEST_F(UpgradeSessionTest, ALinkThatIsLostOutsideOfTheTransfer) {
-  const auto file = Image(512);
-  const auto disconnect = [&] { EXPECT_TRUE(Click("tbr_Disconnect")); };
-  const struct {
-    const char* Name;
-    std::function<void()> Plan;
-    bool Box;
-  } cases[] = {
-      {"while the radio is asked", [&] { After(Milliseconds(2), disconnect); }, false},
-      {"while it erases",
-       [&] {
-         ExpectErase(Answer::Yes);
-         OnCommand("YES", [&] { After(Seconds(3), disconnect); });
-       },
-       true},
-      {"while it wakes up",
-       [&] {
-         ExpectErase(Answer::Yes);
-         OnCommand("YES", [&] { After(Seconds(5.8), disconnect); });
-       },
-       true},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.Name);
-    ConnectTo({});
-    c.Plan();
-    if (c.Box) ExpectBox("Error").Saying(lost).With(Icon::Exclamation);
-    Upgrade(file);
-    EXPECT_EQ(Port().Settings(), "19200,N,8,1");
-    EXPECT_FALSE(Port().PortOpen());
-    EXPECT_EQ(Text("pnl_Settings"), "Settings: ");
-    EXPECT_FALSE(Enabled("mnuSendText"));
-    EXPECT_FALSE(Enabled("tbr_TransmitTextFile"));
-    EXPECT_FALSE(WindowOpen("frmProgram"));
-    EXPECT_TRUE(Main().ShowCommStatus);
-    EXPECT_EQ(Application().Ticks().LineHolders, 0);
-  }
-}
-
 TEST_F(UpgradeSessionTest, LeftJustAfterTheLoaderHasFinished) {
   StartInLoader();
   std::string image = sim::FirmwareImage("3.2.1", 4096);
@@ -278,6 +245,36 @@ TEST_F(UpgradeSessionTest, AFileThatChangesWhileItIsSent) {
   Upgrade(file);
   EXPECT_THAT(Sent(), HasSubstr("\r" + Bursts(20) + "ERASE\rCLOS\r"));
   ExpectConnected();
+}
+
+// A slow radio echoes at once and then needs its time for each line, one after the other. A loader
+// that is found at work must be upgradable again, whatever ended the upgrade before.
+TEST_F(UpgradeSessionTest, SlowRadiosAndSlowLoaders) {
+  const auto file = Image(4096);
+  Start();
+  for (const int ms : {5, 50, 100, 200, 400}) {
+    for (const bool loaderAlone : {true, false}) {
+      SCOPED_TRACE(std::to_string(ms) + (loaderAlone ? " ms, its loader" : " ms, all of it"));
+      sim::SimRadioOptions slow{.Loader = {.EraseTime = Seconds(ms / 50)}};
+      (loaderAlone ? slow.Loader.ThinkTime.emplace() : slow.ThinkTime) = Milliseconds(ms);
+      ConnectTo(slow);
+      ExpectErase(Answer::Yes);
+      ExpectSuccess();
+      Upgrade(file);
+      EXPECT_EQ(Radio().Setting("srev"), "3.2.1");
+      ASSERT_TRUE(Click("tbr_Disconnect"));
+      StartInLoader(slow);
+      WhileSending([&] { EXPECT_TRUE(Click("Command1")); });
+      FailOnce(file);
+      Faults().DropToRadio = Line().BytesToRadio() + 1000;
+      FailOnce(file);
+      ExpectSuccess();
+      Upgrade(file);
+      EXPECT_EQ(Radio().Setting("srev"), "3.2.1");
+      ExpectConnected();
+      ASSERT_TRUE(Click("tbr_Disconnect"));
+    }
+  }
 }
 
 TEST_F(UpgradeSessionTest, TwentyMegabytes) {
