@@ -215,15 +215,20 @@ TEST_F(LostLinkTest, WindowsWaitForAConnectAndForAReadThatForbidsThem) {
 }
 
 // A click that was put off to the end of a read gives way to the next one.
-TEST_F(LostLinkTest, OnlyTheLastWindowAskedForOpens) {
+TEST_F(LostLinkTest, WindowsOpenInTheOrderOfTheirClicks) {
   StartConnected();
   OnCommand("own", [this] { EXPECT_TRUE(Click("ButtonZoneData")); });
-  Application().OnReadCycleDone = [this] {
-    After(Duration{}, [this] { EXPECT_TRUE(Click("ButtonRSSI")); });
-  };
-  ExpectWindow("frmRSSI").StaysUp(Seconds(1)).Do([](Form& form) { form.UserClose(); });
+  OnCommand("owm", [this] { EXPECT_TRUE(Click("ButtonRSSI")); });
+  std::string opened;
+  for (const char* name : {"frmRSSI", "frmZoneData"}) {
+    ExpectWindow(name).StaysUp(Seconds(1)).Do([&](Form& form) {
+      opened += form.Name() + " ";
+      form.UserClose();
+    });
+  }
   ASSERT_TRUE(Click("ButtonRefresh"));
   Run(Seconds(10));
+  EXPECT_EQ(opened, "frmZoneData frmRSSI ");
 }
 
 }  // namespace
