@@ -138,7 +138,7 @@ class FilesJudge {
     const Compared compared =
         Comparison(world, fault, meant.WithGaps.contains(path)).Of(*text, right);
     if (!compared.Wrong.empty()) return Add(path, "holds the line " + compared.Wrong);
-    const bool mayBeCut = meant.WithGaps.contains(path) && backup == old;
+    const bool mayBeCut = (world.Swapped || meant.WithGaps.contains(path)) && backup == old;
     if (compared.Whole && !(mayBeCut && world.Told(meant.Boxes))) {
       if (backup && backup != aFolder) Add(path, "is whole, but its .bak is left");
       return;
