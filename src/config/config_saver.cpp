@@ -31,8 +31,11 @@ std::string FirmwareText(std::string reply) {
   for (std::size_t at = reply.find("\r\n"); at != std::string::npos; at = reply.find("\r\n")) {
     reply.replace(at, 2, " ");
   }
+  std::erase_if(reply, [](char c) { return c >= 0 && c < ' '; });
   return reply;
 }
+
+bool IsOneLine(const std::string& text) { return text.find_first_of("\r\n") == std::string::npos; }
 
 // As the radio gave it, its line ends and prompt around it: the cuts count on them.
 std::string AsReply(const std::string& text) { return "\r\n" + text + "\r\n>"; }
@@ -112,7 +115,8 @@ void ConfigSaver::WriteHead(ReplacedFile& file, bool report) {
   }
   run.Dot();
   platform.Events.Pump();
-  const auto version = run.Ask({.Command = "srev", .FirstLook = firstLook});
+  const auto version =
+      run.Ask({.Command = "srev", .Opening = "77-", .ManyLines = true, .FirstLook = firstLook});
   run.Dot();
   if (!version || IsRefusal(*version)) {
     throw RunFailed{"The radio's reply to srev can't be read."};
@@ -197,7 +201,8 @@ std::optional<std::string> ConfigSaver::ReadSetting(const SavedSetting& row) {
                        .Echo = false,
                        .TakesRefusal = lacking,
                        .InValue = Conversation::Question::Bracket::Stays});
-  if (text) return text;
+  // A line end would make it two lines of the file, and the second one a command.
+  if (text && IsOneLine(*text)) return text;
   // It has an empty one.
   if (radio.CameLast() == Reply::State::Bare) return std::nullopt;
   const bool mayLack = row.Since > 0 && !revision.Known();

@@ -15,7 +15,7 @@ constexpr std::size_t terminalLimit = 16000;  // characters, before the last arr
 constexpr std::size_t terminalCut = 4096;
 constexpr char backspace = 8;
 constexpr std::size_t mostTyped = 4096;  // characters that wait for the line
-constexpr Duration longestThought = Seconds(3);
+constexpr Duration longestThought = Seconds(10);
 
 // Each backspace takes the character in front of it away; one that has none there is told by
 // `reachesBack`.
@@ -170,7 +170,10 @@ void Receiver::SendAllTyped() {
   const std::string characters = std::exchange(typed, {});
   if (characters.empty() || !radio.Open()) return ForgetTyped();
   WithLinkErrors(platform.Dialogs, [&] { radio.SayBytes(characters); });
-  if (characters.back() == '\r') return ForgetTyped();
+  const std::size_t lineEnd = characters.rfind('\r');
+  begun =
+      lineEnd == std::string::npos ? begun + characters.size() : characters.size() - lineEnd - 1;
+  if (begun == 0) return ForgetTyped();
   if (!typing) typing.emplace(radio.Turns);
   platform.Events.StartTimer(*this, longestThought);
 }
@@ -178,9 +181,16 @@ void Receiver::SendAllTyped() {
 void Receiver::ForgetTyped() {
   platform.Events.StopTimer(*this);
   typed.clear();
+  begun = 0;
   typing.reset();
 }
 
-void Receiver::Tick() { ForgetTyped(); }
+// The next command would become the rest of the line.
+void Receiver::Tick() {
+  if (radio.Open() && typedEpoch == radio.Epoch()) {
+    WithLinkErrors(platform.Dialogs, [this] { radio.SayBytes(std::string(begun, backspace)); });
+  }
+  ForgetTyped();
+}
 
 }  // namespace quillmark

@@ -36,7 +36,7 @@ class Receiver : private Ticker {
   void SendTyped(char key);
   void SendAllTyped();
   void ForgetTyped();
-  // The user has not gone on with a line that they began.
+  // The user has not gone on with a line that they began: it is taken back.
   void Tick() override;
   void ShowCommStatusText(const std::string& wording);
   void ReportError(const std::string& wording);
@@ -54,6 +54,7 @@ class Receiver : private Ticker {
   std::string typed;                      // and not sent so far
   int typedEpoch = 0;                     // of the link that it was typed at
   std::optional<LineTurns::Turn> typing;  // a line was begun
+  std::size_t begun = 0;                  // so many characters of it were sent
   bool errorBoxUp = false;
 };
 

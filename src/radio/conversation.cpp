@@ -16,6 +16,17 @@ constexpr Duration lateTime = Milliseconds(500);   // for what follows a late re
 constexpr Duration look = Milliseconds(10);
 constexpr std::size_t longestHead = 8;  // "LOADER>" and a bit
 
+bool IsControl(char c) {
+  const auto code = static_cast<unsigned char>(c);
+  return code < 32 || code == 127;
+}
+
+bool IsLikely(const Conversation::Question& question, std::string_view text) {
+  if (!question.ManyLines && std::any_of(text.begin(), text.end(), IsControl)) return false;
+  if (SaysNoValue(text) || question.Opening.empty()) return true;
+  return FindAnyCase(text, question.Opening) == 1 && !Holds(text, ">");
+}
+
 }  // namespace
 
 Conversation::Conversation(SerialPort& itsPort, EventLoop& loop, Session& shared, LinkState& state,
@@ -205,7 +216,7 @@ std::optional<std::string> Conversation::AskOnce(const Question& question,
     if (again && !question.Echo) SwitchEcho(false);
     return again ? std::nullopt : value;
   }
-  again = FindAnyCase(text, question.Opening) != 1 && !SaysNoValue(text) && value != doubtful;
+  again = !IsLikely(question, text) && value != doubtful;
   if (!again) return value;
   doubtful = std::move(value);
   return std::nullopt;

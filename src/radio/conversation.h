@@ -77,9 +77,11 @@ class Conversation {
   struct Question {
     std::string Command;
     Duration Limit = Seconds(4);
-    // What a value begins with, in whatever case; a reply that does not, and is no refusal
-    // either, is asked for again. Empty: any text.
+    // What a value begins with, in whatever case; one that does not, or holds a ">", is asked for
+    // again unless the radio says that it has none. Empty: any text.
     std::string_view Opening{};
+    // The value may have several lines; else one with a control character is asked for again.
+    bool ManyLines = false;
     // A pause, without events, ahead of the first look at what has come.
     Duration FirstLook{};
     // The radio echoes. Without: a run has switched its echo off, and it must stay off.

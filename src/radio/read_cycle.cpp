@@ -23,6 +23,7 @@ struct ReadRow {
   const char* Word;
   SettingRow SettingsRows::*Row;
   const char* Opening = "";  // what the reply begins with; empty: any text
+  bool ManyLines = false;    // in the reply
   Gate When = Gate::Always;
   const char* Refusal = "";  // a reply that holds it puts "NOT AVAILABLE" into the row
   Then Step = Then::Nothing;
@@ -35,11 +36,11 @@ namespace {
 constexpr std::array<ReadRow, 40> reads{{
     {.Word = "ser", .Row = &SettingsRows::SerialNumber, .Opening = "SN"},
     {.Word = "unit", .Row = &SettingsRows::UnitAddr, .Opening = "UNIT"},
-    {.Word = "srev", .Row = &SettingsRows::SoftwareRev, .Step = Then::Revision},
+    {.Word = "srev", .Row = &SettingsRows::SoftwareRev, .Opening = "77-", .ManyLines = true, .Step = Then::Revision},
     {.Word = "own", .Row = &SettingsRows::OwnerName, .Step = Then::LoginProbe, .Pause = true},
     {.Word = "owm", .Row = &SettingsRows::OwnerMessage},
     {.Word = "temp", .Row = &SettingsRows::Temperature},
-    {.Word = "alrm", .Row = &SettingsRows::AlarmInfo, .Pause = true},
+    {.Word = "alrm", .Row = &SettingsRows::AlarmInfo, .ManyLines = true, .Pause = true},
     {.Word = "mode", .Row = &SettingsRows::Mode, .Opening = "MODE", .Step = Then::ModeRules},
     {.Word = "pwr", .Row = &SettingsRows::PowerLevel, .Opening = "PWR"},
     {.Word = "baud", .Row = &SettingsRows::BaudRate, .Opening = "BAUD"},
@@ -122,7 +123,10 @@ void ReadCycle::ReadOne(const ReadRow& read) {
   if (read.When == Gate::NotRemote && EqualAnyCase(main.Mode.Text(), "MODE R")) {
     row.Text = std::string(notAvailable);
   } else if (IsOpen(read.When, session.SoftwareRevision)) {
-    value = radio.Ask({.Command = read.Word, .Limit = readTimeOut, .Opening = read.Opening});
+    value = radio.Ask({.Command = read.Word,
+                       .Limit = readTimeOut,
+                       .Opening = read.Opening,
+                       .ManyLines = read.ManyLines});
     Show(read, value);
     if (read.Step == Then::RtuRule) row.AllowClick(!Contains(radio.Received(), "SELECTED OPTION"));
   }

@@ -59,12 +59,15 @@ void OptionRows::XMAP_Click() {
 std::string OptionRows::ReadMap() {
   constexpr std::string_view word = "XMAP ";
   constexpr std::size_t digits = 8;
-  const auto reply = radio.Ask({.Command = "xmap", .Limit = Seconds(3), .Opening = word});
-  WaitMilliseconds(platform.Events, 200);
-  if (!reply || FindAnyCase(*reply, word) != 1) return {};
-  std::string map = reply->substr(word.size());
-  if (map.size() != digits || HexToBin(map).size() != 4 * digits) return {};
-  return map;
+  constexpr int attempts = 2;
+  for (int attempt = 0; attempt < attempts; ++attempt) {
+    const auto reply = radio.Ask({.Command = "xmap", .Limit = Seconds(3), .Opening = word});
+    WaitMilliseconds(platform.Events, 200);
+    if (!reply) return {};
+    std::string map = reply->size() < word.size() ? std::string() : reply->substr(word.size());
+    if (map.size() == digits && HexToBin(map).size() == 4 * digits) return map;
+  }
+  return {};
 }
 
 }  // namespace quillmark
