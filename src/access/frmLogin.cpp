@@ -73,7 +73,7 @@ void frmLogin::SendAndJudge() {
   const bool pass = command == Command::Pass;
   const char* const accepted = pass ? "PASSWORD OK" : "PROGRAMMED OK";
   const char* const refused = pass ? "PASSWORD INVALID" : "INVALID ENTRY";
-  radio.SaySecret((pass ? "pass " : "code ") + txtPassword.Text());
+  if (!radio.SaySecret((pass ? "pass " : "code ") + txtPassword.Text())) return;
   radio.AwaitText(replyLimit, [&] { return Received(accepted) || Received(refused); });
   if (!radio.Open()) return;
   if (!Received(accepted)) {
@@ -89,9 +89,10 @@ void frmLogin::SendAndJudge() {
 
 void frmLogin::Accept(const char* notice) {
   if (!Loaded()) return;  // closed meanwhile, and with its echo back
+  const int began = radio.Epoch();
   radio.Say("");
   radio.SwitchEcho(true);
-  main.txtTerm.Text = notice;
+  if (radio.Open() && radio.Epoch() == began) main.txtTerm.Text = notice;
   Unload();
 }
 
@@ -105,7 +106,7 @@ void frmLogin::Refuse(const char* text) {
 void frmLogin::NoneButton_Click() {
   if (sending) return;
   const Raised underWay(sending);
-  radio.SaySecret("code none");
+  if (!radio.SaySecret("code none")) return;
   for (int pass = 0; pass < passes && Loaded(); ++pass) platform.Events.Pump();
   if (!Loaded()) return;  // cancelled meanwhile
   Accept("*** ENCRYPTION CODE ACCEPTED ***");

@@ -39,10 +39,13 @@ frmSetPass::frmSetPass(Platform& machine, Session& shared, frmOrvalent& window,
   PassRadio[1].OnClick = [this] { PassRadio_Click(1); };
   OKButton.OnClick = [this] {
     if (!radio.Open() || working) return;
-    const Raised underWay(working);
-    WithLinkErrors(platform.Dialogs, [this] { OKButton_Click(); });
+    {
+      const Raised underWay(working);
+      WithLinkErrors(platform.Dialogs, [this] { OKButton_Click(); });
+    }
+    if (closeWanted) Unload();
   };
-  CancelButton.OnClick = [this] { Unload(); };
+  CancelButton.OnClick = [this] { Form_Close(); };
   Form_Load();
 }
 
@@ -51,6 +54,15 @@ void frmSetPass::Form_Load() {
   Pass2.Enabled = session.PassEnabled;
   PassRadio[session.PassEnabled ? 0 : 1].SetChecked(true);
   SetEcho(false);
+}
+
+// What OK has begun must be judged before the echo comes back.
+void frmSetPass::Form_Close() {
+  if (working && radio.Open()) {
+    closeWanted = true;
+  } else {
+    Unload();
+  }
 }
 
 void frmSetPass::Form_Unload() {
@@ -101,7 +113,7 @@ bool frmSetPass::EntriesAreGood() {
 
 void frmSetPass::SetPassword() {
   if (!EntriesAreGood()) return;
-  radio.SaySecret("k7m2 " + Pass1.Text());
+  if (!radio.SaySecret("k7m2 " + Pass1.Text())) return;
   radio.AwaitText(replyTime, [this] { return radio.PromptsDue() == 0; });
   if (!radio.Open()) return;
   if (Holds(radio.Received(), "DENIED") || Holds(radio.Received(), "INVALID")) {
@@ -114,8 +126,9 @@ void frmSetPass::SetPassword() {
 
 // The notice comes last: the way out brings further prompts.
 void frmSetPass::End(const char* notice) {
+  const int began = radio.Epoch();
   Unload();
-  main.txtTerm.Text = notice;
+  if (radio.Open() && radio.Epoch() == began) main.txtTerm.Text = notice;
 }
 
 void frmSetPass::ShowState(bool protectedNow) {
@@ -131,8 +144,12 @@ void frmSetPass::RemovePassword() {
   radio.AwaitText(replyTime, [this] {
     return Holds(radio.Received(), ">") && Holds(radio.Received(), "k7m2");
   });
-  // Cancelled or unplugged meanwhile.
   if (!Loaded() || !radio.Open()) return;
+  if (closeWanted) {
+    // The radio has no password any more; it is not logged out as well.
+    if (Holds(radio.Received(), "PROGRAMMED OK")) StorePassEnabled(false);
+    return;
+  }
   if (Holds(radio.Received(), "DENIED")) {
     platform.Dialogs.Message(
         {"You must be logged in to disable password protection.", "Error!", Icon::Critical});

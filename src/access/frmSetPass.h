@@ -27,6 +27,7 @@ class frmSetPass : public Form {
   Button OKButton, CancelButton;
 
  protected:
+  void Form_Close() override;
   void Form_Unload() override;
 
  private:
@@ -48,7 +49,8 @@ class frmSetPass : public Form {
   frmOrvalent& main;
   Conversation& radio;
   std::optional<LineTurns::Turn> turn;
-  bool working = false;  // OK is at work
+  bool working = false;      // OK is at work
+  bool closeWanted = false;  // the user wants to leave meanwhile
 };
 
 }  // namespace quillmark

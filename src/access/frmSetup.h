@@ -25,7 +25,7 @@ class frmSetup : public Form {
   Button Key, DKey, ExitButton;
 
  protected:
-  // The close box leaves the radio in its mode: the next read finds that out from the prompt.
+  // The close box leaves the radio in its mode: its next prompt tells.
   void Form_Unload() override { session.InSetupMode = false; }
 
  private:

@@ -206,12 +206,8 @@ void Console::Form_Unload() {
   ending = true;
   restore.EndProgram();
   diagnostics.CloseWindow();
-  ++mainTimer.LineHolders;
   const bool wasOpen = platform.MSComm1.PortOpen();
-  SendLogout();
-  const bool drained = DrainOutput();
-  --mainTimer.LineHolders;
-  if (!drained) {
+  if (!LogOutAndDrain()) {
     ending = false;
     // Opened for the logout alone; the window shows it closed.
     if (!wasOpen) platform.MSComm1.SetPortOpen(false);
@@ -221,6 +217,12 @@ void Console::Form_Unload() {
   if (log.Open()) log.mnuCloseLog_Click();
   main->Unload();
   platform.Events.Quit();
+}
+
+bool Console::LogOutAndDrain() {
+  const LineTurns::Turn turn(radio.Turns);
+  SendLogout();
+  return DrainOutput();
 }
 
 void Console::SendLogout() {

@@ -64,6 +64,8 @@ class Console {
   void mnuAbout_Click();
   void mnuProperties_Click();
   void mnuPreferences_Click();
+  // False when the user aborts.
+  bool LogOutAndDrain();
   void SendLogout();
   // False when the user aborts.
   bool DrainOutput();

@@ -203,8 +203,8 @@ std::optional<std::string> ConfigSaver::ReadSetting(const SavedSetting& row) {
                        .InValue = Conversation::Question::Bracket::Stays});
   // A line end would make it two lines of the file, and the second one a command.
   if (text && IsOneLine(*text)) return text;
-  // It has an empty one.
-  if (radio.CameLast() == Reply::State::Bare) return std::nullopt;
+  // Only a name or a message may be empty.
+  if (row.Word == nullptr && radio.CameLast() == Reply::State::Bare) return std::nullopt;
   const bool mayLack = row.Since > 0 && !revision.Known();
   if (mayLack && IsRefusal(radio.Received())) return std::nullopt;
   throw RunFailed{"The radio's reply to " + std::string(row.Command) + " can't be read."};

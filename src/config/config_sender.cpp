@@ -78,8 +78,8 @@ void ConfigSender::SendConfigLines(bool checkUnit) {
 }
 
 void ConfigSender::SendLines(bool checkUnit) {
-  if (ConfigLines.empty()) throw RunFailed();
   LeaveSetupMode();
+  if (ConfigLines.empty()) throw RunFailed();
   radio.Settle();
   const auto all = static_cast<int>(ConfigLines.size());
   for (int done = 0; done < all; ++done) {

@@ -23,6 +23,14 @@ std::string VersionIn(std::string_view value) {
   return Mid(value, position, length).value_or("");
 }
 
+bool HasVersionForm(std::string_view version) {
+  if (version.size() != 5 || version[1] != '.') return false;
+  const auto marks = [](char c) { return c >= '0' && c != ':'; };
+  const bool longMiddle = version[4] == '.' && marks(version[3]);
+  return marks(version[0]) && marks(version[2]) &&
+         (longMiddle || (version[3] == '.' && marks(version[4])));
+}
+
 Revision RevisionOf(std::string_view version) {
   Revision revision;
   if (!version.empty()) revision.Text += version.front();

@@ -26,6 +26,8 @@ struct Revision {
 // The revision in the value of a reply to "srev": it stands behind a part number of ten characters
 // and its line end, as five characters such as 3.2.0.
 std::string VersionIn(std::string_view value);
+// Whether it looks like one: the points stand where they should, as far as five characters go.
+bool HasVersionForm(std::string_view version);
 // Its first, third and last character.
 Revision RevisionOf(std::string_view version);
 

@@ -13,6 +13,7 @@ constexpr Duration echoTime = Milliseconds(500);   // for a radio to switch its 
 constexpr Duration hurtQuiet = Milliseconds(150);  // no more of a hurt reply comes after that
 constexpr Duration bareQuiet = Milliseconds(500);  // no text comes behind a bare prompt after that
 constexpr Duration lateTime = Milliseconds(500);   // for what follows a late reply
+constexpr Duration secretTime = Seconds(1);        // between the pieces of a reply to a secret
 constexpr Duration look = Milliseconds(10);
 constexpr std::size_t longestHead = 8;  // "LOADER>" and a bit
 
@@ -35,6 +36,7 @@ Conversation::Conversation(SerialPort& itsPort, EventLoop& loop, Session& shared
 
 std::string Conversation::Hear(std::string_view received) {
   if (received.empty()) return {};
+  EndOldSecret();
   lastByte = events.Now();
   session.RxBuffer.Append(received);
   std::string shown;
@@ -77,7 +79,13 @@ void Conversation::SeePrompt(PromptKind kind) {
   session.InSetupMode = kind == PromptKind::Setup;
 }
 
+// A prompt that was lost must not keep the terminal silent for good.
+void Conversation::EndOldSecret() {
+  if (QuietFor() >= secretTime) secretDue = false;
+}
+
 void Conversation::Sent(int prompts) {
+  EndOldSecret();
   due += prompts;
   lastByte = events.Now();
 }
@@ -92,13 +100,18 @@ void Conversation::SayBytes(const std::string& bytes) {
   Sent(static_cast<int>(std::count(bytes.begin(), bytes.end(), '\r')));
 }
 
-void Conversation::SaySecret(const std::string& line) {
+bool Conversation::SaySecret(const std::string& line) {
+  const int began = epoch;
   if (!link.EchoIsOff) SwitchEcho(false);
+  const int switches = echoSwitches;
   // A prompt that is still due would end the silence too early; it stays counted.
   AwaitText(echoTime, [this] { return due == 0 || QuietFor() >= echoTime; });
+  // Left or disconnected meanwhile.
+  if (epoch != began || echoSwitches != switches) return false;
   Prime();
-  secretDue = true;
   Say(line);
+  secretDue = true;
+  return true;
 }
 
 bool Conversation::AwaitText(Duration limit, const std::function<bool()>& done) {
@@ -124,7 +137,9 @@ void Conversation::AwaitQuiet(Duration quiet, Duration limit) {
 }
 
 void Conversation::Settle(Duration quiet, Duration limit) {
-  AwaitText(limit, [&] { return due == 0 || QuietFor() >= quiet; });
+  const bool others = std::exchange(handedOver, false);
+  if (others) lastByte = events.Now();
+  AwaitText(limit, [&] { return (due == 0 && !others) || QuietFor() >= quiet; });
   late += std::exchange(due, 0);
   secretDue = false;
 }

@@ -69,8 +69,9 @@ class Conversation {
   // Bytes as they are; each carriage return among them draws a prompt.
   void SayBytes(const std::string& bytes);
   // A line with a secret in it, the echo switched off before. A radio may echo against its orders:
-  // what it says up to its prompt is neither shown nor logged.
-  void SaySecret(const std::string& line);
+  // what it says up to its prompt is neither shown nor logged. False, and nothing sent, when the
+  // echo was switched on again or the link went meanwhile.
+  bool SaySecret(const std::string& line);
 
   // --- Exchanges ---
 
@@ -112,6 +113,9 @@ class Conversation {
   // Waits until every line has its prompt, or nothing has come for `quiet`, `limit` at most. From
   // then on no prompt is due; those that did not come are taken for late.
   void Settle(Duration quiet = Milliseconds(500), Duration limit = Seconds(10));
+  // Somebody else talks to the radio from here on: what it still says to them is waited past before
+  // the next question.
+  void HandOver() { handedOver = true; }
   // Prompts that did not come so far will not come any more.
   void ForgetLate() {
     late = 0;
@@ -139,6 +143,7 @@ class Conversation {
   bool TakesItself() const { return hears == Hears::Itself || link.DirectPortMode; }
   void Follow(char byte);
   void SeePrompt(PromptKind kind);
+  void EndOldSecret();
   void Sent(int prompts);
   std::optional<std::string> AskOnce(const Question& question, std::optional<std::string>& doubtful,
                                      bool& again);
@@ -160,7 +165,8 @@ class Conversation {
   Reply::State cameLast = Reply::State::Whole;
   int late = 0;            // prompts that have not come in time, and may still come
   bool secretDue = false;  // the reply to a secret is coming
-  int echoSwitches = 0;    // so many were begun
+  bool handedOver = false;
+  int echoSwitches = 0;  // so many were begun
   Duration lastByte{};
   int epoch = 0;
 };

@@ -13,9 +13,11 @@ LineTurns::LineTurns(EventLoop& loop, LinkState& state) : events(loop), link(sta
 
 LineTurns::~LineTurns() { events.StopTimer(*this); }
 
-LineTurns::Turn::Turn(LineTurns& all) : turns(all) { ++turns.link.LineHolders; }
+LineTurns::Turn::Turn(LineTurns& all) : turns(all), alive(all.alive) { ++turns.link.LineHolders; }
 
 LineTurns::Turn::~Turn() {
+  // A window may outlive the application that has opened it.
+  if (alive.expired()) return;
   --turns.link.LineHolders;
   turns.Release();
 }
@@ -61,7 +63,8 @@ void LineTurns::RunNext() {
       turns.Release();
     }
   } ended{*this};
-  if (next.Entry == nullptr || next.Entry->Reachable()) next.Run();
+  // Not whether it is in view: the user may have turned to another one meanwhile.
+  if (next.Entry == nullptr || next.Entry->Enabled()) next.Run();
 }
 
 }  // namespace quillmark

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 
 #include "controls/control.h"
 #include "link/session.h"
@@ -31,6 +32,7 @@ class LineTurns : private Ticker {
 
    private:
     LineTurns& turns;
+    std::weak_ptr<const bool> alive;
   };
 
   // Nobody has the line.
@@ -42,7 +44,7 @@ class LineTurns : private Ticker {
 
   // Runs it now, or when the line is free and all that was asked for earlier has run.
   void WhenFree(std::function<void()> act);
-  // The same for what a control starts: only if it can still be clicked then, and once, however
+  // The same for what a control starts: only if it is still enabled then, and once, however
   // often it was clicked.
   void WhenFree(const Control& entry, std::function<void()> act);
   // Forgets what waits: the link that it was meant for is gone.
@@ -61,6 +63,7 @@ class LineTurns : private Ticker {
 
   EventLoop& events;
   LinkState& link;
+  std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
   bool running = false;  // an act that waited is at work
   std::deque<Act> waiting;
 };

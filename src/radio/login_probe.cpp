@@ -40,8 +40,11 @@ LoginState ProbeLogin(Conversation& radio, const LoginProbe& probe, const std::s
   const LoginState state =
       Contains(radio.Received(), "DENIED") ? LoginState::Denied : LoginState::LoggedIn;
   answered(state);
-  if (radio.Epoch() == began && radio.Open()) radio.SwitchEcho(true);
-  return state;
+  if (radio.Epoch() != began || !radio.Open()) return LoginState::Unknown;
+  // The line may have lost its end; the next command would become a part of the name.
+  if (radio.PromptsDue() > 0) radio.Say("");
+  radio.SwitchEcho(true);
+  return radio.Epoch() == began && radio.Open() ? state : LoginState::Unknown;
 }
 
 LoginState ProbeLogin(Conversation& radio, const LoginProbe& probe,

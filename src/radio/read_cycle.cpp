@@ -127,6 +127,9 @@ void ReadCycle::ReadOne(const ReadRow& read) {
                        .Limit = readTimeOut,
                        .Opening = read.Opening,
                        .ManyLines = read.ManyLines});
+    if (read.Step == Then::Revision && value && !HasVersionForm(VersionIn(*value))) {
+      value = radio.Ask({.Command = read.Word, .Opening = read.Opening, .ManyLines = true});
+    }
     Show(read, value);
     if (read.Step == Then::RtuRule) row.AllowClick(!Contains(radio.Received(), "SELECTED OPTION"));
   }

@@ -83,6 +83,7 @@ void RestoreMenu::ShowWindow() {
   main.ConnectOnLaunchPending = false;
   main.Timer1.Enabled = true;
   platform.MSComm1.SetPortOpen(false);
+  radio.HandOver();
   const auto shown = std::make_shared<frmRestore>(platform, session, main, connection);
   window = shown;
   platform.Windows.ShowModal(shown, main);
