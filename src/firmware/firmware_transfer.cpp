@@ -82,12 +82,13 @@ std::string FirmwareTransfer::SendBlocks() {
     return why + " after " + std::to_string(sent) + " of " + std::to_string(length) + " bytes.";
   };
   while (sent < length && !session.TransferStop) {
+    // The line stands still up to the output, so nothing is shown before it.
     const std::int64_t wanted = std::min(block, length - sent);
+    const std::string bytes = file.Read(static_cast<std::size_t>(wanted));
+    if (!bytes.empty() && !SendBlock(bytes)) return missing("The port failed");
     // The last block does not move the bar.
     if (length - sent > block) progress->ProgressBar1.Value = static_cast<int>(100 * sent / length);
     progress->ShowBytes(sent, length, platform.Events.Now() - began);
-    const std::string bytes = file.Read(static_cast<std::size_t>(wanted));
-    if (!bytes.empty() && !SendBlock(bytes)) return missing("The port failed");
     sent += static_cast<std::int64_t>(bytes.size());
     // A file that was cut short meanwhile: its rest will not come, and the loader says so.
     if (static_cast<std::int64_t>(bytes.size()) < wanted)

@@ -13,6 +13,8 @@ namespace {
 
 constexpr auto longestCall = std::chrono::seconds(3);
 constexpr Duration longestDrain = Milliseconds(500);
+// A timer counts whole milliseconds, and the loop's poll behind it does so again.
+constexpr Duration timerError = Milliseconds(2);
 constexpr int invalidSetting = 380;
 constexpr int notWhileOpen = 8000;
 
@@ -178,14 +180,15 @@ Duration QtSerialPort::UntilDrained() const {
 // While the worker still has bytes there is nothing to time: it reports when it has none.
 void QtSerialPort::WakeWhenDrained() {
   const Duration left = UntilDrained();
-  if (left > Duration::zero()) drained.start(std::chrono::floor<std::chrono::milliseconds>(left));
+  if (left <= Duration::zero()) return;
+  const Duration early = std::max(left - timerError, Duration::zero());
+  drained.start(std::chrono::floor<std::chrono::milliseconds>(early));
 }
 
-// The timer counts whole milliseconds. What is left of one is slept: rounded up, it would cost a
-// hundredth of a firmware transfer's time.
+// What is left of the time is slept: rounded up, it would cost a hundredth of a firmware transfer.
 void QtSerialPort::FinishDrained() {
   const Duration left = UntilDrained();
-  if (left >= Milliseconds(1)) return WakeWhenDrained();
+  if (left > timerError + Milliseconds(1)) return WakeWhenDrained();
   if (left > Duration::zero()) QThread::usleep(static_cast<unsigned long>(left.count()));
 }
 
