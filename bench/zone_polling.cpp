@@ -55,7 +55,7 @@ std::vector<Figure> MeasureZonePolling(Surroundings& surroundings) {
   const Watch watch = WatchZones(desk);
   if (watch.Polls < 10) throw std::runtime_error("the zones are not polled");
   return {{"processor, polling zone data", processorShare, ShareBetween(watch.Begin, watch.End),
-           idleShare, idleFloorName, Judged::Value, 3,
+           idleShare, idleFloorName, Judged::Value, 1.5,
            std::to_string(watch.Polls) + " polls in 12 s, each answered by 516 characters"}};
 }
 

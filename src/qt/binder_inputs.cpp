@@ -67,6 +67,22 @@ void ShowSecrecy(const TextBox& control, QLineEdit& line) {
                                       : QString());
 }
 
+struct Style {
+  std::uint32_t Ink, Paper;  // &HBBGGRR
+  bool Bold;
+  bool operator==(const Style&) const = default;
+};
+
+void SetStyle(QWidget& widget, const Style& style) {
+  QPalette palette = widget.palette();
+  palette.setColor(QPalette::Text, ToColor(style.Ink));
+  palette.setColor(QPalette::Base, ToColor(style.Paper));
+  widget.setPalette(palette);
+  QFont font = widget.font();
+  font.setBold(style.Bold);
+  widget.setFont(font);
+}
+
 }  // namespace
 
 void Binder::JoinTextBox(TextBox& control, QWidget& widget) {
@@ -99,15 +115,12 @@ void Binder::JoinTerminal(TextBox& control, TerminalView& terminal) {
   connect(&terminal, &TerminalView::Typed, this, [this, &control](const std::string& characters) {
     ActOn(control, [&control, characters] { control.UserType(characters); });
   });
-  Follow(control, [this, &control, &terminal] {
+  Follow(control, [this, &control, &terminal, shown = std::optional<Style>()]() mutable {
     ShowCommon(control, terminal);
-    QPalette palette = terminal.palette();
-    palette.setColor(QPalette::Text, ToColor(control.ForeColor()));
-    palette.setColor(QPalette::Base, ToColor(control.BackColor()));
-    if (palette != terminal.palette()) terminal.setPalette(palette);
-    QFont font = terminal.font();
-    font.setBold(control.Bold());
-    if (font != terminal.font()) terminal.setFont(font);
+    // It is told of each arrival, and hardly ever of another style.
+    const Style style{control.ForeColor(), control.BackColor(), control.Bold()};
+    if (shown != style) SetStyle(terminal, style);
+    shown = style;
     terminal.Follow(control.Text());
   });
 }

@@ -58,7 +58,8 @@ QString Binder::TipOf(const Control& control) const {
 void Binder::ShowCommon(const Control& control, QWidget& widget, bool lockable) {
   widget.setEnabled(control.Enabled() && !(lockable && Locked(control)));
   widget.setVisible(control.Visible());
-  widget.setToolTip(TipOf(control));
+  // Setting it costs some events, even if it is the same.
+  if (const QString tip = TipOf(control); tip != widget.toolTip()) widget.setToolTip(tip);
 }
 
 void Binder::ShowAction(const Clickable& control, QAction& action) {

@@ -6,6 +6,7 @@
 #include <QSerialPort>
 #include <QThread>
 #include <QTimer>
+#include <algorithm>
 
 #include "platform/serial_port.h"
 #include "qt/latin1.h"
@@ -22,8 +23,13 @@ constexpr int hangUpCheckInterval = 1000;  // ms
 constexpr int lineCheckInterval = 250;     // ms
 // So many errors in a span are taken for trouble with another program, more for a dead device.
 constexpr int mostForgiven = 5;
-constexpr qint64 longestErrorSpan = 1000;      // ms
-constexpr unsigned long gatheringTime = 1500;  // microseconds
+constexpr qint64 longestErrorSpan = 1000;  // ms
+// How long bytes are gathered: short replies are handed over soon, long ones in larger parts.
+constexpr qint64 shortestGathering = 1500;  // microseconds
+constexpr qint64 longestGathering = 10'000;
+constexpr qint64 shortReply = 30'000;  // microseconds from its first byte to its last
+constexpr qint64 gatheringShare = 4;   // of the time behind that
+constexpr qint64 streamGap = 20;       // ms without a byte, which end a reply
 // The oldest input is cut off in pieces, so that a flood is not moved in memory at each arrival.
 constexpr std::size_t inputSlack = 64 * 1024;  // bytes
 
@@ -142,6 +148,7 @@ void SerialWorker::SendOutgoing() {
     const std::lock_guard lock(queues->Lock);
     bytes.swap(queues->Outgoing);
   }
+  stream.invalidate();
   if (port != nullptr && !bytes.empty()) {
     port->write(bytes.data(), static_cast<qint64>(bytes.size()));
   }
@@ -160,9 +167,16 @@ void SerialWorker::CountWritten(qint64 bytes) {
   emit AllWritten(session);
 }
 
+unsigned long SerialWorker::GatheringTime() {
+  if (!stream.isValid() || lastArrival.hasExpired(streamGap)) stream.start();
+  lastArrival.start();
+  const qint64 share = (stream.nsecsElapsed() / 1000 - shortReply) / gatheringShare;
+  return static_cast<unsigned long>(std::clamp(share, shortestGathering, longestGathering));
+}
+
 void SerialWorker::Receive() {
   // Drivers hand bytes over one by one; taken a few at a time they cost a fraction.
-  QThread::usleep(gatheringTime);
+  QThread::usleep(GatheringTime());
   const QByteArray arrived = port->readAll();
   if (arrived.isEmpty()) return;
   bool announce = false;

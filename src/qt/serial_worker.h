@@ -72,6 +72,7 @@ class SerialWorker : public QObject {
 
  private:
   void Receive();
+  unsigned long GatheringTime();  // microseconds
   void LookAtLine();
   void Report(int code);
   void CountWritten(qint64 bytes);
@@ -97,6 +98,8 @@ class SerialWorker : public QObject {
   std::string path;     // of the open device
   QElapsedTimer errorSpan;  // since the first of the errors that were forgiven in a row
   int forgiven = 0;         // in that span
+  QElapsedTimer stream;     // since bytes began to come in a row, behind the last sending
+  QElapsedTimer lastArrival;
 };
 
 }  // namespace quillmark

@@ -1,5 +1,6 @@
 #include "qt/terminal_view.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -16,7 +17,8 @@ namespace quillmark {
 
 namespace {
 
-constexpr int batchTime = 50;  // ms
+constexpr int batchTime = 50;         // ms
+constexpr int batchTimeBehind = 250;  // ms, while the user has to do with another window
 // The control keeps about 16000 characters; one flood can bring a megabyte, which nobody reads.
 constexpr std::size_t mostShown = 24000;
 // How much of a text's head must be found again in what is shown, to move the rest up.
@@ -78,7 +80,6 @@ TerminalView::TerminalView(QWidget* parent) : QPlainTextEdit(parent) {
   setWordWrapMode(QTextOption::WrapAnywhere);
   setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   batch.setSingleShot(true);
-  batch.setInterval(batchTime);
   connect(&batch, &QTimer::timeout, this, &TerminalView::Flush);
 }
 
@@ -89,7 +90,10 @@ QSize TerminalView::sizeHint() const {
 
 void TerminalView::Follow(const std::string& text) {
   followed = text.size() > mostShown ? text.substr(text.size() - mostShown) : text;
-  if (!batch.isActive()) batch.start();
+  if (batch.isActive()) return;
+  const QWidget* inFront = QApplication::activeModalWidget();
+  const bool behind = inFront != nullptr && inFront != window();
+  batch.start(behind ? batchTimeBehind : batchTime);
 }
 
 void TerminalView::Flush() {

@@ -20,7 +20,8 @@ class TerminalView : public QPlainTextEdit {
  public:
   explicit TerminalView(QWidget* parent = nullptr);
 
-  // The control's whole text, single bytes; what differs is shown within 50 ms.
+  // The control's whole text, single bytes; what differs is shown within 50 ms, or 250 ms
+  // while a modal window is in front.
   void Follow(const std::string& text);
   // Shows it now.
   void Flush();

@@ -97,8 +97,14 @@ void ZoneView::ControlChanged(const Control& control) {
       return update(BelowColumn(i, plot).toAlignedRect());
     }
   }
+  scaleWidth = 0;
   setAccessibleName(Spoken());
   update();
+}
+
+void ZoneView::changeEvent(QEvent* event) {
+  scaleWidth = 0;
+  QWidget::changeEvent(event);
 }
 
 QString ZoneView::Spoken() const {
@@ -117,6 +123,7 @@ QFont ZoneView::ScaleFont() const {
 
 // Wide enough for the usual numbers, so that the bars do not move with each step of the scale.
 int ZoneView::ScaleWidth() const {
+  if (scaleWidth > 0) return scaleWidth;
   const QFontMetrics metrics(ScaleFont());
   int widest = metrics.horizontalAdvance(columns.size() > 1 ? QStringLiteral("000000")
                                                             : QStringLiteral("000"));
@@ -125,6 +132,7 @@ int ZoneView::ScaleWidth() const {
       widest = std::max(widest, metrics.horizontalAdvance(ToQt(mark.Value->Text())));
     }
   }
+  scaleWidth = widest;
   return widest;
 }
 
@@ -186,11 +194,12 @@ void ZoneView::paintEvent(QPaintEvent* event) {
   const QRectF plot = Plot();
   PaintGround(painter, dirty);
   if (dirty.top() < plot.top()) PaintName(painter);
-  PaintScale(painter, plot, dirty);
+  const QRegion& region = event->region();
+  PaintScale(painter, plot, region);
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    PaintBar(painter, plot, i);
+    if (region.intersects(ColumnArea(i, plot).toAlignedRect())) PaintBar(painter, plot, i);
     const QRectF below = BelowColumn(i, plot);
-    if (event->region().intersects(below.toAlignedRect())) PaintTexts(painter, below, columns[i]);
+    if (region.intersects(below.toAlignedRect())) PaintTexts(painter, below, columns[i]);
   }
 }
 
@@ -222,7 +231,8 @@ void ZoneView::PaintName(QPainter& painter) const {
   painter.restore();
 }
 
-void ZoneView::PaintScale(QPainter& painter, const QRectF& plot, const QRect& dirty) const {
+void ZoneView::PaintScale(QPainter& painter, const QRectF& plot, const QRegion& dirty) const {
+  if (!dirty.intersects(plot.toAlignedRect()) && dirty.boundingRect().left() > plot.left()) return;
   painter.fillRect(Placed(*shadow, plot), palette().alternateBase());
   painter.save();
   painter.setFont(ScaleFont());
@@ -234,10 +244,13 @@ void ZoneView::PaintScale(QPainter& painter, const QRectF& plot, const QRect& di
   for (int i = 0; i < markCount; ++i) {
     const Mark& mark = marks[static_cast<std::size_t>(i)];
     const double at = Placed(*mark.Line, plot).top();
-    ink.setAlphaF(markLineInk);
-    painter.setPen(ink);
-    painter.drawLine(QPointF(plot.left(), at), QPointF(plot.right(), at));
-    if (i % step != 0 || dirty.left() > plot.left()) continue;
+    const QRectF along(plot.left(), at - edge, plot.width(), 2 * edge);
+    if (dirty.intersects(along.toAlignedRect())) {
+      ink.setAlphaF(markLineInk);
+      painter.setPen(ink);
+      painter.drawLine(QPointF(plot.left(), at), QPointF(plot.right(), at));
+    }
+    if (i % step != 0 || dirty.boundingRect().left() > plot.left()) continue;
     ink.setAlphaF(1);
     painter.setPen(ink);
     painter.drawText(QRectF(0, at - line / 2, plot.left() - gap, line),

@@ -30,6 +30,7 @@ class ZoneView : public QWidget, public PaintedControls {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   static constexpr int markCount = 11;
@@ -69,7 +70,7 @@ class ZoneView : public QWidget, public PaintedControls {
   QRectF BelowColumn(std::size_t index, const QRectF& plot) const;
   void PaintGround(QPainter& painter, const QRect& dirty) const;
   void PaintName(QPainter& painter) const;
-  void PaintScale(QPainter& painter, const QRectF& plot, const QRect& dirty) const;
+  void PaintScale(QPainter& painter, const QRectF& plot, const QRegion& dirty) const;
   void PaintBar(QPainter& painter, const QRectF& plot, std::size_t index);
   void PaintTexts(QPainter& painter, const QRectF& below, const Column& column) const;
 
@@ -77,6 +78,7 @@ class ZoneView : public QWidget, public PaintedControls {
   const Shape* shadow = nullptr;
   std::array<Mark, markCount> marks{};
   std::vector<Column> columns;
+  mutable int scaleWidth = 0;  // pixels; 0: to be measured, which takes long
 };
 
 }  // namespace quillmark
