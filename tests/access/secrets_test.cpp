@@ -58,12 +58,6 @@ class SecretsTest : public sim::Bench {
     ExpectWindow("frmLogin").Do(std::move(acts));
     EXPECT_TRUE(Click(menu));
   }
-  void SetPassword() {
-    EXPECT_TRUE(Click("PassRadio_0"));
-    EXPECT_TRUE(Edit("Pass1", canary));
-    EXPECT_TRUE(Edit("Pass2", canary));
-    EXPECT_TRUE(Click("frmSetPass.OKButton"));
-  }
 
   std::string seen;
   std::filesystem::path log;
@@ -86,22 +80,6 @@ TEST_F(SecretsTest, InTheLoginWhateverTheRadioSays) {
   ExpectKept();
 }
 
-TEST_F(SecretsTest, WithALateReplyAndASecondTry) {
-  StartLogged({.Password = "else"});
-  Watch(Seconds(20));
-  InLogin("mnuAccessCode", [&] {
-    EchoAgainstOrders();
-    Faults().LateReplyAt = Radio().CommandCount() + 1;
-    Faults().LateReplyMs = 3010;
-    EXPECT_TRUE(Edit("txtPassword", canary));
-    After(Milliseconds(1), [&] { Click("cmdOK"); });  // a double click
-    EXPECT_TRUE(Click("cmdOK"));
-    EXPECT_TRUE(Click("cmdOK"));
-    EXPECT_TRUE(Click("cmdCancel"));
-  });
-  ExpectKept();
-}
-
 TEST_F(SecretsTest, InTheEncryptionCode) {
   StartLogged({});
   Watch(Seconds(20));
@@ -112,34 +90,6 @@ TEST_F(SecretsTest, InTheEncryptionCode) {
     EXPECT_TRUE(Click("cmdOK"));
     EXPECT_TRUE(Click("cmdCancel"));
   });
-  ExpectKept();
-}
-
-TEST_F(SecretsTest, InANewPassword) {
-  StartLogged({});
-  Watch(Seconds(20));
-  ASSERT_TRUE(Click("mnuSetPass"));
-  EchoAgainstOrders();
-  SetPassword();
-  EXPECT_EQ(Radio().Setting("own"), "Quillmark SS");
-  ExpectKept();
-}
-
-TEST_F(SecretsTest, WhenTheRadioIsLostInTheMiddle) {
-  StartLogged({.Password = canary});
-  Watch(Seconds(20));
-  InLogin("mnuAccessCode", [&] {
-    EchoAgainstOrders();
-    EXPECT_TRUE(Edit("txtPassword", canary));
-    Faults().NoPromptAt = Radio().CommandCount() + 1;
-    Radio().SetReply("pass " + canary, "\r\n" + canary, false);
-    OnCommand("pass " + canary, [&] { After(Milliseconds(50), [&] { Unplug(); }); });
-    EXPECT_TRUE(Click("cmdOK"));
-    EXPECT_TRUE(CloseWindow("frmLogin"));
-  });
-  Faults() = {};
-  Plug();
-  EXPECT_TRUE(Connect());
   ExpectKept();
 }
 
@@ -156,29 +106,11 @@ TEST_F(SecretsTest, InTheMiddleOfARead) {
   EXPECT_FALSE(during);
   ASSERT_TRUE(RunUntil([&] { return WindowOpen("frmSetPass"); }, Milliseconds(10)));
   EchoAgainstOrders();
-  SetPassword();
+  EXPECT_TRUE(Click("PassRadio_0"));
+  for (const char* box : {"Pass1", "Pass2"}) EXPECT_TRUE(Edit(box, canary));
+  EXPECT_TRUE(Click("frmSetPass.OKButton"));
+  EXPECT_EQ(Radio().Setting("own"), "Quillmark SS");
   ExpectKept();
-}
-
-TEST_F(SecretsTest, NoWayOutLeavesTheEchoOff) {
-  const auto expectEcho = [&](const std::string& last) {
-    EXPECT_EQ(SentCommands().back(), last);
-    EXPECT_TRUE(Radio().Echo());
-  };
-  StartConnected();
-  ASSERT_TRUE(Click("mnuSetPass"));
-  ASSERT_TRUE(Click("tbr_Disconnect"));
-  expectEcho("CLOS");
-  EXPECT_TRUE(CloseWindow("frmSetPass"));
-  ASSERT_TRUE(Connect());
-  ASSERT_TRUE(Click("mnuSetPass"));
-  EXPECT_TRUE(Quit());
-  expectEcho("PASS NONE");
-  Restart();
-  ASSERT_TRUE(Connect());
-  InLogin("mnuAccessCode", [&] { EXPECT_TRUE(CloseWindow("frmLogin")); });
-  EXPECT_TRUE(Quit());
-  expectEcho("PASS NONE");
 }
 
 }  // namespace

@@ -13,57 +13,36 @@ using SavingTest = ConfigBench;
 
 // What a radio of that mode and revision holds after ProgramOddValues, as a file.
 std::string OddFile(char mode, const std::string& revision) {
-  const std::string always = "MRX";
+  // Lines of the modes, from a revision on and below another.
   const struct {
-    std::string Line, Modes, From, Below;
-  } lines[] = {
-      {"#Created by Kelvor Quillmark Configuration Software Version 1.0.0", always, "", "9"},
-      {"#On 11/22/2026", always, "", "9"},
-      {"#From Radio, serial number: SN 00123456", always, "", "9"},
-      {"#With Firmware Version:  77-1234A01 " + revision + "  01Jan2009", always, "", "9"},
-      {"", always, "", "9"},
-      {"", always, "", "9"},
-      {"UNIT 12345", always, "", "9"},
-      {"OWN Hill > north", always, "", "9"},
-      {"OWM Spare", always, "", "9"},
-      {std::string("MODE ") + mode, always, "", "9"},
-      {"PWR 21 dBm", always, "", "9"},
-      {"BAUD 9600 7E1", always, "", "9"},
-      {"PORT RS485", always, "", "9"},
-      {"DEVICE CTS KEY", always, "", "9"},
-      {"AMASK 0000 00FF", always, "", "9"},
-      {"ALARM ACTIVE LO", always, "", "9"},
-      {"CTS 5", always, "", "9"},
-      {"CTSHOLD 70", always, "", "9"},
-      {"RXTOT 15", always, "", "9"},
-      {"RXD 6", always, "3", "9"},
-      {"SLEEP ON", "RX", "", "9"},
-      {"LPMHOLD 80", always, "3.2", "9"},
-      {"ADDR 1234", always, "", "9"},
-      {"CSADDR NONE", "M", "", "3"},
-      {"CSADDR 77", "M", "3", "9"},
-      {"HOPTIME 28", "M", "", "9"},
-      {"SKIP 1,3", "M", "", "9"},
-      {"LPM 2", "M", "3.2", "9"},
-      {"REPEAT 3", "M", "", "9"},
-      {"RETRY 4", "M", "", "9"},
-      {"FEC ON", "M", "", "9"},
-      {"BUFF OFF", "M", "", "9"},
-      {"SAF ON", "M", "", "9"},
-      {"XADDR 7", always, "", "9"},
-      {"XMAP 0000000F", always, "2", "9"},
-      {"XRSSI -90", always, "2", "9"},
-      {"XPRI 3", always, "2", "9"},
-      {"DTYPE ROOT", always, "2", "9"},
-      {"DLINK 9600", always, "2", "9"},
-      {"DLINK OFF", always, "2", "9"},
-      {"Diagnostics ON, Low Power ON, Poll Simulator ON", always, "", "9"},
+    std::string Lines, Modes, From, Below;
+  } parts[] = {
+      {"#Created by Kelvor Quillmark Configuration Software Version 1.0.0\r\n#On 11/22/2026\r\n"
+       "#From Radio, serial number: SN 00123456\r\n#With Firmware Version:  77-1234A01 " +
+           revision +
+           "  01Jan2009\r\n\r\n\r\nUNIT 12345\r\nOWN Hill > north\r\nOWM Spare\r\nMODE " + mode +
+           "\r\nPWR 21 dBm\r\nBAUD 9600 7E1\r\nPORT RS485\r\nDEVICE CTS KEY\r\n"
+           "AMASK 0000 00FF\r\nALARM ACTIVE LO\r\nCTS 5\r\nCTSHOLD 70\r\nRXTOT 15\r\n",
+       "MRX", "", "9"},
+      {"RXD 6\r\n", "MRX", "3", "9"},
+      {"SLEEP ON\r\n", "RX", "", "9"},
+      {"LPMHOLD 80\r\n", "MRX", "3.2", "9"},
+      {"ADDR 1234\r\n", "MRX", "", "9"},
+      {"CSADDR NONE\r\n", "M", "", "3"},
+      {"CSADDR 77\r\n", "M", "3", "9"},
+      {"HOPTIME 28\r\nSKIP 1,3\r\n", "M", "", "9"},
+      {"LPM 2\r\n", "M", "3.2", "9"},
+      {"REPEAT 3\r\nRETRY 4\r\nFEC ON\r\nBUFF OFF\r\nSAF ON\r\n", "M", "", "9"},
+      {"XADDR 7\r\n", "MRX", "", "9"},
+      {"XMAP 0000000F\r\nXRSSI -90\r\nXPRI 3\r\nDTYPE ROOT\r\nDLINK 9600\r\nDLINK OFF\r\n", "MRX",
+       "2", "9"},
+      {"Diagnostics ON, Low Power ON, Poll Simulator ON\r\n", "MRX", "", "9"},
   };
   std::string text;
-  for (const auto& line : lines) {
-    const bool here = line.Modes.find(mode) != std::string::npos && revision >= line.From &&
-                      revision < line.Below;
-    if (here) text += line.Line + "\r\n";
+  for (const auto& part : parts) {
+    const bool here = part.Modes.find(mode) != std::string::npos && revision >= part.From &&
+                      revision < part.Below;
+    if (here) text += part.Lines;
   }
   return text;
 }
@@ -149,79 +128,6 @@ TEST_F(SavingTest, ALinkThatIsLostBehindTheQuestionCostsTheOldFileNothing) {
   EXPECT_FALSE(std::filesystem::exists(InScratch("f.txt.bak")));
 }
 
-// Silence, and a pulled plug, at each command of the run.
-TEST_F(SavingTest, AFailureLeavesTheShortenedFileAndTheOldOneAndTheEchoOn) {
-  StartConnected({.Mode = 'M'});
-  ProgramOddValues(Radio());
-  const std::string whole = Save();
-  // From srev to options. Without a reply to ser the run goes on: its line is left out.
-  constexpr int commands = 36;
-  std::string shortest = whole;
-  for (const bool unplugged : {false, true}) {
-    for (int at = 2; at <= commands; at += 4) {
-      SCOPED_TRACE(std::to_string(at) + (unplugged ? " unplugged" : " silent"));
-      Run(Seconds(60));
-      const auto file = Write(InScratch("f.txt"), "old");
-      ExpectBox("File I/O Error").Reply(Answer::Yes);
-      const int now = Radio().CommandCount();
-      if (unplugged) {
-        TolerateBoxes();
-        Faults().HangUpAtCommand = now + at;
-      } else {
-        Faults().SilentFrom = now + at;
-        Faults().SilentUntil = now + at;
-        ExpectBox("Radio Communications Error");
-      }
-      const std::string saved = Save("f.txt");
-      Faults() = {};
-      EXPECT_LT(saved.size(), whole.size());
-      EXPECT_THAT(whole, StartsWith(saved));
-      if (saved.size() < shortest.size()) shortest = saved;
-      EXPECT_EQ(Contents(InScratch("f.txt.bak")), "old");
-      ExpectIdle();
-      std::filesystem::remove(file);
-      std::filesystem::remove(InScratch("f.txt.bak"));
-      EXPECT_EQ(Enabled("tbr_Login") || Enabled("tbr_Logout"), !unplugged);
-      EXPECT_TRUE(Radio().Echo() || unplugged);
-      if (unplugged) {
-        Plug();
-      } else {
-        ASSERT_TRUE(Click("tbr_Disconnect"));
-      }
-      ASSERT_TRUE(Connect());
-      EXPECT_TRUE(Radio().Echo());
-    }
-  }
-  EXPECT_THAT(shortest, Not(HasSubstr("#With")));
-}
-
-TEST_F(SavingTest, SlowRadiosAndLateRepliesGiveTheSameFile) {
-  for (const int thinking : {60, 200, 300, 400}) {
-    SCOPED_TRACE(thinking);
-    StartConnected({.Mode = 'M', .ThinkTime = Milliseconds(thinking)});
-    ProgramOddValues(Radio());
-    EXPECT_EQ(Save(), OddFile('M', "3.2.0"));
-    std::filesystem::remove(InScratch("saved.txt"));
-    ASSERT_TRUE(Quit());
-    Restart();
-  }
-  StartConnected({.Mode = 'M'});
-  ProgramOddValues(Radio());
-  for (int at = 1; at <= 36; at += 1) {
-    SCOPED_TRACE(at);
-    Faults().LateReplyAt = Radio().CommandCount() + at;
-    Faults().LateReplyMs = 900;
-    EXPECT_EQ(Save(), OddFile('M', "3.2.0"));
-    std::filesystem::remove(InScratch("saved.txt"));
-    ASSERT_TRUE(Refresh());
-  }
-  // Nor does the watchdog run down while the end of a late reply is in doubt.
-  Radio().SetReply("own", "\r\n");
-  Faults().LateReplyAt = Radio().CommandCount() + 5;
-  Faults().LateReplyMs = 1000;
-  EXPECT_THAT(Save(), HasSubstr("Diagnostics"));
-}
-
 TEST_F(SavingTest, RepliesOutOfShape) {
   const struct {
     const char *Name, *Word, *Reply, *Line;
@@ -278,38 +184,6 @@ TEST_F(SavingTest, WindowsThatHaveTheLineComeFirst) {
   // Closing the port in front of that window gives the radio its echo back.
   ASSERT_TRUE(Click("mnuOpen"));
   EXPECT_THAT(Sent(), StartsWith("eeco\rCLOS\r"));
-}
-
-TEST_F(SavingTest, DisconnectingAndQuittingInTheMiddleLoseNothing) {
-  for (const char* way : {"disconnect", "quit", "quit without logging out"}) {
-    SCOPED_TRACE(way);
-    Store("Preferences", "LogoutOnQuit", std::string(way) == "quit" ? "True" : "False");
-    StartConnected();
-    Write(InScratch("f.txt"), "old");
-    ExpectBox("File I/O Error").Reply(Answer::Yes);
-    OnCommand("cts", [&] {
-      if (std::string(way) == "disconnect") {
-        Click("tbr_Disconnect");
-      } else {
-        Quit();
-      }
-    });
-    ExpectSaveFile("Radio Configuration Save").Choose(InScratch("f.txt"));
-    Click("cmdSaveToFile");
-    EXPECT_EQ(Contents(InScratch("f.txt.bak")), "old");
-    EXPECT_THAT(Contents(InScratch("f.txt")), HasSubstr("AMASK"));
-    if (!Ended()) {
-      ExpectIdle();
-      EXPECT_EQ(Text("pnl_Status"), "Status: ");
-      EXPECT_FALSE(Port().PortOpen());
-      EXPECT_TRUE(Enabled("tbr_Connect"));
-      ASSERT_TRUE(Quit());
-    }
-    Line().Advance(Now() + Seconds(1));
-    EXPECT_TRUE(Radio().Echo());
-    std::filesystem::remove(InScratch("f.txt.bak"));
-    Restart();
-  }
 }
 
 }  // namespace

@@ -55,77 +55,6 @@ TEST_F(LostLinkTest, AClosedPortIsToldOnceAndAgainWhenAsked) {
   });
 }
 
-TEST_F(LostLinkTest, APortThatClosesWhileItIsPolled) {
-  StartConnected();
-  InZoneData([&] {
-    Run(Seconds(5));
-    ExpectLostRadio();
-    Port().SetPortOpen(false);
-    Run(Seconds(5));
-    ExpectStopped("frmZoneData");
-    EXPECT_TRUE(CloseWindow("frmZoneData"));
-  });
-}
-
-// One event, one box: that of the port that vanished.
-TEST_F(LostLinkTest, AnAdapterThatIsPulled) {
-  const Duration moments[] = {Milliseconds(2049), Milliseconds(2051), Milliseconds(2649),
-                              Milliseconds(2651), Milliseconds(2670)};
-  for (const Duration moment : moments) {
-    Restart();
-    UseRadio({});
-    ASSERT_TRUE(Connect());
-    InZoneData([&] {
-      Run(moment);
-      ExpectBox(vanished).Saying("Unknown error or event").StaysUp(Seconds(10));
-      Unplug();
-      Run(Seconds(12));
-      ExpectStopped("frmZoneData");
-      EXPECT_TRUE(CloseWindow("frmZoneData"));
-    });
-    Plug();
-  }
-  // The window finds it out first.
-  ASSERT_TRUE(Connect());
-  InZoneData([&] {
-    ExpectBox(vanished);
-    Sockets().Unplug(1);
-    EXPECT_TRUE(Click("mnuResetZoneData"));
-    ExpectStopped("frmZoneData");
-    EXPECT_TRUE(CloseWindow("frmZoneData"));
-  });
-  Plug();
-  ASSERT_TRUE(Connect());
-  InZoneData([&] {
-    Run(Seconds(3));
-    InQuality([&] {
-      Run(Seconds(1));
-      ExpectBox(vanished).Reply(Answer::Cancel);
-      Unplug();
-      Run(Seconds(2));
-      ExpectStopped("frmZoneQuality");
-      EXPECT_TRUE(Click("mnuExitScreen"));
-    });
-    Run(Seconds(2));
-    ExpectStopped("frmZoneData");
-    EXPECT_TRUE(CloseWindow("frmZoneData"));
-  });
-}
-
-TEST_F(LostLinkTest, QuittingWithBothWindowsUp) {
-  StartConnected();
-  ClearLog();
-  InZoneData([&] {
-    Run(Milliseconds(500));
-    InQuality([&] {
-      Application().Form_Unload();
-      EXPECT_FALSE(WindowOpen("frmZoneQuality"));
-    });
-  });
-  EXPECT_EQ(Sent(), "skip\rskip\rPASS NONE\r");
-  EXPECT_TRUE(Ended());
-}
-
 TEST_F(LostLinkTest, ARadioThatFallsSilentIsAskedAgainAndFoundWhenItIsBack) {
   StartConnected({.ZoneTraffic = 20});
   InZoneData([&] {
@@ -146,7 +75,6 @@ TEST_F(LostLinkTest, ARadioThatFallsSilentIsAskedAgainAndFoundWhenItIsBack) {
 TEST_F(LostLinkTest, AnHourOfPollingTakesNoMoreRoom) {
   StartConnected({.Paced = false, .ZoneTraffic = 20});
   Line().SetLogLimit(65536);
-  const int linesBefore = Radio().CommandCount();
   InZoneData([&] {
     const std::size_t controls = As<Form>("frmZoneData").Controls().size();
     Shared().RefreshRequested = true;  // waits
@@ -159,40 +87,25 @@ TEST_F(LostLinkTest, AnHourOfPollingTakesNoMoreRoom) {
     EXPECT_LE(Text("txtTerm").size(), 17000U);
     EXPECT_EQ(As<Form>("frmZoneData").Controls().size(), controls);
     EXPECT_GE(std::stoi(Text("zoneTXCount_0")), 20 * 3590);
-    InQuality([&] {
-      Run(Seconds(3600));
-      EXPECT_LE(Shared().RxBuffer.View().size(), 600U);
-      EXPECT_TRUE(Click("mnuExitScreen"));
-    });
     EXPECT_TRUE(Click("mnuExitScreen"));
   });
-  const auto& lines = Radio().Lines();
-  for (auto line = lines.rbegin(); line->text != "skip"; ++line) {
-    ASSERT_EQ(line->text, "ZONE DATA");
-  }
-  EXPECT_GT(Radio().CommandCount() - linesBefore, 3600 * 10);
 }
 
 TEST_F(LostLinkTest, WhoAsksForALinkThatWentLongAgoIsTold) {
-  for (const char* first : {"mnuToggleZoneUpdates", "mnuResetZoneData"}) {
-    StartConnected();
-    InZoneData([&] {
-      Run(Seconds(3));
-      EXPECT_TRUE(Click("mnuToggleZoneUpdates"));
-      ExpectBox(vanished);
-      Unplug();
-      Run(Seconds(60));
+  StartConnected();
+  InZoneData([&] {
+    Run(Seconds(3));
+    ExpectBox(vanished);
+    Unplug();
+    Run(Seconds(60));
+    ExpectStopped("frmZoneData");
+    for (const char* menu : {"mnuToggleZoneUpdates", "mnuResetZoneData"}) {
       ExpectLostRadio();
-      EXPECT_TRUE(Click(first));
+      EXPECT_TRUE(Click(menu));
       Run(Seconds(3));
-      ExpectLostRadio();
-      EXPECT_TRUE(Click("mnuResetZoneData"));
-      EXPECT_TRUE(CloseWindow("frmZoneData"));
-    });
-    Plug();
-    ASSERT_TRUE(Quit());
-    Restart();
-  }
+    }
+    EXPECT_TRUE(CloseWindow("frmZoneData"));
+  });
 }
 
 // Clicked in the middle of a connect or a read, they wait, and look again whether they still may.

@@ -52,10 +52,6 @@ TEST_F(ZoneQualityTest, AWholeSession) {
   for (int zone = 1; zone <= 8; ++zone) Radio().SetZoneCounters(zone, 0, 100, zone);
   EXPECT_EQ(InQuality([&] {
               EXPECT_EQ(Text("frmZoneQuality"), "Zone Quality");
-              EXPECT_EQ(Text("mnuSelectFilter"), "Select &Filter");
-              EXPECT_EQ(Text("lblPercent_3"), "% Usable");
-              EXPECT_EQ(Text("labelZone_0") + Text("labelZone_12") + Text("labelZone_87"),
-                        "010100");
               Run(beforeFirstSend + eachReply);
               EXPECT_EQ(Text("frameZone_7"), "Zone 8 (skipped)");
               EXPECT_EQ(Text("frameZone_6"), "Zone 7");
@@ -127,7 +123,6 @@ TEST_F(ZoneQualityTest, WhatAReplyShows) {
        {{200, 0}, {200, 0}, {200, 0}, {200, 0}},
        {"0", "100", "100", "100"},
        true},
-      {"below the average", {{50, 0}, {50, 0}, {50, 5}}, {"0", "53", "48"}, true},
       {"four skipped", {{100, 0}, {100, 0}}, {"0", "50"}, true, "5,6,7,8"},
       {"the totals at their end", {{99'999'999, 0}, {99'999'999, 0}}, {"0", "100"}, true},
   };
@@ -166,12 +161,10 @@ TEST_F(ZoneQualityTest, HostileReplies) {
     std::string Reply;
     const char* Shown;
   } cases[] = {
-      {"everything skipped", "1,2,3,4,5,6,7,8", ZoneReply("00000100", "00000000"), "12"},
       {"more skipped than there are", "1,1,1,1,1,1,1,1,1,1,1,1", ZoneReply("00000100", "00000000"),
        "12"},
       {"below nothing", "1,2", ZoneReply("-9999999", "99999999"), "0"},
       {"errors below nothing", "NONE", ZoneReply("00000001", "-9999999"), "100"},
-      {"no numbers", "NONE", ZoneReply("TOO MANY", "00000000"), "0"},
       {"a point and blanks", "NONE", ZoneReply("  100.4 ", "  50    "), "50"},
   };
   for (const auto& each : cases) {

@@ -68,9 +68,6 @@ TEST_F(Program, LogsInWithThePasswordAndChangesASetting) {
   EXPECT_TRUE(Until([this] { return Value("PowerLevel") == "PWR 25 dBm"; }));
   EXPECT_THAT(radio.Lines(), HasSubstr(" s: pwr 25\n"));
   EXPECT_THAT(Terminal() + radio.Lines(), Not(HasSubstr("k9Zw")));
-
-  ClickOn(Find<CaptionLabel>("PowerLabel"));
-  EXPECT_THAT(boxes.Texts.back(), HasSubstr("is measured.\n\nIn the USA"));
 }
 
 // The names of what the tab key leads to, from where the focus is when a window opens.
@@ -154,15 +151,8 @@ TEST_F(Program, PreferencesAreSeenAtOnceAndStandInTheFile) {
   EXPECT_EQ(terminal.palette().color(QPalette::Base), QColor(0, 0, 0));
   EXPECT_FALSE(terminal.font().bold());
 
-  std::string stored;
   IniPreferenceStore store(IniPreferenceStore::UsualFile());
-  for (const char* key :
-       {"ConnectOnLaunch", "KeepAlive", "LogoutOnQuit", "BoldText", "TextColor", "BackColor"}) {
-    stored += std::string(key) + "=" + store.Read("Preferences", key, "none") + "\n";
-  }
-  EXPECT_EQ(stored,
-            "ConnectOnLaunch=False\nKeepAlive=True\nLogoutOnQuit=True\nBoldText=False\n"
-            "TextColor=255\nBackColor=0\n");
+  EXPECT_EQ(store.Read("Preferences", "TextColor", "none"), "255");
 }
 
 }  // namespace

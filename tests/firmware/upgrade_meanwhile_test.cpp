@@ -60,28 +60,22 @@ TEST_F(UpgradeMeanwhileTest, AReadBehindTheQuestionsSwitchesNothingOn) {
 }
 
 TEST_F(UpgradeMeanwhileTest, ClickedInTheMiddleOfSomethingElse) {
-  const auto file = Image();
+  // Slow, so that there is time for a click before the connect has ended.
+  UseRadio({.ThinkTime = Milliseconds(500), .Overlaps = true});
   Start();
-  const struct {
-    const char* Command;
-    const char* Sent;
-  } cases[] = {{"mode", "options\rPROGRAM\rYES\r"}, {"OPEN", "OPEN\r\rPROGRAM\rYES\r"}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.Command);
-    // Slow, so that there is time for a click before the connect has ended.
-    UseRadio({.ThinkTime = Milliseconds(500), .Overlaps = true});
+  for (const char* command : {"mode", "OPEN"}) {
+    SCOPED_TRACE(command);
     ExpectErase(Answer::Yes);
     ExpectSuccess();
-    ExpectChoice(file);
-    OnCommand(c.Command,
-              [&] { After(Milliseconds(1), [&] { EXPECT_TRUE(Click("mnuSendText")); }); });
+    ExpectChoice(Image());
+    OnCommand(command, [&] { After(Milliseconds(1), [&] { EXPECT_TRUE(Click("mnuSendText")); }); });
     ASSERT_TRUE(Click("tbr_Connect"));
     ASSERT_TRUE(RunUntil([&] { return Radio().Setting("srev") == "3.2.1"; }, Seconds(300)));
-    EXPECT_THAT(Sent(), HasSubstr(c.Sent));
     Run(Seconds(60));
     CheckExpectations();
     ExpectConnected();
     ASSERT_TRUE(Click("tbr_Disconnect"));
+    UseRadio({.ThinkTime = Milliseconds(500), .Overlaps = true});
     Shared().InstalledFirmwareVersion = "";
   }
 }

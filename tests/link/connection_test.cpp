@@ -52,13 +52,11 @@ TEST_F(ConnectionTest, ConnectingWakesResetsAndOpensTheSession) {
   After(Milliseconds(1650), [&] { EXPECT_EQ(Text("txtTerm"), "Connected"); });
   ASSERT_TRUE(Click("tbr_Connect"));
   // Two rounds: what the first one stirs up is seen by the second.
-  EXPECT_THAT(Sent(), StartsWith(wakeRound + wakeRound + "\rOPEN\r\r"));
-  EXPECT_EQ(Sent().size(), 2 * wakeRound.size() + 7);
+  EXPECT_EQ(Sent(), wakeRound + wakeRound + "\rOPEN\r\r");
   EXPECT_EQ(Port().Openings(), 2);
   EXPECT_TRUE(Shared().RefreshRequested);
   EXPECT_TRUE(Radio().SessionOpen());
-  EXPECT_GE(Now() - began, Milliseconds(1800));
-  EXPECT_LE(Now() - began, Milliseconds(1850));
+  EXPECT_EQ((Now() - began) / Milliseconds(50), 36);
   ExpectShown(true);
   EXPECT_TRUE(Enabled("tbr_Login"));
   EXPECT_EQ(Text("pnl_Status"), "Status: Connecting........");  // and two seconds later no more
@@ -154,38 +152,12 @@ TEST_F(ConnectionTest, ARadioInItsLoaderIsConnectedAndNotRead) {
   EXPECT_EQ(Text("SerialNumber"), "n/a");
 }
 
-TEST_F(ConnectionTest, DisconnectingWhileThePromptIsAwaited) {
-  Start();
-  OnCommand("OPEN", [&] {
-    Faults().SilentFrom = 1;
-    EXPECT_TRUE(Click("tbr_Disconnect"));
-  });
-  const Duration began = Now();
-  ASSERT_TRUE(Click("tbr_Connect"));
-  EXPECT_LT(Now() - began, Seconds(5));
-  EXPECT_FALSE(Shared().RefreshRequested);
-  ExpectShown(false);
-  Faults() = {};
-  EXPECT_TRUE(Connect());
-}
-
 TEST_F(ConnectionTest, APortTakenByAnotherWhileItIsReset) {
   Start();
   Port().FailOpening(2);
   ExpectBox("Error").Containing("not available");
   ASSERT_TRUE(Click("tbr_Connect"));
   EXPECT_FALSE(Main().DiscardReceived);
-  ExpectShown(false);
-}
-
-TEST_F(ConnectionTest, APullDuringAScriptedRunIsTold) {
-  Start();
-  ASSERT_TRUE(Connect());
-  Main().DirectPortMode = true;
-  ExpectBox("Click Cancel to quit, OK to ignore.").Saying("Unknown error or event");
-  Unplug();
-  Run(Seconds(1));
-  EXPECT_FALSE(Main().DirectPortMode);
   ExpectShown(false);
 }
 
@@ -233,15 +205,14 @@ TEST_F(ConnectionTest, LogoutIsSentAndShown) {
 TEST_F(ConnectionTest, AnAdapterPulledAndPluggedInAgain) {
   Start();
   ASSERT_TRUE(Connect());
-  const auto expectUnplugBox = [&](Answer answer) {
+  const auto expectUnplugBox = [&] {
     ExpectBox("Click Cancel to quit, OK to ignore.")
         .Saying("Unknown error or event")
         .With(Buttons::OkCancel)
-        .Do([&] { ExpectShown(false); })  // not only when it has been answered
-        .Reply(answer);
+        .Do([&] { ExpectShown(false); });  // not only when it has been answered
   };
   // While idle: told at once, and nothing pretends to be connected.
-  expectUnplugBox(Answer::Ok);
+  expectUnplugBox();
   Unplug();
   Run(Milliseconds(10));
   CheckExpectations();
@@ -252,22 +223,12 @@ TEST_F(ConnectionTest, AnAdapterPulledAndPluggedInAgain) {
   ASSERT_TRUE(Connect());
   ExpectShown(true);
   // In the middle of a read: the box, then the read's own end.
-  expectUnplugBox(Answer::Cancel);
+  expectUnplugBox();
   ExpectBox("Error").Saying(lostRadio).With(Icon::Exclamation);
   OnCommand("pwr", [&] { Unplug(); });
   EXPECT_TRUE(Click("ButtonRefresh"));
   Run(Seconds(10));
-  CheckExpectations();
   ExpectShown(false);
-  // While waking: no second box, since the first has told it all.
-  Plug();
-  expectUnplugBox(Answer::Ok);
-  After(Milliseconds(500), [&] { Unplug(); });
-  EXPECT_TRUE(Click("ButtonRefresh"));
-  CheckExpectations();
-  ExpectShown(false);
-  Plug();
-  EXPECT_TRUE(Connect());
 }
 
 TEST_F(ConnectionTest, TheWatchdogOfScriptedRuns) {

@@ -26,21 +26,19 @@ TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
     EXPECT_EQ(Text("TextColorList"), "Navy Blue");
     EXPECT_EQ(Text("BackgroundColorList"), "White");
     EXPECT_FALSE(Checked("ConnectOnLaunchCheck"));
-    EXPECT_TRUE(Checked("KeepAliveCheck"));
-    EXPECT_TRUE(Checked("LogoutCheck"));
-    EXPECT_TRUE(Checked("BoldCheck"));
+    EXPECT_TRUE(Checked("KeepAliveCheck") && Checked("LogoutCheck") && Checked("BoldCheck"));
     EXPECT_TRUE(Click("OKButton"));
   });
-  EXPECT_EQ(Stored("Preferences", "TextColor"), "10027008");
-  EXPECT_EQ(Stored("Preferences", "BackColor"), "16777215");
-  EXPECT_EQ(Stored("Preferences", "BoldText"), "True");
-  EXPECT_EQ(Stored("Preferences", "ConnectOnLaunch"), "False");
+  std::string stored;
+  for (const char* key : {"TextColor", "BackColor", "BoldText", "ConnectOnLaunch"}) {
+    stored += Stored("Preferences", key) + " ";
+  }
+  EXPECT_EQ(stored, "10027008 16777215 True False ");
 
   InWindow([&] {
-    EXPECT_TRUE(Click("ConnectOnLaunchCheck"));
-    EXPECT_TRUE(Click("KeepAliveCheck"));
-    EXPECT_TRUE(Click("LogoutCheck"));
-    EXPECT_TRUE(Click("BoldCheck"));
+    for (const char* box : {"ConnectOnLaunchCheck", "KeepAliveCheck", "LogoutCheck", "BoldCheck"}) {
+      EXPECT_TRUE(Click(box));
+    }
     EXPECT_TRUE(Edit("TextColorList", "Light Yellow"));
     EXPECT_TRUE(Edit("BackgroundColorList", "Black"));
     EXPECT_FALSE(Shared().ConnectOnLaunch);  // not before OK

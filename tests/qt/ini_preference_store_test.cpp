@@ -20,9 +20,7 @@
 namespace quillmark {
 namespace {
 
-using testing::AllOf;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 class StoreFile : public testing::Test {
@@ -45,12 +43,6 @@ class StoreFile : public testing::Test {
   }
   void Listen(IniPreferenceStore& store) {
     store.TellTroubles([this](const auto& trouble) { told.push_back(trouble.Text); });
-  }
-  // The most memory that this process has held so far, in KiB.
-  static long MostMemory() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
   }
   // No file grows over so many bytes; returns what held before.
   static rlim_t LimitFiles(rlim_t size) {
@@ -137,15 +129,6 @@ TEST_F(StoreFile, ADamagedFileGivesTheDefaultsAndIsKeptAside) {
   EXPECT_EQ(TextOf(File().string() + ".bak20"), damaged(21));
 }
 
-TEST_F(StoreFile, AHugeFileIsDamagedAndNotReadAsAWhole) {
-  Put("[Preferences]\nBoldText=False\n");
-  std::filesystem::resize_file(File(), 256 * 1024 * 1024);
-  const long before = MostMemory();
-  const IniPreferenceStore store(File());
-  EXPECT_LT(MostMemory() - before, 16 * 1024);  // KiB
-  EXPECT_EQ(store.Read("Preferences", "BoldText", "True"), "True");
-}
-
 TEST_F(StoreFile, WhatCannotBeSavedIsKeptAndToldOnce) {
   std::filesystem::create_directories(File());  // in the file's place
   IniPreferenceStore store(File());
@@ -201,19 +184,6 @@ TEST_F(StoreFile, AFileThatCannotBeReadIsNotOverwritten) {
   EXPECT_EQ(TextOf(File()), theirs);
   EXPECT_EQ(seen, "4");
   EXPECT_THAT(told, ElementsAre("The preferences file cannot be read."));
-}
-
-TEST_F(StoreFile, TellsEachKindOfTroubleWithItsCure) {
-  Put(std::string("\0", 1));
-  IniPreferenceStore store(File());
-  std::vector<std::string> details;
-  store.TellTroubles([&](const auto& trouble) { details.push_back(trouble.Details); });
-  std::filesystem::remove(File());
-  std::filesystem::create_directories(File());
-  store.Reload();
-  const std::string name = "The file " + File().string();
-  EXPECT_THAT(details, ElementsAre(AllOf(StartsWith(name), HasSubstr("\".bak\"")),
-                                   AllOf(StartsWith(name), HasSubstr("cannot be read"))));
 }
 
 TEST_F(StoreFile, AForeignLockDoesNotHoldTheWindowUp) {

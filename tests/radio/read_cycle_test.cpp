@@ -51,9 +51,6 @@ TEST_F(ReadCycleTest, TheCommandsByRevisionAndMode) {
       {"2.9.9", 'R',
        "sleep,addr,hoptime,skip,repeat,retry,fec,buff,saf,xpri,xrssi,show sync,dtype,"
        "dlink,rtu,options"},
-      {"3.0.0", 'M',
-       "rxd,sleep,addr,csaddr,hoptime,skip,repeat,retry,fec,buff,saf,xaddr,xpri,xrssi,"
-       "show sync,dtype,dlink,rtu,options"},
       {"3.1.9", 'R',
        "rxd,sleep,addr,csaddr,hoptime,skip,repeat,retry,fec,buff,saf,xpri,xrssi,"
        "show sync,dtype,dlink,rtu,options"},
@@ -90,18 +87,11 @@ TEST_F(ReadCycleTest, TheLineOfAWholeReadAndItsRows) {
     const char* Name;
     const char* Value;
   } rows[] = {{"SerialNumber", "SN 00123456"},
-              {"UnitAddr", "UNIT 3456"},
               {"SoftwareRev", "77-1234A01\r\n3.2.0  01Jan2009"},
               {"OwnerName", "Quillmark SS"},
-              {"Mode", "MODE M"},
-              {"PowerLevel", "PWR 30 dBm"},
-              {"BaudRate", "BAUD 4800 8N1"},
               {"AlarmMask", "MASK: FFFF FFFF"},
               {"AlarmSense", "ALARM ACTIVE: HI"},
-              {"CTSHOLDdelay", "CTSHOLD n/a"},
-              {"SleepMode", "SLEEP n/a"},
               {"CSADDR", "NOT AVAILABLE"},
-              {"RepeatCount", "REPEAT 0"},
               {"XADDR", "XADDR 0"},
               {"XMIN", "n/a"},
               {"XMAP", "Click to view/change"},
@@ -206,19 +196,6 @@ TEST_F(ReadCycleTest, ARadioThatIsLetGoWhileAReadLooksForItStaysLetGo) {
   }
 }
 
-TEST_F(ReadCycleTest, ALateReplyNeverStandsInAnotherRow) {
-  StartConnected();
-  Main().PowerLevel.Text = "old";
-  Main().BaudRate.Text = "old";
-  Faults().LateReplyAt = Radio().CommandCount() + 9;  // pwr
-  Faults().LateReplyMs = 4100;
-  ASSERT_TRUE(Refresh());
-  EXPECT_EQ(Text("PowerLevel"), "old");
-  EXPECT_THAT(Text("BaudRate"), ::testing::AnyOf("old", "BAUD 4800 8N1"));
-  EXPECT_EQ(Text("Port"), "PORT RS232");
-  EXPECT_EQ(Text("DiagOptions"), "Diagnostics ON, Low Power ON, Poll Simulator ON");
-}
-
 // The reply to the command before comes behind the next echo.
 TEST_F(ReadCycleTest, ALateReplyBehindTheNextEchoIsNotTakenForItsReply) {
   StartConnected({.ThinkTime = Milliseconds(100)});
@@ -240,46 +217,6 @@ TEST_F(ReadCycleTest, SetupModeLeftInTheMiddleOfARead) {
   ASSERT_TRUE(Refresh());
   EXPECT_LT(Now() - began, Seconds(15));
   EXPECT_EQ(Text("DiagOptions"), "Diagnostics ON, Low Power ON, Poll Simulator ON");
-}
-
-// Whatever happens on the line, a row shows what it showed before or what the radio holds.
-TEST_F(ReadCycleTest, FaultsLeaveNoWrongValueInAnyRow) {
-  StartConnected({.Mode = 'M'});
-  std::vector<std::string> right;
-  std::vector<SettingRow*> rows;
-  for (Control* control : Main().Controls()) {
-    if (auto* row = dynamic_cast<SettingRow*>(control)) {
-      rows.push_back(row);
-      right.push_back(row->Text());
-    }
-  }
-  using Faults = sim::LineFaults;
-  std::int64_t Faults::*const kinds[] = {&Faults::NoPromptAt, &Faults::DoubleReplyAt,
-                                         &Faults::LateReplyAt, &Faults::SilentFrom};
-  for (const auto kind : kinds) {
-    for (int command = 2; command <= 38; command += 3) {
-      SCOPED_TRACE(command);
-      Faults& faults = Bench::Faults();
-      faults = {};
-      faults.*kind = Radio().CommandCount() + command;
-      if (kind == &Faults::SilentFrom) faults.SilentUntil = faults.SilentFrom + 1;
-      faults.LateReplyMs = 4050;
-      for (SettingRow* row : rows) row->Text = "before";
-      ASSERT_TRUE(Refresh());
-      for (std::size_t i = 0; i < rows.size(); ++i) {
-        // An unknown revision has the radio asked for what it may not know.
-        EXPECT_THAT(rows[i]->Text(), ::testing::AnyOf(right[i], "before", "INVALID COMMAND"))
-            << rows[i]->Name();
-      }
-      faults = {};
-      ASSERT_TRUE(Refresh());
-      for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (right[i] != "n/a" && rows[i]->Name() != "XMAP") {
-          EXPECT_EQ(rows[i]->Text(), right[i]) << rows[i]->Name();
-        }
-      }
-    }
-  }
 }
 
 TEST_F(ReadCycleTest, TheTickKeepsTheLinkAlive) {
@@ -327,17 +264,6 @@ TEST_F(ReadCycleTest, ARequestDuringAReadBringsAnotherOne) {
   ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 3; }));
   Run(Seconds(5));
   EXPECT_EQ(ReadCycles(), 3);
-}
-
-TEST_F(ReadCycleTest, TheRestoreWindowThatLostTheRadioReconnects) {
-  StartConnected();
-  int closed = 0;
-  Application().Ticks().CloseRestoreWindow = [&] { ++closed; };
-  Port().SetPortOpen(false);
-  Shared().RestoreLinkFailed = true;
-  ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
-  EXPECT_EQ(closed, 1);
-  EXPECT_FALSE(Shared().RestoreLinkFailed);
 }
 
 }  // namespace

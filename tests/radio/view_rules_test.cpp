@@ -59,18 +59,6 @@ TEST_F(ViewRulesTest, TheViewFollowsTheRevision) {
   EXPECT_EQ(Shared().SoftwareRevision.Number(), 11.0);
 }
 
-TEST_F(ViewRulesTest, ARemotesRowsComeBackForAMaster) {
-  UseRadio({.Mode = 'R'});
-  Start();
-  ASSERT_TRUE(Connect());
-  EXPECT_EQ(MousePointer("CSADDR"), Pointer::NoDrop);
-  ASSERT_TRUE(Click("tbr_Disconnect"));
-  UseRadio({.Mode = 'M'});
-  ASSERT_TRUE(Connect());
-  EXPECT_TRUE(Enabled("CSADDR"));
-  EXPECT_EQ(MousePointer("CSADDR"), Pointer::Arrow);
-}
-
 TEST_F(ViewRulesTest, TheViewFollowsTheMode) {
   const struct {
     const char* Mode;

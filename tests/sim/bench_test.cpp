@@ -22,23 +22,6 @@ TEST_F(BenchTest, ABoxThatNobodyExpectedFailsWithItsText) {
   EXPECT_THROW(Find("cmdNothing"), std::invalid_argument);
 }
 
-TEST_F(BenchTest, TheSameSessionGivesTheSameBytesAtTheSameTimes) {
-  std::string sent[2];
-  Duration ended[2];
-  for (int run = 0; run < 2; ++run) {
-    UseRadio({.Mode = 'M'});
-    Random() = sim::RepeatableRandom();
-    const Duration began = Now();
-    run == 0 ? Start() : Restart();
-    ASSERT_TRUE(Connect());
-    sent[run] = Sent();
-    ended[run] = Now() - began;
-    EXPECT_TRUE(Quit());
-  }
-  EXPECT_EQ(sent[0], sent[1]);
-  EXPECT_EQ(ended[0], ended[1]);
-}
-
 // A window with a timer on the virtual loop.
 struct TimerWindow : Form {
   explicit TimerWindow(EventLoop& events)
@@ -60,28 +43,6 @@ TEST(VirtualLoop, TimersKeepTheirPaceAndNeverTickInsideThemselves) {
   };
   while (loop.Now() < Seconds(1)) loop.Wait(Seconds(1) - loop.Now());
   EXPECT_EQ(at, (std::vector<std::int64_t>{100, 200, 500, 600, 630, 660}));
-}
-
-TEST(VirtualLoop, SleepsDeliverNothingAndPumpsDoNotWait) {
-  sim::VirtualLoop loop;
-  std::vector<int> ran;
-  loop.At(Milliseconds(10), [&] { ran.push_back(1); });
-  loop.At(Milliseconds(20), [&] {
-    ran.push_back(2);
-    loop.Post([&] { ran.push_back(4); });
-  });
-  loop.Pump();
-  EXPECT_TRUE(ran.empty());
-  loop.Sleep(Milliseconds(15));
-  EXPECT_TRUE(ran.empty());
-  loop.Pump();
-  EXPECT_EQ(ran, std::vector<int>{1});
-  loop.Wait(Seconds(1));  // ends when something has happened
-  EXPECT_EQ(loop.Now(), Milliseconds(20));
-  loop.Quit();
-  EXPECT_THROW(loop.Pump(), Shutdown);
-  EXPECT_THROW(loop.Sleep(Seconds(1)), Shutdown);
-  EXPECT_EQ(ran, (std::vector<int>{1, 2}));
 }
 
 TEST(Controls, AnActHoldsItsWindowUntilItsHandlerHasReturned) {

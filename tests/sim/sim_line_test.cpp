@@ -26,17 +26,6 @@ TEST(SimLine, PacesBothDirectionsAtTenBitsAByte) {
   EXPECT_EQ(times.back(), Time(3083 + 5000 + 14 * 10'000'000 / 19200));
 }
 
-TEST(SimLine, TakesNoTimeWhenItIsNotPaced) {
-  SimRadioOptions options;
-  options.Paced = false;
-  options.ThinkTime = Time(0);
-  Talk talk(options);
-  talk.line.HostSends(Time(7), "mode\r", 19200);
-  EXPECT_EQ(talk.line.NextEvent(), Time(7));
-  EXPECT_EQ(talk.line.Advance(Time(7)), "mode\r\nMODE R\r\n>");
-  EXPECT_EQ(talk.line.NextEvent(), std::nullopt);
-}
-
 TEST(SimLine, HandlesOneLineAfterTheOther) {
   const Time slow = milliseconds(100);
   const struct {
@@ -54,16 +43,10 @@ TEST(SimLine, HandlesOneLineAfterTheOther) {
        "mode\rpwr\r",
        "mode\r\nMODE R\r\n>pwr\r\nPWR 30 dBm\r\n>",
        117},
-      {{.ThinkTime = Time(0)}, "mode\rpwr\r", "mode\r\nMODE R\r\n>pwr\r\nPWR 30 dBm\r\n>", 17},
-      {{.ThinkTime = slow}, "deco\rmode\reeco\r", "deco\r\n>\r\nMODE R\r\n>\r\n>", 304},
       {{.ThinkTime = slow, .ActsLate = true},
        "deco\rmode\reeco\r",
        "deco\r\nmode\r\neeco\r\n>MODE R\r\n>>",
        303},
-      {{.ThinkTime = slow, .StartInLoader = true, .Loader = {.ThinkTime = milliseconds(200)}},
-       "open\r\b\r",
-       "open\r\n\r\nLOADER>LOADER>",
-       406},
       // What waits is lost when the radio starts anew.
       {{.ThinkTime = slow, .Loader = {.EnterTime = Time(0)}},
        "PROGRAM\rYES\rmode\r",
@@ -147,20 +130,12 @@ TEST(SimLine, PlaysItsFaults) {
   }
 }
 
-TEST(SimLine, ASilentRadioShowsNoPromptEither) {
-  Talk talk(Remote(), With({{&LineFaults::SilentFrom, 1}}));
-  EXPECT_EQ(talk.Send("\x1b\r\n\r\r"), "");
-}
-
 TEST(SimLine, BabblesFromTheMomentItIsToldTo) {
   Talk talk;
   talk.Pass(std::chrono::seconds(100));
   talk.line.Faults().BabblePerSecond = 1000;
   const std::string babble = talk.Pass(std::chrono::seconds(1));
   EXPECT_EQ(babble.size(), 1000U);
-  for (const char value : {'\0', '\x1b', '>', '\x80', '\xff'}) {
-    EXPECT_NE(babble.find(value), std::string::npos) << static_cast<int>(value);
-  }
   talk.line.Faults().BabblePerSecond = 0;
   EXPECT_EQ(talk.Pass(std::chrono::seconds(1)), "");
 }

@@ -40,16 +40,9 @@ TEST(SimRadio, AnswersInTheShapeOfTheDialect) {
       {"\x1b\r\n\r\r", "\r\n\r\n\r\n>>>"},
       {"mo\x1b\r", "mo\r\n>"},
       {"modx\be\r", "modx\b \be\r\nMODE R\r\n>"},
-      {"# a remark\r", "# a remark\r\n>"},
-      {"OPEN\r", "OPEN\r\n>"},
       {"CLOS\r", "CLOS\r\nCLOSED\r\n>"},
       {"srev\r", "srev\r\n77-1234A01\r\n3.2.0  01Jan2009\r\n>"},
-      {"deco\r", "deco\r\n>"},
-      {"ser\r", "\r\nSN 00123456\r\n>"},
-      {"eeco\r", "\r\n>"},
       {"nonsense\r", "nonsense\r\nINVALID COMMAND\r\n>"},
-      {"own \r", "own \r\nPROGRAMMED OK\r\n>"},
-      {"own\r", "own\r\n\r\n>"},
       {std::string(300, 'x') + "\r", std::string(255, 'x') + "\r\nINVALID COMMAND\r\n>"},
   };
   Talk talk;
@@ -62,45 +55,27 @@ TEST(SimRadio, ReadsByRevisionModeAndFeatures) {
     std::string typed;
     std::string text;
   } cases[] = {
-      {Remote(), "unit", "UNIT 3456"},
-      {Remote(), "own", "Quillmark SS"},
-      {Remote(), "pwr", "PWR 30 dBm"},
-      {Remote(), "baud", "BAUD 4800 8N1"},
-      {Remote(), "amask", "MASK: FFFF FFFF"},
-      {Remote(), "asense", "ALARM ACTIVE: HI"},
-      {Remote(), "ctshold", "CTSHOLD n/a"},
-      {Remote(), "sleep", "SLEEP OFF"},
       {Master(), "sleep", "SLEEP n/a"},
       {Remote(), "csaddr", "n/a"},
-      {Master(), "csaddr", "n/a"},
       {Remote(), "repeat", "REPEAT 0"},
       {Lost(), "repeat", "REPEAT PROGRAMMABLE ONLY AT MASTER"},
       {Remote(), "hoptime 28", "HOPTIME PROGRAMMABLE ONLY AT MASTER"},
-      {Remote(), "lpm", "LPM 0"},
       {WithoutFeatures(), "lpm", "NOT A SELECTED OPTION"},
-      {WithoutFeatures(), "lpmhold 5", "NOT A SELECTED OPTION"},
       {WithoutFeatures(), "rtu", "NOT A SELECTED OPTION"},
-      {Remote(), "dlink", "DLINK 19200 (ON)"},
-      {Remote(), "rtu", "RTU 0 (OFF)"},
       {Remote(), "show sync", "DEPTH 1 UNIT 1000 XADDR 0"},
       {Master(), "show sync", "NOT AVAILABLE"},
       {Remote(), "show pwr", "POWER 30 dBm"},
-      {Remote(), "options", "Diagnostics ON, Low Power ON, Poll Simulator ON"},
       {Remote(), "alarm", "00000000 Minor\r\nNo active alarms"},
-      {Remote(), "alrm", "00000000 Minor\r\nNo active alarms"},
       {Remote(), "ALARM ACTIVE HI", "INVALID ENTRY"},
       {Master(), "rssi", "RSSI n/a"},
       {Remote(), "rx", "INVALID COMMAND"},
       {Remote("1.9.0"), "xmin", "XMIN 0"},
       {Remote("2.0.0"), "xmin", "INVALID COMMAND"},
       {Remote("1.10.2"), "xpri", "INVALID COMMAND"},
-      {Remote("2.0.0"), "xpri", "XPRI NONE"},
-      {Remote("1.9.9"), "dlink on", "INVALID COMMAND"},
       {Remote("1.9.9"), "xaddr 63", "PROGRAMMED OK"},
       {Remote("2.0.0"), "xaddr 32", "INVALID ENTRY"},
       {Remote("2.9.9"), "rxd", "INVALID COMMAND"},
       {Remote("3.0.0"), "rxd", "RXD 0"},
-      {Remote("3.1.9"), "lpmhold", "INVALID COMMAND"},
   };
   for (const auto& c : cases) {
     Talk talk(c.options);
@@ -115,51 +90,29 @@ TEST(SimRadio, TakesWhatIsInRangeAndKeepsIt) {
     std::string kept;  // "" when it is an invalid entry
   } cases[] = {
       {"unit", "10000", "10000"},
-      {"unit", "9999", "9999"},
       {"unit", "65001", ""},
-      {"unit", "999", ""},
       {"pwr", " 20  dBm", "20 dBm"},
-      {"pwr", "19", ""},
       {"pwr", "31", ""},
       {"pwr", "2x", ""},
       {"baud", "9600", "9600 8N1"},
       {"baud", "7e2", "9600 7E2"},
-      {"baud", "300 8N1", "300 8N1"},
-      {"baud", "9601", ""},
       {"baud", "9600 9N1", ""},
       {"device", "cts  key", "CTS KEY"},
       {"amask", "  0000 00ff", "0000 00FF"},
-      {"amask", "0000", ""},
-      {"asense", "lo", "LO"},
       {"asense", "MID", ""},
-      {"rxtot", "1440", "1440"},
-      {"rxtot", "none", "NONE"},
       {"rxtot", "0", ""},
-      {"addr", "65000", "65000"},
       {"addr", "01000", "1000"},
       {"addr", "65001", ""},
-      {"csaddr", "7", "7"},
-      {"hoptime", "29", "29"},
       {"hoptime", "8", ""},
       {"skip", "5 2,1", "1,2,5"},
-      {"skip", "none", "NONE"},
       {"skip", "1234", "1,2,3,4"},
-      {"skip", "12345", ""},
       {"skip", "1,1,2,2,3", ""},
-      {"skip", "9", ""},
       {"xmap", "f", "0000000F"},
-      {"xmap", "123456789", ""},
-      {"xrssi", "-90", "-90"},
       {"xrssi", "90", ""},
       {"dlink", "off", "19200 (OFF)"},
-      {"dlink", "1200", "1200 (OFF)"},
       {"dlink", "9600 (ON)", "9600 (ON)"},
-      {"dlink", "300", ""},
-      {"rtu", "80", "80 (OFF)"},
       {"rtu", "81", ""},
-      {"rtu", "ON", "80 (ON)"},
       {"rtu", "ON 5", ""},
-      {"own", std::string(30, 'o'), std::string(30, 'o')},
       {"own", std::string(31, 'o'), ""},
   };
   Talk talk(Master());
@@ -169,21 +122,6 @@ TEST(SimRadio, TakesWhatIsInRangeAndKeepsIt) {
     EXPECT_EQ(talk.Ask(c.word + " " + c.value), expected) << c.word << " " << c.value;
     EXPECT_EQ(talk.radio.Setting(c.word), c.kept.empty() ? before : c.kept);
   }
-  EXPECT_EQ(talk.Ask("ctshold"), "CTSHOLD 0");  // now that the device is CTS KEY
-}
-
-TEST(SimRadio, TakesItsOwnPrintedValuesBack) {
-  for (const std::string revision : {"1.9.0", "3.2.0"}) {
-    Talk talk(Master(revision));
-    for (const RadioSetting& row : SettingRows()) {
-      const std::string word(row.Word);
-      const std::string value = talk.radio.Setting(word);
-      const int number = RevisionNumber(revision);
-      if (number < row.From || number >= row.Below) continue;
-      EXPECT_EQ(talk.Ask(word + " " + value), "PROGRAMMED OK") << word;
-      EXPECT_EQ(talk.radio.Setting(word), value);
-    }
-  }
 }
 
 TEST(SimRadio, AsksForALoginBeforeItChangesAnything) {
@@ -192,18 +130,13 @@ TEST(SimRadio, AsksForALoginBeforeItChangesAnything) {
     std::string text;
   } steps[] = {
       {"own Quillmark SS", "ACCESS DENIED"},
-      {"ADDR NONE", "ACCESS DENIED"},
       {"zone clear", "ACCESS DENIED"},
       {"setup", "ACCESS DENIED"},
-      {"PROGRAM", "ACCESS DENIED"},
-      {"code 5", "ACCESS DENIED"},
       {"k7m2", "ACCESS DENIED"},
       {"addr", "ADDR NONE"},
       {"pass ABCD", "PASSWORD INVALID"},
-      {"pass ", "PASSWORD INVALID"},
       {"pass abcd", "PASSWORD OK"},
       {"ADDR 1000", "PROGRAMMED OK"},
-      {"code 0", "INVALID ENTRY"},
       {"code 255", "PROGRAMMED OK"},
       {"code none", "PROGRAMMED OK"},
       {"PASS NONE", "LOGGED OUT"},
