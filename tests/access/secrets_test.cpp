@@ -1,11 +1,9 @@
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
 
-#include "sim/bench.h"
+#include "window_bench.h"
 
 namespace quillmark {
 namespace {
@@ -17,7 +15,7 @@ const std::string canary = "Zq7#";
 
 // A secret that a radio echoes against its orders stands nowhere: not in the terminal, not in the
 // log, in no box, in no row and in no stored preference.
-class SecretsTest : public sim::Bench {
+class SecretsTest : public WindowBench {
  public:
   void StartLogged(sim::SimRadioOptions options) {
     TolerateBoxes();
@@ -54,10 +52,6 @@ class SecretsTest : public sim::Bench {
       }
     }
   }
-  void InLogin(const std::string& menu, std::function<void()> acts) {
-    ExpectWindow("frmLogin").Do(std::move(acts));
-    EXPECT_TRUE(Click(menu));
-  }
 
   std::string seen;
   std::filesystem::path log;
@@ -68,7 +62,7 @@ TEST_F(SecretsTest, InTheLoginWhateverTheRadioSays) {
   Watch(Seconds(40));
   const std::string replies[] = {"\r\nyou said " + canary + ">!\r\nPASSWORD INVALID\r\n",
                                  "\r\n" + canary + "\r\n", "\r\nPASSWORD OK " + canary + "\r\n"};
-  InLogin("mnuAccessCode", [&] {
+  InWindow("mnuAccessCode", "frmLogin", [&] {
     EchoAgainstOrders();
     for (const std::string& reply : replies) {
       Radio().SetReply("pass " + canary, reply);
@@ -83,7 +77,7 @@ TEST_F(SecretsTest, InTheLoginWhateverTheRadioSays) {
 TEST_F(SecretsTest, InTheEncryptionCode) {
   StartLogged({});
   Watch(Seconds(20));
-  InLogin("mnuEncryptCode", [&] {
+  InWindow("mnuEncryptCode", "frmLogin", [&] {
     EchoAgainstOrders();
     As<TextBox>("txtPassword").MaxLength = 9;
     EXPECT_TRUE(Edit("txtPassword", canary));

@@ -1,10 +1,8 @@
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <fstream>
-#include <string>
 
-#include "sim/bench.h"
+#include "window_bench.h"
 
 namespace quillmark {
 namespace {
@@ -242,18 +240,12 @@ TEST_F(ShellTest, AnEndDuringTheSplashTouchesNothing) {
   EXPECT_FALSE(WindowOpen("frmSplash"));
 }
 
-class PropertiesTest : public sim::Bench {
- public:
-  void OpenSetup(std::function<void(Form&)> acts) {
-    ExpectWindow("frmProperties").Do(std::move(acts));
-    ASSERT_TRUE(Click("mnuProperties"));
-  }
-};
+using PropertiesTest = WindowBench;
 
 TEST_F(PropertiesTest, AnotherPortIsStoredAndConnected) {
   Sockets().At(3).Is = sim::VirtualSockets::State::Forbidden;
   Start();
-  OpenSetup([&](Form&) {
+  InWindow("mnuProperties", "frmProperties", [&] {
     EXPECT_EQ(Text("frmProperties"), "Setup");
     EXPECT_EQ(Text("SelectPort"),
               "Please select the Com Port you would like to use for diagnostic communication with "
@@ -272,12 +264,12 @@ TEST_F(PropertiesTest, AnotherPortIsStoredAndConnected) {
   EXPECT_FALSE(Port().PortOpen());
 
   // The same port and OK: stored, and connected.
-  OpenSetup([&](Form&) { EXPECT_TRUE(Click("cmdOK")); });
+  InWindow("mnuProperties", "frmProperties", [&] { EXPECT_TRUE(Click("cmdOK")); });
   EXPECT_EQ(Stored("Properties", "CommPort"), "1");
   EXPECT_FALSE(Shared().PortChanged);
   ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 1; }));
   // While connected: read again.
-  OpenSetup([&](Form&) { EXPECT_TRUE(Click("cmdOK")); });
+  InWindow("mnuProperties", "frmProperties", [&] { EXPECT_TRUE(Click("cmdOK")); });
   EXPECT_TRUE(Shared().RefreshRequested);
   ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
 }
@@ -294,11 +286,10 @@ TEST_F(PropertiesTest, ChangingTheOpenPortAsksFirst) {
   ASSERT_TRUE(Connect());
   const auto change = [&](const char* port, Answer answer) {
     ExpectBox("Warning").Saying(warning).With(Icon::Exclamation).With(Buttons::YesNo).Reply(answer);
-    OpenSetup([&](Form& form) {
+    InWindow("mnuProperties", "frmProperties", [&] {
       EXPECT_TRUE(Edit("cboPort", port));
       EXPECT_TRUE(Click("cmdOK"));
-      if (!form.Loaded()) return;
-      EXPECT_TRUE(CloseWindow("frmProperties"));
+      EXPECT_TRUE(!WindowOpen("frmProperties") || CloseWindow("frmProperties"));
     });
   };
   change("Com2", Answer::No);

@@ -1,7 +1,5 @@
 #include <numeric>
 #include <set>
-#include <string>
-#include <vector>
 
 #include "config_bench.h"
 

@@ -1,8 +1,5 @@
 #include <sys/stat.h>
 
-#include <string>
-#include <vector>
-
 #include "config_bench.h"
 #include "sim/sim_radio_table.h"
 
@@ -147,11 +144,8 @@ TEST_F(ProgrammingFromFileTest, AFileOfAnotherKindBringsTheQuestionTwice) {
 }
 
 TEST_F(ProgrammingFromFileTest, FilesOfEveryShape) {
-  const std::string hundred = [] {
-    std::string lines;
-    for (int line = 0; line < 100; ++line) lines += "#\n";
-    return lines;
-  }();
+  std::string hundred;
+  for (int line = 0; line < 100; ++line) hundred += "#\n";
   const struct {
     const char* Name;
     std::string Text;

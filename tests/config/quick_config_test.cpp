@@ -1,5 +1,3 @@
-#include <string>
-#include <vector>
 
 #include "config_bench.h"
 
@@ -56,8 +54,8 @@ TEST_F(QuickConfigTest, EachRoleSendsItsCommandsAndLeavesTheRadioInIt) {
        "MODE X\rADDR 1000\rPWR 30\rBAUD 9600\rXADDR 7\r",
        "X|1000|30 dBm|9600 8N1|OFF|7|00000000|-120|", 4, 74},
       {"cmdSubRemote", "REPEATER", "Program radio as a REMOTE connecting through a REPEATER...",
-       "MODE R\rADDR 1000\rPWR 30\rBAUD 9600\rXMAP 00000002\rXPRI 1\r",
-       "R|1000|30 dBm|9600 8N1|OFF|0|00000002|-120|", 4, 184},
+       "MODE R\rADDR 1000\rPWR 30\rBAUD 9600\rXMAP 80000004\rXPRI 2\r",
+       "R|1000|30 dBm|9600 8N1|OFF|0|80000004|-120|", 4, 184},
   };
   for (const auto& each : cases) {
     SCOPED_TRACE(each.Button);
@@ -77,13 +75,22 @@ TEST_F(QuickConfigTest, EachRoleSendsItsCommandsAndLeavesTheRadioInIt) {
     } else if (button == "cmdSubRemote") {
       ExpectWindow("frmSimpleXMAP").Do([&] {
         EXPECT_TRUE(Main().DirectPortMode);
-        EXPECT_TRUE(Click("chkXADDR_1"));
-        EXPECT_TRUE(Click("chkXADDR_5"));
-        EXPECT_TRUE(Click("chkXADDR_5"));
+        EXPECT_EQ(Text("lblXMap"), "Current XMAP selection: 00000000");
+        for (const char* box : {"2", "5", "5", "31"}) Click(std::string("chkXADDR_") + box);
+        EXPECT_EQ(Text("lblXMap"), "Current XMAP selection: 80000004");
         // A double click, whose second half comes behind the pauses.
         After(Milliseconds(100), [this] { Click("cmdSet"); });
         EXPECT_TRUE(Click("cmdSet"));
-        EXPECT_TRUE(WindowOpen("frmSimpleXMAP"));
+        EXPECT_EQ(Text("frmSimpleXMAP"), "XPRI Setting");
+        EXPECT_EQ(
+            Text("lblMain"),
+            "Select the AP/REPEATER from the XMAP that you want this remote to associate with "
+            "first.");
+        EXPECT_TRUE(Checked("chkXADDR_1"));
+        EXPECT_FALSE(Click("chkXADDR_1"));  // not in the map
+        EXPECT_TRUE(Click("chkXADDR_31"));
+        EXPECT_FALSE(Checked("chkXADDR_1"));
+        EXPECT_TRUE(Click("chkXADDR_2"));
         EXPECT_TRUE(Click("cmdSet"));
       });
     }
@@ -197,12 +204,15 @@ TEST_F(QuickConfigTest, ThePictureOfRepeaters) {
   EXPECT_EQ(Text("frmSimpleRptrSetup"), "Store-and-Forward Repeater Setup");
   ASSERT_TRUE(Click("cmdRptHelp2"));
   ExpectQuestion("REPEATER");
-  ExpectWindow("frmSimpleXMAP").Do([&](Form& guide) {
+  ExpectWindow("frmSimpleXMAP").Do([&] {
     ExpectWindow("frmSimpleRptrSetup").Do([](Form& picture) { picture.Unload(); });
     EXPECT_TRUE(Click("cmdHelp"));
-    guide.UserClose();
+    EXPECT_TRUE(Click("chkXADDR_5"));
+    EXPECT_TRUE(Click("cmdSet"));
+    EXPECT_TRUE(Click("cmdSet"));  // box 1, though not in the map
   });
   ASSERT_TRUE(Click("cmdSubRemote"));
+  EXPECT_THAT(Sent(), ::testing::EndsWith("XMAP 00000020\rXPRI 1\r"));
   EXPECT_TRUE(WindowOpen("frmSimpleRptrSetup"));
   ASSERT_TRUE(Quit());
   EXPECT_FALSE(WindowOpen("frmSimpleRptrSetup"));

@@ -10,27 +10,9 @@ namespace quillmark {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 using SavedFileTest = ConfigBench;
-
-TEST_F(SavedFileTest, TargetsThatCannotBeWritten) {
-  StartConnected();
-  std::filesystem::create_directory(InScratch("folder"));
-  const std::filesystem::path targets[] = {InScratch("folder"), "/dev/full",
-                                           InScratch("missing") / "file.txt"};
-  for (const auto& target : targets) {
-    SCOPED_TRACE(target);
-    if (std::filesystem::exists(target)) ExpectBox("File I/O Error").Reply(Answer::Yes);
-    ExpectSaveFile("Radio Configuration Save").Choose(target);
-    ExpectNotSaved(target);
-    ASSERT_TRUE(Click("cmdSaveToFile"));
-    ExpectIdle();
-    ASSERT_TRUE(Refresh());
-  }
-  // Without a port, no file is asked for.
-  Port().SetPortOpen(false);
-  ASSERT_TRUE(Click("cmdSaveToFile"));
-}
 
 // Somebody has protected it, though the folder's right would allow to put another in its place.
 TEST_F(SavedFileTest, AReadOnlyFileStays) {
@@ -103,6 +85,44 @@ TEST_F(SavedFileTest, AFileInALockedFolderIsWrittenInPlace) {
     ASSERT_TRUE(Refresh());
   }
   EXPECT_EQ(seteuid(user), 0);
+}
+
+TEST_F(SavedFileTest, AReportGoesToThePrinterAndNowhereElse) {
+  StartConnected();
+  const auto temp = DataFolder() / "Temp";
+  const struct {
+    const char *Serial, *File;
+  } cases[] = {{"SN 00123456", "00123456.txt"},
+               {"", "config.txt"},
+               {"n/a", "config.txt"},
+               {"SN ../../x\"/", "x.txt"},
+               {"abcdefghij", "defghij.txt"}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Serial);
+    Main().SerialNumber.Text = each.Serial;
+    ExpectPrinter(each.File).ChoosePrinter("Office").Do(
+        [this] { EXPECT_EQ(Text("pnl_Status"), "Printing"); });
+    ASSERT_TRUE(Click("cmdPrint"));
+    const auto& printed = DesktopSeen().Prints.back();
+    EXPECT_EQ(printed.Target.Printer, "Office");
+    EXPECT_EQ(printed.File, temp / each.File);
+    EXPECT_THAT(printed.Text, StartsWith("\r\n\r\n#Created by"));
+    EXPECT_THAT(Text("txtTerm"), HasSubstr("\r\nPRINTING..."));
+    ExpectIdle();
+    ASSERT_TRUE(Refresh());
+  }
+  DesktopSeen().Prints.clear();
+  ExpectPrinter("00123456.txt");  // cancelled
+  ASSERT_TRUE(Click("cmdPrint"));
+  EXPECT_TRUE(DesktopSeen().Prints.empty());
+  Restart();
+  EXPECT_TRUE(std::filesystem::is_empty(temp));
+  // Only the program's own folder is emptied, not what a link in its place leads to.
+  Write(InScratch("mine") / "letter.txt", "kept");
+  std::filesystem::remove(temp);
+  std::filesystem::create_directory_symlink(InScratch("mine"), temp);
+  Restart();
+  EXPECT_EQ(Contents(temp / "letter.txt"), "kept");
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <string>
-
 #include "sim/bench.h"
 
 namespace quillmark {

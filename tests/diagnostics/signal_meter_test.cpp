@@ -1,50 +1,43 @@
 #include <gmock/gmock.h>
 
-#include <string>
-
-#include "sim/bench.h"
+#include "window_bench.h"
 
 namespace quillmark {
 namespace {
 
-class SignalMeterTest : public sim::Bench {
+class SignalMeterTest : public WindowBench {
  public:
-  std::string InMeter(std::function<void()> acts) {
-    ClearLog();
-    ExpectWindow("frmRSSI").Do(std::move(acts));
-    EXPECT_TRUE(Click("ButtonRSSI"));
-    CheckExpectations();
-    return Sent();
-  }
   int Bar() { return As<ProgressBar>("ProgressBar1").Value(); }
 };
 
 TEST_F(SignalMeterTest, TheLevelIsShownLiveAndACarriageReturnEndsIt) {
   StartConnected({.Rssi = -97});
   const Duration clicked = Now();
-  EXPECT_EQ(InMeter([&] {
-              EXPECT_EQ(Text("frmRSSI"), "RSSI");
-              EXPECT_EQ(Text("Text1"), "n/a");
-              EXPECT_EQ(Bar(), 50);
-              ASSERT_TRUE(RunUntil([&] { return Text("Text1") != "n/a"; }));
-              EXPECT_EQ(Now() - clicked, Milliseconds(100));
-              EXPECT_EQ(Text("Text1"), "-97 ");
-              EXPECT_EQ(Bar(), 73);
-              Radio().SetRssi(-60);
-              Run(Milliseconds(400));
-              EXPECT_EQ(Bar(), 110);
-              // Half an hour: the reports go on, and no keep-alive ends them.
-              Shared().RefreshRequested = true;
-              Run(Seconds(1800));
-              Radio().SetRssi(-61);
-              Run(Milliseconds(400));
-              EXPECT_EQ(Text("Text1"), "-61 ");
-              EXPECT_LT(Shared().RxBuffer.View().size(), 64U);
-              EXPECT_TRUE(Click("Command1"));
-            }),
+  EXPECT_EQ(InWindow("ButtonRSSI", "frmRSSI",
+                     [&] {
+                       EXPECT_EQ(Text("frmRSSI"), "RSSI");
+                       EXPECT_EQ(Text("Text1"), "n/a");
+                       EXPECT_EQ(Bar(), 50);
+                       ASSERT_TRUE(RunUntil([&] { return Text("Text1") != "n/a"; }));
+                       EXPECT_EQ(Now() - clicked, Milliseconds(100));
+                       EXPECT_EQ(Text("Text1"), "-97 ");
+                       EXPECT_EQ(Bar(), 73);
+                       Radio().SetRssi(-60);
+                       Run(Milliseconds(400));
+                       EXPECT_EQ(Bar(), 110);
+                       // Half an hour: the reports go on, and no keep-alive ends them.
+                       Shared().RefreshRequested = true;
+                       Run(Seconds(1800));
+                       Radio().SetRssi(-61);
+                       Run(Milliseconds(400));
+                       EXPECT_EQ(Text("Text1"), "-61 ");
+                       EXPECT_LT(Shared().RxBuffer.View().size(), 64U);
+                       EXPECT_TRUE(Click("Command1"));
+                     }),
             "rssi\r\r");
   ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
-  EXPECT_EQ(InMeter([&] { EXPECT_TRUE(CloseWindow("frmRSSI")); }), "rssi\r\r");
+  EXPECT_EQ(InWindow("ButtonRSSI", "frmRSSI", [&] { EXPECT_TRUE(CloseWindow("frmRSSI")); }),
+            "rssi\r\r");
 }
 
 TEST_F(SignalMeterTest, WhatAReportShows) {
@@ -66,7 +59,7 @@ TEST_F(SignalMeterTest, WhatAReportShows) {
       {"rssi -66 dBm", "old", 60, nullptr},
       {"RSSI n/a\r\n>", "old", 60, nullptr},
   };
-  InMeter([&] {
+  InWindow("ButtonRSSI", "frmRSSI", [&] {
     Faults().SilentFrom = 1;
     Run(Seconds(1));
     for (const auto& each : cases) {
@@ -85,33 +78,29 @@ TEST_F(SignalMeterTest, WhatAReportShows) {
 
 TEST_F(SignalMeterTest, WithoutAPortAndWithoutAnAdapter) {
   StartConnected();
-  EXPECT_EQ(InMeter([&] {
-              Run(Seconds(1));
-              ExpectBox("Click Cancel to quit, OK to ignore.").Reply(Answer::Ok);
-              Unplug();
-              Run(Seconds(2));
-              EXPECT_FALSE(Enabled("frmRSSI.Timer1"));
-              EXPECT_EQ(Text("Text1"), "-97 ");
-              EXPECT_TRUE(Click("Command1"));
-            }),
+  EXPECT_EQ(InWindow("ButtonRSSI", "frmRSSI",
+                     [&] {
+                       Run(Seconds(1));
+                       ExpectBox("Click Cancel to quit, OK to ignore.").Reply(Answer::Ok);
+                       Unplug();
+                       Run(Seconds(2));
+                       EXPECT_FALSE(Enabled("frmRSSI.Timer1"));
+                       EXPECT_EQ(Text("Text1"), "-97 ");
+                       EXPECT_TRUE(Click("Command1"));
+                     }),
             "rssi\r");
   EXPECT_EQ(Application().Ticks().LineHolders, 0);
   ExpectBox("User Help").Saying("Please Toggle COMM Port open first.").With(Icon::None);
   EXPECT_TRUE(Click("ButtonRSSI"));
-  Plug();
-  ASSERT_TRUE(Connect());
-  InMeter([&] {
-    Port().SetPortOpen(false);
-    EXPECT_TRUE(Click("Command1"));
-  });
 }
 
 TEST_F(SignalMeterTest, QuittingEndsTheReportsBeforeItLogsOut) {
   StartConnected({.Password = "abcd", .LoggedIn = true});
-  EXPECT_EQ(InMeter([&] {
-              Run(Seconds(1));
-              Application().Form_Unload();  // a signal to end
-            }),
+  EXPECT_EQ(InWindow("ButtonRSSI", "frmRSSI",
+                     [&] {
+                       Run(Seconds(1));
+                       Application().Form_Unload();  // a signal to end
+                     }),
             "rssi\r\rPASS NONE\r");
   EXPECT_TRUE(Ended());
   Events().Reopen();

@@ -2,9 +2,7 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "sim/bench.h"
 
@@ -97,34 +95,23 @@ TEST_F(ZoneQualityTest, WhatAReplyShows) {
   using Reply = std::pair<std::int64_t, std::int64_t>;  // received, of which with errors
   StartConnected({.Mode = 'M'});
   const struct {
-    const char* Name;
     std::vector<Reply> Given;
     std::vector<const char*> Shown;
     bool Blocked = false;
     const char* Skipped = "NONE";
   } cases[] = {
-      {"held back once",
-       {{100, 50}, {100, 50}, {100, 30}, {100, 30}, {100, 29}},
-       {"0", "50", "50", "70", "71"}},
-      {"ten points are no jump",
-       {{100, 90}, {100, 80}, {100, 69}, {100, 80}, {100, 90}},
-       {"10", "20", "20", "20", "10"}},
-      {"a second jump shows, wherever it leads",
-       {{100, 50}, {100, 50}, {100, 0}, {100, 99}},
-       {"0", "50", "50", "1"}},
-      {"nothing received is no jump",
-       {{100, 0}, {100, 0}, {0, 0}, {100, 0}},
-       {"0", "100", "0", "0"}},
-      {"more errors than packets",
-       {{100, 5}, {100, 5}, {100, 200}, {100, 200}},
-       {"0", "95", "95", "0"}},
-      {"the integer part", {{1000, 901}, {3, 0}, {3, 1}, {3, 1}}, {"9", "9", "66", "66"}},
-      {"above the average",
-       {{200, 0}, {200, 0}, {200, 0}, {200, 0}},
-       {"0", "100", "100", "100"},
-       true},
-      {"four skipped", {{100, 0}, {100, 0}}, {"0", "50"}, true, "5,6,7,8"},
-      {"the totals at their end", {{99'999'999, 0}, {99'999'999, 0}}, {"0", "100"}, true},
+      // Held back once; ten points are no jump; a second jump shows, wherever it leads.
+      {{{100, 50}, {100, 50}, {100, 30}, {100, 30}, {100, 29}}, {"0", "50", "50", "70", "71"}},
+      {{{100, 90}, {100, 80}, {100, 69}, {100, 80}, {100, 90}}, {"10", "20", "20", "20", "10"}},
+      {{{100, 50}, {100, 50}, {100, 0}, {100, 99}}, {"0", "50", "50", "1"}},
+      // Nothing received is no jump; more errors than packets; the integer part.
+      {{{100, 0}, {100, 0}, {0, 0}, {100, 0}}, {"0", "100", "0", "0"}},
+      {{{100, 5}, {100, 5}, {100, 200}, {100, 200}}, {"0", "95", "95", "0"}},
+      {{{1000, 901}, {3, 0}, {3, 1}, {3, 1}}, {"9", "9", "66", "66"}},
+      // Above the average; four skipped; the totals at their end.
+      {{{200, 0}, {200, 0}, {200, 0}, {200, 0}}, {"0", "100", "100", "100"}, true},
+      {{{100, 0}, {100, 0}}, {"0", "50"}, true, "5,6,7,8"},
+      {{{99'999'999, 0}, {99'999'999, 0}}, {"0", "100"}, true},
   };
   for (const auto& each : cases) {
     ASSERT_TRUE(Radio().Program("skip", each.Skipped));
@@ -139,7 +126,8 @@ TEST_F(ZoneQualityTest, WhatAReplyShows) {
       for (std::size_t i = 0; i < each.Given.size(); ++i) {
         Radio().SetZoneCounters(1, 0, each.Given[i].first, each.Given[i].second);
         Run(eachReply);
-        EXPECT_EQ(Text("percentUsable_0"), each.Shown[i]) << each.Name << ", reply " << i;
+        EXPECT_EQ(Text("percentUsable_0"), each.Shown[i])
+            << "case " << &each - cases << ", reply " << i;
       }
     });
   }

@@ -12,8 +12,6 @@ namespace quillmark {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StartsWith;
 
 // Chooses the file, says Yes or Ok to every box, and does what is planned at the progress window
 // while bytes go out.
@@ -59,7 +57,7 @@ class Upgrader {
   bool acting = false;
 };
 
-TEST_F(Program, UpgradesTheFirmwareOnceCancelledAndOnceToItsEnd) {
+TEST_F(Program, UpgradesTheFirmware) {
   radio.Start({"--enter-ms", "500", "--erase-ms", "100", "--verify-ms", "50", "--start-ms", "50"});
   Prefer("True");
   const QString file = home.path() + "/new.s28";
@@ -74,29 +72,17 @@ TEST_F(Program, UpgradesTheFirmwareOnceCancelledAndOnceToItsEnd) {
     EXPECT_TRUE(progress.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     window->activateWindow();
     EXPECT_TRUE(Until([this] { return QApplication::activeWindow() == window; }, 1));
-    EXPECT_TRUE(progress.isVisible());
+    EXPECT_TRUE(progress.isVisible() && progress.findChild<QPushButton*>("Command1")->isEnabled());
+    EXPECT_GT(progress.findChild<QProgressBar*>("ProgressBar1")->value(), 50);
     seen = progress.windowTitle().toStdString() + " | " +
            progress.findChild<QLabel*>("Label1")->text().toStdString();
-    EXPECT_TRUE(progress.findChild<QPushButton*>("Command1")->isEnabled());
-    Press(progress, Qt::Key_Escape);
-    EXPECT_FALSE(progress.isVisible());
   };
   Find<QAction>("tbr_TransmitTextFile").trigger();
   EXPECT_EQ(seen, "Downloading Firmware to the radio... | Transmitting S28 File - new.s28");
   EXPECT_THAT(user.Texts,
               ElementsAre("Ready to erase the current firmware, version 3.2.0, and install version "
                           "3.2.1.\n\n\t\tAre you sure you wish to continue?",
-                          "Radio programming FAILED.", StartsWith("ERROR - This radio needs")));
-  EXPECT_TRUE(Find<QAction>("mnuSendText").isEnabled());
-
-  user.Texts.clear();
-  int percent = 0;
-  user.WhileSending = [&](QWidget& progress) {
-    percent = progress.findChild<QProgressBar*>("ProgressBar1")->value();
-  };
-  Find<QAction>("mnuSendText").trigger();
-  EXPECT_THAT(user.Texts, ElementsAre("Radio programming was successful."));
-  EXPECT_GT(percent, 80);
+                          "Radio programming was successful."));
   ASSERT_TRUE(Until([this] { return readCycles == 2; }));
   EXPECT_EQ(Value("SoftwareRev"), "77-1234A01 3.2.1  01Jan2009");
 }

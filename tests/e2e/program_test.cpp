@@ -17,8 +17,12 @@
 #include <QTabBar>
 #include <QTimer>
 #include <QToolButton>
+#include <csignal>
+#include <fstream>
 
 #include "e2e/program_fixture.h"
+#include "qt/end_signals.h"
+#include "qt/store_trouble_boxes.h"
 
 namespace quillmark {
 namespace {
@@ -199,6 +203,49 @@ TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   ASSERT_TRUE(console.waitForFinished(5'000));
   EXPECT_EQ(console.exitCode(), 0);
   EXPECT_THAT(radio.Lines(), EndsWith("pass ****\n"));
+}
+
+TEST(EndSignals, EachWayToEndAProgramIsAnEventAndALostReaderIsNone) {
+  int ended = 0;
+  const EndSignals handled([&] { ++ended; });
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const int before = ended;
+    ASSERT_EQ(raise(signal), 0);
+    EXPECT_EQ(ended, before) << "inside the handler of signal " << signal;
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ended, before + 1) << "signal " << signal;
+  }
+  ASSERT_EQ(raise(SIGPIPE), 0);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(ended, 3);
+}
+
+TEST_F(Program, TellsOfADamagedPreferencesFileWhenTheMainWindowIsUp) {
+  const auto file = IniPreferenceStore::UsualFile();
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream(file) << '\x01';
+  machine.emplace();
+  platform.emplace(machine->AsPlatform(machine->Boxes));
+  console.emplace(*platform);
+  const StoreTroubleBoxes troubles(machine->Store, machine->Shown, machine->Boxes, machine->Events);
+  BoxAnswerer answerer;
+  machine->Events.Deliver([this] { console->Start(); });
+  const auto mainIsUp = [this] { return machine->Shown.WindowOf(console->Main()) != nullptr; };
+  while (!mainIsUp()) {
+    machine->Events.Wait(Milliseconds(10));
+    ASSERT_TRUE(answerer.Texts.empty() || mainIsUp());
+  }
+  ASSERT_TRUE(Until([&] { return !answerer.Texts.empty(); }));
+  // The same trouble again is no news; another kind is.
+  std::ofstream(file) << '\x01';
+  machine->Store.Reload();
+  std::filesystem::remove(file);
+  std::filesystem::create_directory(file);
+  machine->Store.Write("Preferences", "KeepAlive", "False");
+  ASSERT_TRUE(Until([&] { return answerer.Texts.size() > 1; }));
+  EXPECT_THAT(answerer.Texts, ElementsAre("The preferences file is damaged.",
+                                          "The preferences file cannot be read."));
+  EXPECT_EQ(answerer.Details.back().find("The file " + file.string() + " is there, but"), 0u);
 }
 
 }  // namespace

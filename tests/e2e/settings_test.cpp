@@ -90,6 +90,7 @@ TEST_F(Program, TheTabKeyFollowsTheEye) {
   Launch();
   frmOrvalent& main = console->Main();
   Session& session = console->Shared();
+  Conversation& talk = console->Talk();
   main.DLINK.Text = "DLINK 19200 (OFF)";
   const auto code = frmLogin::Command::Code;
   struct Case {
@@ -97,16 +98,18 @@ TEST_F(Program, TheTabKeyFollowsTheEye) {
     const char* Order;
   };
   const Case cases[] = {
-      {std::make_shared<frmLogin>(*platform, session, main, code),
+      {std::make_shared<frmLogin>(*platform, main, talk, code),
        "txtPassword NoneButton cmdOK cmdCancel"},
-      {std::make_shared<frmSetPass>(*platform, session, main), "PassRadio_1 OKButton CancelButton"},
-      {std::make_shared<frmSetup>(*platform, session, main),
+      {std::make_shared<frmSetPass>(*platform, session, main, talk),
+       "PassRadio_1 OKButton CancelButton"},
+      {std::make_shared<frmSetup>(*platform, session, main, talk),
        "RxFrequency TxFrequency Key ExitButton"},
-      {std::make_shared<frmDTYPEOptions>(*platform, main), "NodeButton CancelButton RootButton"},
+      {std::make_shared<frmDTYPEOptions>(*platform, main, talk),
+       "NodeButton CancelButton RootButton"},
       {std::make_shared<frmPreferences>(machine->Store, session, main),
        "ConnectOnLaunchCheck KeepAliveCheck LogoutCheck BoldCheck TextColorList "
        "BackgroundColorList OKButton CancelButton"},
-      {std::make_shared<frmDLINKOptions>(*platform, main),
+      {std::make_shared<frmDLINKOptions>(*platform, main, talk),
        "OnOption_1 BaudRate_4 OKButton CancelButton"},
   };
   for (const Case& each : cases) {

@@ -2,10 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <fstream>
-#include <functional>
-#include <string>
 
 #include "sim/bench.h"
 #include "sim/firmware_image.h"

@@ -26,49 +26,34 @@ class UpgradeSessionTest : public UpgradeBench {
 
 TEST_F(UpgradeSessionTest, RadiosThatDoNotGoIntoTheirLoader) {
   const std::string attempt = "\x1B\r\n" + Bursts(4);
+  const std::string twice = "PROGRAM\rYES\r" + attempt + attempt;
   std::string thirty;
   for (int i = 0; i < 30; ++i) thirty += attempt;
   const struct {
     const char* Name;
-    sim::SimRadioOptions Options;
-    std::function<void()> Prepare;
+    const char* Password;
+    int SilentFrom;
+    const char* Question;  // another reply to PROGRAM
+    bool Prompt;
     std::optional<Answer> Erase;
     std::string Sent;
     Duration Takes;
   } cases[] = {
-      {"the user says no", {}, [] {}, Answer::No, "PROGRAM\rNO\r", {}},
-      {"silence", {}, [&] { Faults().SilentFrom = 1; }, {}, "PROGRAM\r", Seconds(3)},
-      {"a damaged question",
-       {},
-       [&] { Radio().SetReply("program", "\r\nARE YOU SUQE?\r\n"); },
-       {},
-       "PROGRAM\r",
+      {"the user says no", "", 0, "", true, Answer::No, "PROGRAM\rNO\r", {}},
+      {"silence", "", 1, "", true, {}, "PROGRAM\r", Seconds(3)},
+      {"a damaged question", "", 0, "\r\nARE YOU SUQE?\r\n", true, {}, "PROGRAM\r", Seconds(3)},
+      {"a question without a prompt", "", 0, surely, false, Answer::No, "PROGRAM\rNO\r",
        Seconds(3)},
-      {"a question without a prompt",
-       {},
-       [&] { Radio().SetReply("program", surely, false); },
-       Answer::No,
-       "PROGRAM\rNO\r",
-       Seconds(3)},
-      {"falls back to its prompt",
-       {.Password = "abcd"},
-       [&] { Radio().SetReply("program", surely); },
-       Answer::Yes,
-       "PROGRAM\rYES\r" + attempt + attempt,
-       {}},
-      {"dead after YES",
-       {},
-       [&] { Faults().SilentFrom = 2; },
-       Answer::Yes,
-       "PROGRAM\rYES\r" + thirty + "CLOS\r",
-       {}},
+      {"back at its prompt", "abcd", 0, surely, true, Answer::Yes, twice, {}},
+      {"dead after YES", "", 2, "", true, Answer::Yes, "PROGRAM\rYES\r" + thirty + "CLOS\r", {}},
   };
   StartConnected();
   const auto file = Image();
   for (const auto& c : cases) {
     SCOPED_TRACE(c.Name);
-    UseRadio(c.Options);
-    c.Prepare();
+    UseRadio({.Password = c.Password});
+    Faults().SilentFrom = c.SilentFrom;
+    if (*c.Question != '\0') Radio().SetReply("program", c.Question, c.Prompt);
     if (c.Erase) ExpectErase(*c.Erase);
     const Duration began = Now();
     Upgrade(file);
@@ -117,28 +102,6 @@ TEST_F(UpgradeSessionTest, SmallLargeAndForeignFiles) {
     ExpectConnected();
     ASSERT_TRUE(Click("tbr_Disconnect"));
   }
-}
-
-TEST_F(UpgradeSessionTest, TheLineBelongsToTheTransfer) {
-  StartInLoader();
-  const auto file = Image(65536);
-  WhileSending([&] {
-    // The main window comes to the front; this one is shown anew.
-    As<Form>("frmProgram").AlwaysOnTop = false;
-    EXPECT_TRUE(Click("ButtonRefresh"));
-    EXPECT_TRUE(As<Form>("frmProgram").AlwaysOnTop());
-    Main().NextKeepAlive = Now();
-    // A second upgrade is not to be had, whatever enables its entries.
-    Main().tbr_TransmitTextFile.Enabled = true;
-    EXPECT_TRUE(Click("tbr_TransmitTextFile"));
-    EXPECT_TRUE(WindowOpen("frmProgram"));
-    EXPECT_FALSE(Shared().TransferStop);
-  });
-  ExpectSuccess().StaysUp(Seconds(600));
-  Upgrade(file);
-  const std::string whole = LoaderPrelude() + sim::FirmwareImage("3.2.1", 65536) + "EXIT\rCLOS\r";
-  EXPECT_THAT(Sent(), StartsWith(whole));
-  ExpectConnected();
 }
 
 // A driver that refuses the session's rate once must not leave the line at the loader's.

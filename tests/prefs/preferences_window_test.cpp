@@ -1,24 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include "sim/bench.h"
+#include "window_bench.h"
 
 namespace quillmark {
 namespace {
 
-class PreferencesWindowTest : public sim::Bench {
- public:
-  void InWindow(std::function<void()> acts) {
-    ExpectWindow("frmPreferences").Do(std::move(acts));
-    ASSERT_TRUE(Click("mnuPreferences"));
-    CheckExpectations();
-  }
-};
+using PreferencesWindowTest = WindowBench;
 
 TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
   Start();
-  InWindow([&] {
+  InWindow("mnuPreferences", "frmPreferences", [&] {
     EXPECT_EQ(Text("frmPreferences"), "Preferences");
     EXPECT_EQ(As<ListBox>("TextColorList").Items(),
               (std::vector<std::string>{"White", "Black", "Light Blue", "Blue", "Navy Blue", "Red",
@@ -35,7 +26,7 @@ TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
   }
   EXPECT_EQ(stored, "10027008 16777215 True False ");
 
-  InWindow([&] {
+  InWindow("mnuPreferences", "frmPreferences", [&] {
     for (const char* box : {"ConnectOnLaunchCheck", "KeepAliveCheck", "LogoutCheck", "BoldCheck"}) {
       EXPECT_TRUE(Click(box));
     }
@@ -55,7 +46,7 @@ TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
   expectInForce();
   Restart();
   expectInForce();
-  InWindow([&] {
+  InWindow("mnuPreferences", "frmPreferences", [&] {
     EXPECT_TRUE(Edit("TextColorList", "Red"));
     EXPECT_TRUE(Click("CancelButton"));
   });
@@ -63,7 +54,7 @@ TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
   EXPECT_EQ(Stored("Preferences", "TextColor"), std::to_string(0xD2FAFA));
   // A colour of no row leaves the list at its first.
   Main().txtTerm.ForeColor = 0x123456;
-  InWindow([&] {
+  InWindow("mnuPreferences", "frmPreferences", [&] {
     EXPECT_EQ(Text("TextColorList"), "White");
     EXPECT_TRUE(CloseWindow("frmPreferences"));
   });

@@ -211,24 +211,6 @@ TEST(Binder, OneOptionIsChosenAndTheControlsHaveTheLastWord) {
   EXPECT_EQ(chosen(), std::pair(false, true));
 }
 
-TEST(Binder, ASecretShowsAsStarsAndIsSelectedToBeTypedOver) {
-  SmallForm form;
-  SmallWindow window;
-  PlainActs acts;
-  Binder binder(form, window, acts);
-  form.txtName.Text = "abcd";
-  form.txtName.Secret = true;
-  form.txtName.MaxLength = 4;
-  binder.Join();
-  EXPECT_EQ(window.txtName->displayText(), "****");
-  EXPECT_EQ(window.txtName->maxLength(), 4);
-  form.txtName.SetSelStart(1);
-  form.txtName.SetSelLength(3);
-  binder.MoveFocus(form.txtName);
-  EXPECT_EQ(window.txtName->selectionStart(), 1);
-  EXPECT_EQ(window.txtName->selectionLength(), 3);
-}
-
 TEST(Binder, ColoursStandBesideTheirNames) {
   SmallForm form;
   SmallWindow window;

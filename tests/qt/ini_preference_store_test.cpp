@@ -3,18 +3,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <pwd.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <QElapsedTimer>
 #include <QLockFile>
 #include <QTemporaryDir>
-#include <csignal>
 #include <fstream>
 #include <map>
 #include <sstream>
 #include <utility>
 
+#include "limited_files.h"
 #include "qt/qt_desktop.h"
 
 namespace quillmark {
@@ -44,16 +43,6 @@ class StoreFile : public testing::Test {
   void Listen(IniPreferenceStore& store) {
     store.TellTroubles([this](const auto& trouble) { told.push_back(trouble.Text); });
   }
-  // No file grows over so many bytes; returns what held before.
-  static rlim_t LimitFiles(rlim_t size) {
-    signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlim_t before = std::exchange(limit.rlim_cur, size);
-    setrlimit(RLIMIT_FSIZE, &limit);
-    return before;
-  }
-
   QTemporaryDir folder;
   std::vector<std::string> told;
 };
@@ -156,9 +145,10 @@ TEST_F(StoreFile, AFullDiskLeavesTheOldFileWhole) {
   Put(old);
   IniPreferenceStore store(File());
   Listen(store);
-  const rlim_t roomy = LimitFiles(2000);
-  for (int again = 0; again < 2; ++again) store.Write("Properties", "CommPort", "4");
-  LimitFiles(roomy);
+  for (int again = 0; again < 2; ++again) {
+    const LimitedFiles limited(2000);
+    store.Write("Properties", "CommPort", "4");
+  }
   EXPECT_EQ(TextOf(File()), old);
   EXPECT_EQ(FilesInFolder(), 1);
   EXPECT_EQ(store.Read("Properties", "CommPort", "1"), "4");

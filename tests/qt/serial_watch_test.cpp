@@ -56,10 +56,8 @@ TEST(LineWatch, EachCountAndLevelHasItsCode) {
       {{1008}, [](auto& count, auto&) { count.BufferOverflow += 1; }},
       {{1009}, [](auto& count, auto&) { count.Parity += 2; }},
       {{3}, [](auto& count, auto&) { count.Cts += 2; }},
-      {{4}, [](auto& count, auto&) { count.Dsr += 1; }},
       {{5}, [](auto& count, auto&) { count.Carrier += 1; }},
       {{6}, [](auto& count, auto&) { count.Ring += 1; }},
-      {{3}, [](auto&, auto& level) { level.Cts = false; }},
       {{4}, [](auto&, auto& level) { level.Dsr = true; }},
       {{5}, [](auto&, auto& level) { level.Carrier = false; }},
       {{}, [](auto&, auto& level) { level.Ring = false; }},  // the end of a ring

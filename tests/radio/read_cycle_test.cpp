@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <string>
-#include <vector>
 
 #include "sim/bench.h"
 
@@ -196,18 +194,6 @@ TEST_F(ReadCycleTest, ARadioThatIsLetGoWhileAReadLooksForItStaysLetGo) {
   }
 }
 
-// The reply to the command before comes behind the next echo.
-TEST_F(ReadCycleTest, ALateReplyBehindTheNextEchoIsNotTakenForItsReply) {
-  StartConnected({.ThinkTime = Milliseconds(100)});
-  Main().BaudRate.Text = "old";
-  Faults().SilentFrom = Radio().CommandCount() + 9;  // pwr
-  Faults().SilentUntil = Radio().CommandCount() + 9;
-  OnCommand("baud", [&] { Radio().Unsolicited(Now(), "\r\nPWR 30 dBm\r\n>"); });
-  ASSERT_TRUE(Refresh());
-  EXPECT_EQ(Text("BaudRate"), "BAUD 4800 8N1");
-  EXPECT_EQ(Text("Port"), "PORT RS232");
-}
-
 TEST_F(ReadCycleTest, SetupModeLeftInTheMiddleOfARead) {
   StartConnected();
   Type("txtTerm", "setup\r");
@@ -264,6 +250,30 @@ TEST_F(ReadCycleTest, ARequestDuringAReadBringsAnotherOne) {
   ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 3; }));
   Run(Seconds(5));
   EXPECT_EQ(ReadCycles(), 3);
+}
+
+// The probe programs the owner's name with what it holds: the one write that a connect makes.
+TEST_F(ReadCycleTest, TheLoginIsProbedOnceForEachConnect) {
+  UseRadio({.Password = "abcd"});
+  Start();
+  ASSERT_TRUE(Connect());
+  const auto commands = SentCommands();
+  const auto at = std::find(commands.begin(), commands.end(), "deco");
+  ASSERT_NE(at, commands.end());
+  EXPECT_THAT(std::vector<std::string>(at - 1, at + 4),
+              ElementsAre("own", "deco", "own Quillmark SS", "eeco", "owm"));
+  EXPECT_TRUE(Enabled("tbr_Login"));
+  EXPECT_FALSE(Enabled("tbr_Logout"));
+  EXPECT_TRUE(Radio().Echo());
+  EXPECT_THAT(Text("txtTerm"), Not(HasSubstr("own Quillmark SS")));
+  ClearLog();
+  ASSERT_TRUE(Refresh());
+  EXPECT_THAT(SentCommands(), Not(Contains("deco")));
+  ASSERT_TRUE(Click("tbr_Disconnect"));
+  UseRadio({.Password = "abcd", .LoggedIn = true});
+  ASSERT_TRUE(Connect());
+  EXPECT_FALSE(Enabled("tbr_Login"));
+  EXPECT_TRUE(Enabled("tbr_Logout"));
 }
 
 }  // namespace

@@ -1,30 +1,17 @@
 #include <gmock/gmock.h>
 
-#include <memory>
-#include <string>
-
-#include "settings/frmSimpleXMAP.h"
-#include "sim/bench.h"
+#include "window_bench.h"
 
 namespace quillmark {
 namespace {
 
 using ::testing::HasSubstr;
 
-class OptionWindowsTest : public sim::Bench {
+class OptionWindowsTest : public WindowBench {
  public:
   void ShowSettings(sim::SimRadioOptions options = {}) {
     StartConnected(std::move(options));
     ASSERT_TRUE(Click("ButtonAdv"));
-  }
-  // Opens the row's window, does the acts, and gives what went out meanwhile.
-  std::string InWindow(const std::string& row, const std::string& window,
-                       std::function<void()> acts) {
-    ClearLog();
-    ExpectWindow(window).Do(std::move(acts));
-    EXPECT_TRUE(Click(row));
-    CheckExpectations();
-    return Sent();
   }
 };
 
@@ -43,7 +30,6 @@ TEST_F(OptionWindowsTest, TheDiagnosticLink) {
               EXPECT_TRUE(Click("CancelButton"));
             }),
             "\r");
-  EXPECT_TRUE(Shared().RefreshRequested);
   const Duration began = Now();
   EXPECT_EQ(inWindow([&] {
               EXPECT_TRUE(Click("OnOption_1"));
@@ -63,8 +49,6 @@ TEST_F(OptionWindowsTest, TheDiagnosticLink) {
               EXPECT_TRUE(Click("OKButton"));
             }),
             "dlink on\r\r");
-  // The close box goes the same way.
-  EXPECT_EQ(inWindow([&] { EXPECT_TRUE(CloseWindow("frmDLINKOptions")); }), "\r");
 }
 
 TEST_F(OptionWindowsTest, TheDiagnosticType) {
@@ -171,51 +155,6 @@ TEST_F(OptionWindowsTest, TheExtensionMapAskedForInTheMiddleOfARead) {
   OnCommand("pwr", [&] { EXPECT_TRUE(Click("XMAP")); });
   ASSERT_TRUE(Refresh());
   Run(Seconds(1));
-}
-
-TEST_F(OptionWindowsTest, BothStagesOfTheGuidedMap) {
-  ShowSettings();
-  const auto show = [&](std::function<void()> acts) {
-    ClearLog();
-    ExpectWindow("frmSimpleXMAP").Do(std::move(acts));
-    Main().DirectPortMode = true;
-    Events().Deliver([&] {
-      Machine().Windows.ShowModal(
-          std::make_shared<frmSimpleXMAP>(Machine(), Main(), Application().Talk()), Main());
-    });
-    Main().DirectPortMode = false;
-    CheckExpectations();
-    return Sent();
-  };
-  EXPECT_EQ(show([&] {
-              EXPECT_EQ(Text("frmSimpleXMAP"), "XMAP Setting");
-              EXPECT_EQ(Text("lblXMap"), "Current XMAP selection: 00000000");
-              EXPECT_TRUE(Click("chkXADDR_2"));
-              EXPECT_TRUE(Click("chkXADDR_31"));
-              EXPECT_EQ(Text("lblXMap"), "Current XMAP selection: 80000004");
-              EXPECT_TRUE(Click("cmdSet"));
-              EXPECT_EQ(Text("frmSimpleXMAP"), "XPRI Setting");
-              EXPECT_EQ(Text("lblMain"),
-                        "Select the AP/REPEATER from the XMAP that you want this remote to "
-                        "associate with first.");
-              EXPECT_FALSE(Visible("lblMaster"));
-              EXPECT_TRUE(Checked("chkXADDR_1"));
-              EXPECT_FALSE(Click("chkXADDR_1"));  // not in the map
-              EXPECT_TRUE(Click("chkXADDR_31"));
-              EXPECT_FALSE(Checked("chkXADDR_1"));
-              EXPECT_TRUE(Click("chkXADDR_2"));
-              EXPECT_TRUE(Click("cmdSet"));
-            }),
-            "XMAP 80000004\rXPRI 2\r");
-  EXPECT_EQ(Radio().Setting("xmap"), "80000004");
-  EXPECT_EQ(Radio().Setting("xpri"), "2");
-  EXPECT_EQ(show([&] {
-              EXPECT_TRUE(Click("chkXADDR_5"));
-              EXPECT_TRUE(Click("cmdSet"));
-              EXPECT_TRUE(Click("cmdSet"));  // box 1, though not in the map
-            }),
-            "XMAP 00000020\rXPRI 1\r");
-  EXPECT_EQ(show([&] { EXPECT_TRUE(Click("cmdCancel")); }), "");
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest-spi.h>
 
-#include <string>
-
 #include "controls/timer.h"
 
 namespace quillmark {

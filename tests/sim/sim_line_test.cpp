@@ -140,16 +140,5 @@ TEST(SimLine, BabblesFromTheMomentItIsToldTo) {
   EXPECT_EQ(talk.Pass(std::chrono::seconds(1)), "");
 }
 
-TEST(SimLine, KeepsOnlyTheEndOfALongLog) {
-  Talk talk;
-  talk.line.SetLogLimit(100);
-  for (int i = 0; i < 100; ++i) talk.Send("mode\r");
-  EXPECT_LE(talk.line.Log().Received().size(), 125U);
-  EXPECT_TRUE(talk.line.Log().Received().ends_with("mode\r\nMODE R\r\n>"));
-  EXPECT_EQ(talk.line.Log().ToRadio().Times.size(), talk.line.Log().Sent().size());
-  talk.line.ClearLog();
-  EXPECT_EQ(talk.line.Log().Sent() + talk.line.Log().Received(), "");
-}
-
 }  // namespace
 }  // namespace quillmark::sim
