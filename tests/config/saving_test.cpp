@@ -128,6 +128,20 @@ TEST_F(SavingTest, ALinkThatIsLostBehindTheQuestionCostsTheOldFileNothing) {
   EXPECT_FALSE(std::filesystem::exists(InScratch("f.txt.bak")));
 }
 
+TEST_F(SavingTest, AFailureLeavesTheShortenedFileAndTheOldOneBesideIt) {
+  StartConnected({.Mode = 'M'});
+  ProgramOddValues(Radio());
+  Write(InScratch("f.txt"), "old");
+  ExpectBox("File I/O Error").Reply(Answer::Yes);
+  ExpectBox("Radio Communications Error");
+  Faults().SilentFrom = Faults().SilentUntil = Radio().CommandCount() + 12;
+  const std::string saved = Save("f.txt");
+  EXPECT_THAT(OddFile('M', "3.2.0"), StartsWith(saved));
+  EXPECT_THAT(saved, HasSubstr("\r\nOWM Spare\r\n"));
+  EXPECT_EQ(Contents(InScratch("f.txt.bak")), "old");
+  ExpectIdle();
+}
+
 TEST_F(SavingTest, RepliesOutOfShape) {
   const struct {
     const char *Name, *Word, *Reply, *Line;
