@@ -24,6 +24,9 @@ bool IsControl(char c) {
 
 bool IsLikely(const Conversation::Question& question, std::string_view text) {
   if (!question.ManyLines && std::any_of(text.begin(), text.end(), IsControl)) return false;
+  // The prompt of another line may have come ahead of it.
+  const PromptPlace prompt = FindPrompt(text, 0, true);
+  if (prompt.Kind != PromptKind::None && prompt.At == 0) return false;
   if (SaysNoValue(text) || question.Opening.empty()) return true;
   return FindAnyCase(text, question.Opening) == 1 && !Holds(text, ">");
 }
@@ -171,9 +174,14 @@ bool Conversation::Decided(const Reply& reply) const {
 }
 
 Reply Conversation::AwaitReply(const Question& question) {
-  const ReplyForm form{.Command = question.Command, .Echo = question.Echo, .EarlierPrompts = late};
+  const ReplyForm form{.Command = question.Command,
+                       .Echo = question.Echo,
+                       .EarlierPrompts = late,
+                       .PromptInText = question.InValue == Question::Bracket::Stays};
+  const Duration silent = events.Now() + question.Limit;
   Reply reply;
-  AwaitText(question.Limit, [&] {
+  AwaitText(std::max(question.Limit, question.LimitOnceBegun), [&] {
+    if (!HasBegun()) return events.Now() >= silent;
     // Without a prompt there is nothing to take apart.
     if (session.RxBuffer.View().find('>') == std::string_view::npos) return false;
     reply = FindReply(session.RxBuffer, form);

@@ -55,6 +55,8 @@ class Conversation {
   void Clear() { session.RxBuffer = ""; }
   // The last prompt that came at the head of a line.
   PromptKind LastPrompt() const { return lastPrompt; }
+  // Something has come since the last priming.
+  bool HasBegun() const { return Received().size() > 1; }
   // What has come since the last priming ends in a prompt.
   bool AtPrompt() const { return PromptAtEnd(session.RxBuffer) != PromptKind::None; }
   // Lines that were sent and have not drawn their prompt so far.
@@ -78,6 +80,8 @@ class Conversation {
   struct Question {
     std::string Command;
     Duration Limit = Seconds(4);
+    // A radio that has begun to answer gets that long instead, if it is longer.
+    Duration LimitOnceBegun{};
     // What a value begins with, in whatever case; one that does not, or holds a ">", is asked for
     // again unless the radio says that it has none. Empty: any text.
     std::string_view Opening{};

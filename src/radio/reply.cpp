@@ -67,12 +67,33 @@ std::size_t SkipEarlierPrompts(std::string_view text, std::size_t at, int earlie
   return at;
 }
 
-Reply Judge(std::string_view body, bool headAhead) {
+// A line end that has lost one of its characters, or got one more.
+bool HasHurtLineEnd(std::string_view text) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text.substr(at).starts_with(lineEnd)) {
+      ++at;
+    } else if (text[at] == '\r' || text[at] == '\n') {
+      return true;
+    }
+  }
+  return false;
+}
+
+PromptPlace FindLastPrompt(std::string_view text, bool head, bool promptInText) {
+  PromptPlace prompt = FindPrompt(text, 0, head);
+  while (promptInText && prompt.Kind != PromptKind::None &&
+         !text.substr(prompt.End, 1).starts_with('\r') && prompt.End != text.size()) {
+    prompt = FindPrompt(text, prompt.End, false);
+  }
+  return prompt;
+}
+
+Reply Judge(std::string_view body, bool headAhead, bool promptInText) {
   Reply reply;
   std::string_view rest = body;
   const bool ahead = rest.starts_with(lineEnd);
   if (ahead) rest.remove_prefix(lineEnd.size());
-  const PromptPlace prompt = FindPrompt(rest, 0, ahead || headAhead);
+  const PromptPlace prompt = FindLastPrompt(rest, ahead || headAhead, promptInText);
   if (prompt.Kind == PromptKind::None) {
     // A prompt whose line end was hurt looks like a part of the text.
     if (rest.ends_with('>')) reply.Came = Reply::State::Damaged;
@@ -82,7 +103,7 @@ Reply Judge(std::string_view body, bool headAhead) {
   const std::string_view text = rest.substr(0, prompt.At);
   if (text.empty()) {
     reply.Came = Reply::State::Bare;
-  } else if ((!ahead && !headAhead) || !text.ends_with(lineEnd)) {
+  } else if ((!ahead && !headAhead) || !text.ends_with(lineEnd) || HasHurtLineEnd(text)) {
     reply.Came = Reply::State::Damaged;
   } else {
     reply.Came = Reply::State::Whole;
@@ -139,7 +160,7 @@ Reply FindReply(std::string_view received, const ReplyForm& form) {
     return reply;
   }
   const std::size_t start = SkipEarlierPrompts(received, echoEnd, form.EarlierPrompts);
-  Reply reply = Judge(received.substr(start), start != echoEnd);
+  Reply reply = Judge(received.substr(start), start != echoEnd, form.PromptInText);
   reply.EchoSeen = form.Echo && !form.Command.empty();
   // A line end in front of the text answers a carriage return that came twice.
   if (reply.Came == Reply::State::Whole &&
@@ -163,7 +184,10 @@ bool IsRefusal(std::string_view text) {
 }
 
 bool SaysNoValue(std::string_view text) {
-  return HoldsAny(text, {"n/a", "SELECTED OPTION", "PROGRAMMABLE ONLY", "NOT AVAILABLE"});
+  constexpr std::array<std::string_view, 4> wordings{"n/a", "NOT ", "SELECTED OPTION",
+                                                     "PROGRAMMABLE ONLY"};
+  return std::any_of(wordings.begin(), wordings.end(),
+                     [text](std::string_view words) { return FindAnyCase(text, words) == 1; });
 }
 
 }  // namespace quillmark

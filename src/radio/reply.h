@@ -43,9 +43,10 @@ struct Reply {
 };
 
 struct ReplyForm {
-  std::string_view Command;  // as it was sent; the echo has the same letters
-  bool Echo = true;          // the radio echoes
-  int EarlierPrompts = 0;    // so many prompts of earlier lines may stand in front of the text
+  std::string_view Command;   // as it was sent; the echo has the same letters
+  bool Echo = true;           // the radio echoes
+  int EarlierPrompts = 0;     // so many prompts of earlier lines may stand in front of the text
+  bool PromptInText = false;  // the text may begin like a prompt, but for the line end behind it
 };
 
 Reply FindReply(std::string_view received, const ReplyForm& form);
@@ -56,7 +57,8 @@ std::optional<std::string> ValueOf(const Reply& reply);
 
 // Whether the text says that the command was not taken.
 bool IsRefusal(std::string_view text);
-// Whether the text says that there is no such value in this radio, or not in its mode.
+// Whether the text says, from its head on, that there is no such value in this radio, or not in its
+// mode.
 bool SaysNoValue(std::string_view text);
 
 }  // namespace quillmark
