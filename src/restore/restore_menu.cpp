@@ -32,7 +32,7 @@ void RestoreMenu::Wire() {
     if (const auto shown = window.lock()) shown->MSComm2_OnComm();
   };
   main.mnuConfigRestore.OnClick = [this] {
-    if (MayStart && !MayStart()) return;
+    if (probing || (MayStart && !MayStart())) return;
     radio.Turns.WhenFree(main.mnuConfigRestore, [this] {
       if (!MayStart || MayStart()) mnuConfigRestore_Click();
     });
@@ -41,7 +41,6 @@ void RestoreMenu::Wire() {
 }
 
 void RestoreMenu::mnuConfigRestore_Click() {
-  if (probing) return;
   if (const auto shown = window.lock(); shown && shown->Loaded()) {
     platform.Dialogs.Message({"The window is already open.", "Error", Icon::Exclamation});
     return;
