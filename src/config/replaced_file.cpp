@@ -138,9 +138,17 @@ bool ReplacedFile::PutBack() {
   return true;
 }
 
+std::string ReplacedFile::PlaceOfOld() const {
+  return "What the file held before is in " + PathText(backup);
+}
+
+void ReplacedFile::Abandon() {
+  if (!PutBack()) throw FileError(PlaceOfOld());
+}
+
 void ReplacedFile::Fail() {
   std::string text = PathText(target) + ": " + Cause(LastError());
-  if (!PutBack()) text += "\r\n\r\nWhat the file held before is in " + PathText(backup);
+  if (!PutBack()) text += "\r\n\r\n" + PlaceOfOld();
   throw FileError(text);
 }
 

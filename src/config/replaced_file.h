@@ -45,11 +45,14 @@ class ReplacedFile {
   void Line(std::string_view text);
   // Everything has been written: the old file goes. Throws FileError.
   void Complete();
+  // Nothing is to be saved after all: the old file stands in its place again. Throws FileError.
+  void Abandon();
 
  private:
   void KeepOld(const std::filesystem::path& dataFolder);
   void CopyOld(const std::filesystem::path& folder);
   bool PutBack();
+  std::string PlaceOfOld() const;
   [[noreturn]] void Fail();
 
   std::filesystem::path target;

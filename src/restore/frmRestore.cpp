@@ -33,7 +33,7 @@ frmRestore::frmRestore(Platform& machine, Session& shared, frmOrvalent& window,
       main(window),
       connection(radioLink),
       link(machine, shared, window, *this),
-      reader(machine, *this, link, shared),
+      reader(*this, link, shared),
       loader(machine, shared, *this, *this),
       saver(machine, shared, *this, link, *this) {
   Caption = "Configuration Store/Restore";
@@ -152,7 +152,7 @@ void frmRestore::OpenAndWake() {
     const Counted underWay(reads);
     try {
       link.Open();
-      reader.WakeRadio();
+      link.Wake([this] { return CloseRequested; });
       ReadPending = true;
       readTimerStarted = true;
     } catch (const SerialError& error) {
@@ -230,7 +230,8 @@ void frmRestore::Run(Task task) {
   } ended{taskRuns};
   if (task == Task::Program) {
     ProgramSelected();
-  } else {
+  } else if (tbr_SaveConfig.Enabled()) {
+    // Still so: the click may have waited for a read that brought nothing.
     SaveConfiguration();
   }
 }
@@ -264,6 +265,9 @@ void frmRestore::SaveTo(const std::filesystem::path& path) {
     saver.Write(path);
   } catch (const SerialError& error) {
     return ShowLinkError(platform.Dialogs, error);
+  } catch (const RestoreLinkLost&) {
+    // The user has been told.
+    return;
   } catch (const FileError& error) {
     platform.Dialogs.Message(
         {std::string("The configuration was not saved.\r\n\r\n") + error.what(), "File Error",

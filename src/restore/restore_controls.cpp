@@ -83,7 +83,7 @@ RestoreControls::RestoreControls(Form& form, EventLoop& events)
                     "These features are only accessible with radio firmware versions 2.0.0 and above."),
       DescriptionFrame(form, &form, "DescriptionFrame"),
       Label1(form, &DescriptionFrame, "Label1", "Select Settings to reprogram in the radio:"),
-      Label2(form, &DescriptionFrame, "Label2", "Current Settings:"),
+      Label2(form, &DescriptionFrame, "Label2", CurrentHeading),
       FileSettingsLabel(form, &DescriptionFrame, "FileSettingsLabel", "Settings in file"),
       Frame2(form, &form, "Frame2"),
       ProgressLabel(form, &Frame2, "ProgressLabel"),

@@ -32,6 +32,9 @@ class RestoreRowControls {
   void Enable(bool enabled);
 };
 
+// The heading of the radio's column.
+inline constexpr const char* CurrentHeading = "Current Settings:";
+
 // The controls of the store and restore window and the flags that its work shares. Part of the
 // window, and as long-lived. Positions are twips.
 class RestoreControls {

@@ -3,7 +3,7 @@
 #include "link/comm_events.h"
 #include "link/serial_failure.h"
 #include "prefs/utilities.h"
-#include "text/text.h"
+#include "radio/wake.h"
 
 namespace quillmark {
 
@@ -11,64 +11,26 @@ namespace {
 
 constexpr int promptTime = 50;  // ms, from a carriage return to the look for its prompt
 constexpr int retryPause = 100;
-constexpr int firstLook = 50;
-constexpr int lookInterval = 10;
-constexpr int lastLook = 400;
-
-constexpr std::string_view lineEnd = "\r\n";
-
-// The place behind a prompt that stands alone at `at`, behind a line end and in front of another
-// one; or `at` itself. A value may begin with ">".
-std::size_t SkipBarePrompt(std::string_view text, std::size_t at) {
-  for (const std::string_view bare : {"\r\n>", "\r\nSETUP>"}) {
-    const std::string_view rest = text.substr(at);
-    if (rest.starts_with(bare) && rest.substr(bare.size()).starts_with(lineEnd)) {
-      return at + bare.size();
-    }
-  }
-  return at;
-}
-
-// The place, from 0, of the prompt that ends a value: at the head of a line, and nothing but a line
-// end behind it. A ">" within a value is none.
-std::size_t FindPrompt(std::string_view text, std::size_t from, std::string_view prompt) {
-  for (std::size_t at = text.find(prompt, from); at != std::string_view::npos;
-       at = text.find(prompt, at + 1)) {
-    const std::string_view before = text.substr(from, at - from);
-    const std::string_view behind = text.substr(at + prompt.size());
-    if (before.ends_with(lineEnd) && (behind.empty() || behind.starts_with('\r'))) return at;
-  }
-  return std::string_view::npos;
-}
+constexpr Duration firstLook = Milliseconds(50);
+constexpr Duration lastLook = Milliseconds(400);
+// For a radio that has begun to answer.
+constexpr Duration longestAnswer = Seconds(1);
+constexpr Duration longestBacklog = Seconds(30);
 
 }  // namespace
 
-std::optional<std::string> CutRestoreReply(std::string_view received, std::string_view word,
-                                           bool inSetupMode) {
-  const std::size_t echo = received.find(word);
-  if (echo == std::string_view::npos) return std::nullopt;
-  std::size_t start = echo + word.size();
-  for (std::size_t next = SkipBarePrompt(received, start); next != start;
-       next = SkipBarePrompt(received, start)) {
-    start = next;
-  }
-  start += lineEnd.size();
-  if (start > received.size()) return std::nullopt;
-  std::size_t prompt = FindPrompt(received, start, inSetupMode ? "SETUP>" : ">");
-  // The radio may have left setup mode meanwhile.
-  if (inSetupMode && prompt == std::string_view::npos) prompt = FindPrompt(received, start, ">");
-  if (prompt == std::string_view::npos) return std::nullopt;
-  return std::string(received.substr(start, prompt - lineEnd.size() - start));
-}
-
 RestoreLink::RestoreLink(Platform& machine, Session& shared, frmOrvalent& mainWindow,
                          const Form& itsWindow)
-    : platform(machine), session(shared), main(mainWindow), window(itsWindow) {}
+    : platform(machine),
+      session(shared),
+      main(mainWindow),
+      window(itsWindow),
+      radio(machine.MSComm2, machine.Events, shared, mainWindow, Conversation::Hears::Itself) {}
 
 void RestoreLink::Open() {
   SerialPort& port = platform.MSComm2;
   if (port.PortOpen()) {
-    SendToRadio("CLOS\r");
+    SendToRadio("CLOS");
     main.txtTerm.Text = main.txtTerm.Text() +
                         "*** CLOS command sent to the radio before disabling the COMM port. "
                         "***\r\n";
@@ -78,6 +40,19 @@ void RestoreLink::Open() {
   port.SetHandshaking(platform.MSComm1.Handshaking());
   port.SetCommPort(platform.MSComm1.CommPort());
   port.SetPortOpen(true);
+  radio.Restart();
+}
+
+void RestoreLink::Wake(const std::function<bool()>& cancelled) {
+  bool over = false;
+  radio.Prime();
+  WakeRadio(platform, radio,
+            {.Pump =
+                 [&] {
+                   Pump();
+                   over = !IsOpen() || cancelled();
+                 },
+             .Cancelled = [&over] { return over; }});
 }
 
 void RestoreLink::Sleep(int ms) { WaitMilliseconds(platform.Events, ms); }
@@ -87,49 +62,81 @@ void RestoreLink::Pump() {
   if (!window.Loaded()) throw RestoreLinkLost{};
 }
 
-std::string RestoreLink::Take() {
-  std::string input = platform.MSComm2.Input();
+void RestoreLink::Drop() {
+  radio.Take();
+  AwaitBacklog();
+  CheckOpen();
+  radio.Prime();
+}
+
+// A slow radio is still busy with the wake, or with what the main window has asked.
+void RestoreLink::AwaitBacklog() {
+  const Duration deadline = platform.Events.Now() + longestBacklog;
+  while (radio.PromptsDue() > 0 && radio.QuietFor() < longestAnswer && IsOpen() &&
+         platform.Events.Now() < deadline) {
+    radio.AwaitQuiet(longestAnswer, Milliseconds(100));
+    Pump();
+  }
+  radio.Settle(Duration{});
+  // A sleeping radio was asked more often than it answers.
+  radio.ForgetLate();
+}
+
+void RestoreLink::CheckOpen() const {
   if (!IsOpen()) throw SerialError(SerialError::PortNotOpen, "The port is not open");
-  return input;
 }
 
-bool RestoreLink::PromptAfter(const char* bytes) {
-  Output(bytes);
+bool RestoreLink::ShowsPrompt() {
+  radio.Prime();
+  radio.SayBytes("\r");
   Sleep(promptTime);
-  session.RxBuffer = Take();
-  return session.RxBuffer.View().ends_with('>');
+  radio.Take();
+  const bool shown = radio.HasBegun() && radio.AwaitText(longestAnswer - Milliseconds(promptTime),
+                                                         [this] { return radio.AtPrompt(); });
+  CheckOpen();
+  // A slow radio may have more to say: on the line before, or on this one.
+  if (shown) radio.Settle(longestAnswer);
+  return shown;
 }
 
-void RestoreLink::SendToRadio(const std::string& text) {
+bool RestoreLink::AwaitPrompt(const LossTeller& lost) {
   if (!IsOpen()) {
     platform.Dialogs.Message({"Error: Port is not open", "Error", Icon::Critical});
-    return;
+    return false;
   }
-  if (!PromptAfter("\r")) {
-    Sleep(retryPause);
-    if (!PromptAfter("\r")) {
-      platform.Dialogs.Message(
-          {"There was an error communicating with the radio. Please reconnect and try again",
-           "Error", Icon::Exclamation});
-      // While the box was up, the main window may have closed this one and connected anew.
-      if (window.Loaded()) session.RestoreLinkFailed = true;
-      throw RestoreLinkLost{};
-    }
-  }
-  Output(text);
+  if (ShowsPrompt()) return true;
+  Sleep(retryPause);
+  if (ShowsPrompt()) return true;
+  const std::string details = lost ? lost() : "";
+  platform.Dialogs.Message(
+      {"There was an error communicating with the radio. Please reconnect and try again", "Error",
+       Icon::Exclamation, Buttons::Ok, details});
+  // While the box was up, the main window may have closed this one and connected anew.
+  if (window.Loaded()) session.RestoreLinkFailed = true;
+  throw RestoreLinkLost{};
 }
 
-std::optional<std::string> RestoreLink::Ask(const std::string& word) {
-  session.RxBuffer = " ";
-  SendToRadio(word + "\r");
-  Sleep(firstLook);
-  session.RxBuffer = Take();
-  for (int waited = firstLook;; waited += lookInterval) {
-    auto value = CutRestoreReply(session.RxBuffer, word, session.InSetupMode);
-    if (value || waited >= lastLook) return value;
-    Sleep(lookInterval);
-    session.RxBuffer.Append(Take());
+void RestoreLink::SendToRadio(const std::string& line) {
+  if (AwaitPrompt()) radio.Say(line);
+}
+
+std::optional<std::string> RestoreLink::Ask(Conversation::Question question,
+                                            const LossTeller& lost) {
+  constexpr int attempts = 2;
+  question.Limit = lastLook - firstLook;
+  question.LimitOnceBegun = longestAnswer - firstLook;
+  question.FirstLook = firstLook;
+  question.InValue = Conversation::Question::Bracket::Stays;
+  std::optional<std::string> value;
+  bool again = true;
+  for (int attempt = 0; again && attempt < attempts; ++attempt) {
+    AwaitPrompt(lost);
+    value = radio.Ask(question);
+    CheckOpen();
+    // Some of the reply has come, but not its end.
+    again = !value && radio.HasBegun() && radio.CameLast() == Reply::State::Missing;
   }
+  return value;
 }
 
 void RestoreLink::MSComm2_OnComm() {

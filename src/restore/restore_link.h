@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,6 +9,7 @@
 #include "controls/form.h"
 #include "link/session.h"
 #include "platform/platform.h"
+#include "radio/conversation.h"
 
 namespace quillmark {
 
@@ -15,10 +17,14 @@ namespace quillmark {
 // closed in the middle of a run.
 struct RestoreLinkLost {};
 
-// The store and restore window's own way to the radio: it sends, sleeps, and takes the input
-// itself. Everything given to it outlives it; `window` is the one that holds it.
+// The store and restore window's own way to the radio: a conversation on a serial control of its
+// own, which sleeps between its looks and delivers no events. Everything given to it outlives it;
+// `window` is the one that holds it.
 class RestoreLink {
  public:
+  // Runs when the radio is lost, ahead of the box that tells so; gives what to add there.
+  using LossTeller = std::function<std::string()>;
+
   RestoreLink(Platform& platform, Session& session, frmOrvalent& main, const Form& window);
 
   // Takes over the settings and the number of the main window's port, and opens it. Throws
@@ -27,16 +33,20 @@ class RestoreLink {
   void Close() { platform.MSComm2.SetPortOpen(false); }
   bool IsOpen() const { return platform.MSComm2.PortOpen(); }
 
-  // Sends a whole line, its carriage return included, once the radio has shown its prompt to a bare
-  // one; that also drops the reply to the command before. On a closed port it tells so in a box and
+  // Wakes the radio. Ends early on a closed port, and when `cancelled`, which is asked ahead of
+  // each round. Throws SerialError and RestoreLinkLost.
+  void Wake(const std::function<bool()>& cancelled);
+  // Sends a line, without its carriage return, once the radio has shown its prompt to a bare one;
+  // that also drops the reply to the command before. On a closed port it tells so in a box and
   // sends nothing. Throws RestoreLinkLost and SerialError.
-  void SendToRadio(const std::string& text);
-  // Asks for a setting; its value, or nothing when no whole reply comes within 400 ms. Throws as
-  // SendToRadio does.
-  std::optional<std::string> Ask(const std::string& word);
-  // Throws SerialError on a closed port.
-  void Output(const std::string& bytes) { platform.MSComm2.Output(bytes); }
-  std::string Take();
+  void SendToRadio(const std::string& line);
+  // Asks for a setting in the same way: its word, how its value begins, whether it has many lines.
+  // The value may be a refusal. Nothing when no whole reply comes within 400 ms, or 1 s once it has
+  // begun. Throws as SendToRadio does, and SerialError on a closed port.
+  std::optional<std::string> Ask(Conversation::Question question, const LossTeller& lost = {});
+  // Throws away what has come, delivering events while a slow radio is still coming to its end.
+  // Throws SerialError on a closed port, and RestoreLinkLost.
+  void Drop();
 
   void Sleep(int ms);
   // Delivers events. Throws RestoreLinkLost when they have closed the window.
@@ -45,20 +55,19 @@ class RestoreLink {
   void MSComm2_OnComm();
 
  private:
-  bool PromptAfter(const char* bytes);
+  void CheckOpen() const;
+  void AwaitBacklog();
+  // False on a closed port.
+  bool AwaitPrompt(const LossTeller& lost = {});
+  bool ShowsPrompt();
 
   Platform& platform;
   Session& session;
   frmOrvalent& main;
   const Form& window;
+  Conversation radio;
   std::string commEventText;  // the last notice; while there is one, line errors show no box
   bool errorShown = false;
 };
-
-// The value in a reply that is laid out as echo of the word, line end, value, line end, prompt;
-// nothing while it is not whole. Bare prompts between the echo and the value answer earlier
-// carriage returns.
-std::optional<std::string> CutRestoreReply(std::string_view received, std::string_view word,
-                                           bool inSetupMode);
 
 }  // namespace quillmark

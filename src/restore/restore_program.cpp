@@ -24,7 +24,7 @@ std::vector<std::string> SwitchedCommands(const RestoreRow& row, const std::stri
 void SendEach(const std::vector<std::string>& commands, RestoreLink& link) {
   for (const std::string& command : commands) {
     try {
-      link.SendToRadio(command + "\r");
+      link.SendToRadio(command);
     } catch (const RestoreLinkLost&) {
       // The user has been told.
     }

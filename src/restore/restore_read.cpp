@@ -1,5 +1,6 @@
 #include "restore/restore_read.h"
 
+#include "radio/reply.h"
 #include "restore/restore_select.h"
 #include "text/text.h"
 
@@ -7,7 +8,6 @@ namespace quillmark {
 
 namespace {
 
-constexpr int wakeRounds = 30;
 constexpr int stepPause = 80;   // ms
 constexpr int lastPause = 900;  // ms
 constexpr std::uint32_t doneColour = 0xC7A37F;
@@ -29,35 +29,19 @@ constexpr ReadStep readSteps[] = {
 
 }  // namespace
 
-RestoreReader::RestoreReader(Platform& machine, RestoreControls& itsControls, RestoreLink& itsLink,
-                             Session& shared)
-    : platform(machine), controls(itsControls), link(itsLink), session(shared) {}
-
-void RestoreReader::WakeRadio() {
-  session.RxBuffer = " ";
-  for (int round = 0; round < wakeRounds; ++round) {
-    link.Pump();
-    if (!link.IsOpen() || controls.CloseRequested) return;
-    link.Output("\x1B\r\n");
-    link.Sleep(static_cast<int>(platform.Random.Next() * 701) + 400);
-    for (int count = 0; count < 4; ++count) {
-      link.Output("\r\r");
-      link.Sleep(100);
-    }
-    session.RxBuffer.Append(link.Take());
-    if (session.RxBuffer.View().ends_with('>')) return;
-  }
-}
+RestoreReader::RestoreReader(RestoreControls& itsControls, RestoreLink& itsLink, Session& shared)
+    : controls(itsControls), link(itsLink), session(shared) {}
 
 void RestoreReader::Run() {
+  bool anyCame = false;
   ShowStart();
   for (std::size_t n = 0; n < controls.Rows.size(); ++n) {
     RestoreRowControls& row = controls.Rows[RestoreReadPlace(n)];
     const bool offered = row.Row.Read.HoldsIfUnknown(session.SoftwareRevision);
-    if (offered) ReadRow(row);
+    if (offered && ReadRow(row)) anyCame = true;
     AfterRow(row.Row.Id, offered);
   }
-  ShowEnd();
+  ShowEnd(anyCame);
 }
 
 void RestoreReader::ShowStart() {
@@ -72,19 +56,24 @@ void RestoreReader::ShowStart() {
   link.Sleep(100);
   link.Pump();
   link.Sleep(50);
-  link.Take();
+  link.Drop();
   link.Sleep(stepPause);
   link.Pump();
-  session.RxBuffer = " ";
 }
 
-void RestoreReader::ReadRow(RestoreRowControls& row) {
-  const auto value = link.Ask(row.Row.Word);
-  if (!value) return;
+bool RestoreReader::ReadRow(RestoreRowControls& row) {
+  const auto value = link.Ask({.Command = row.Row.Word, .Opening = RestoreOpening(row.Row)});
+  // A line end would make it two lines of a file.
+  if (!value || value->find_first_of("\r\n") != std::string::npos) return false;
+  if (IsRefusal(*value)) {
+    row.Current.Text = NoValue;
+    return false;
+  }
   const bool masterOnly =
       row.Row.Id == RestoreSetting::RepeatCount && Holds(*value, "PROGRAMMABLE ONLY");
   row.Current.Text = masterOnly ? "MASTER ONLY" : *value;
   if (row.Row.Id == RestoreSetting::Mode && controls.FileLoaded) FollowModeOfRadio(controls);
+  return true;
 }
 
 void RestoreReader::AfterRow(RestoreSetting id, bool wasRead) {
@@ -102,12 +91,15 @@ void RestoreReader::Step(int percent) {
   link.Pump();
 }
 
-void RestoreReader::ShowEnd() {
+void RestoreReader::ShowEnd(bool anyCame) {
   link.Pump();
   link.Sleep(lastPause);
   controls.ProgressLabel.Enabled = false;
   for (Shape& block : controls.ProgressBlock) block.FillColor = doneColour;
-  controls.tbr_SaveConfig.Enabled = true;
+  // A file without a setting must not take the place of a good one.
+  controls.tbr_SaveConfig.Enabled = anyCame;
+  controls.Label2.Text =
+      std::string(CurrentHeading) + (anyCame ? "" : "\rnone came, so none can be saved");
 }
 
 }  // namespace quillmark

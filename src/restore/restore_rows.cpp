@@ -83,6 +83,21 @@ bool RevisionGate::HoldsBelowIfUnknown(const Revision& revision) const {
   return number >= From && number < Below;
 }
 
+std::string_view RestoreOpening(const RestoreRow& row) {
+  switch (row.Text) {
+    case Form::Owner:
+      return "";
+    case Form::AlarmMask:
+      return "MASK";
+    case Form::AlarmSense:
+      return "ALARM";
+    case Form::Line:
+    case Form::Switched:
+      break;
+  }
+  return row.Word;
+}
+
 std::size_t RestoreReadPlace(std::size_t n) {
   constexpr auto upper = static_cast<std::size_t>(RestoreSetting::XMAX);
   constexpr auto lower = static_cast<std::size_t>(RestoreSetting::XMIN);

@@ -103,6 +103,9 @@ struct RestoreRow {
 
 extern const std::array<RestoreRow, RestoreSettingCount> RestoreRows;
 
+// What the row's value begins with, in whatever case; empty: any text.
+std::string_view RestoreOpening(const RestoreRow& row);
+
 // The place in the table of the row that is read and saved as the n-th, from 0: the lower end of
 // the extension range comes before the upper one then, and behind it when they are programmed.
 std::size_t RestoreReadPlace(std::size_t n);

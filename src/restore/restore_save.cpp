@@ -4,6 +4,7 @@
 
 #include "app/version.h"
 #include "firmware/frmProgram.h"
+#include "radio/reply.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -85,17 +86,17 @@ void RestoreSaver::WriteHead(ReplacedFile& file) {
   file.Line(std::string("Created by Kelvor Quillmark Configuration Software Version ") +
             VersionText);
   file.Line("On " + platform.Desktop.ShortDate());
-  if (const auto serial = Ask("ser")) file.Line("From Radio, serial number: " + *serial);
-  if (const auto version = Ask("srev")) file.Line("With Firmware Version: \r\n" + *version);
+  const auto ask = [&](const Conversation::Question& question, const std::string& head) {
+    const auto value = link.Ask(question, [&file] {
+      file.Abandon();
+      return std::string(
+          "The configuration was not saved. A file of that name is what it was before.");
+    });
+    if (value && !IsRefusal(*value)) file.Line(head + *value);
+  };
+  ask({.Command = "ser", .Opening = "SN"}, "From Radio, serial number: ");
+  ask({.Command = "srev", .Opening = "77-", .ManyLines = true}, "With Firmware Version: \r\n");
   file.Line("\r\n");
-}
-
-std::optional<std::string> RestoreSaver::Ask(const char* word) {
-  try {
-    return link.Ask(word);
-  } catch (const RestoreLinkLost&) {
-    return std::nullopt;
-  }
 }
 
 void RestoreSaver::ShowSaved() {

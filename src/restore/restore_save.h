@@ -28,14 +28,13 @@ class RestoreSaver {
   // Nothing when the user cancels.
   std::optional<std::filesystem::path> ChooseFile();
   // Writes the whole file. A radio that gives no serial number or revision leaves its line out.
-  // Throws SerialError: the file that stood there is kept beside it. Throws FileError: it stands
-  // where it stood.
+  // Throws SerialError: the file that stood there is kept beside it. Throws FileError and
+  // RestoreLinkLost: it stands where it stood.
   void Write(const std::filesystem::path& path);
   // Two seconds of a progress window in the place of this one.
   void ShowSaved();
 
  private:
-  std::optional<std::string> Ask(const char* word);
   void WriteHead(ReplacedFile& file);
 
   Platform& platform;

@@ -61,6 +61,14 @@ class RestoreBench : public sim::Bench {
     return RunUntil([this] { return shown->ReadIdle && !shown->Timer1.Enabled(); }, Seconds(90));
   }
 
+  // What a read shows that begins with empty rows.
+  std::string ReadAnew() {
+    for (RestoreRowControls& row : Window().Rows) row.Current.Text = "n/a";
+    EXPECT_TRUE(Click("tbr_Refresh"));
+    EXPECT_TRUE(WaitForRead());
+    return RowTexts(true);
+  }
+
   std::filesystem::path InScratch(const std::string& name) const { return ScratchFolder() / name; }
   static std::string Contents(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);

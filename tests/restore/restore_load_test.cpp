@@ -84,13 +84,13 @@ TEST_F(RestoreLoad, LinesBecomeRows) {
   }
 }
 
-TEST_F(RestoreLoad, ANoticeForFilesOfAnOlderRadio) {
+TEST_F(RestoreLoad, OneNoticeForAFileOfAnOlderRadio) {
   const struct {
     const char *Revision, *Lines;
     bool Notice;
   } cases[] = {
       {"200", "With Firmware Version: \r\n77-1234A01\r\n1.9.0  01Jan2001\r\nPWR 21\r\n", true},
-      {"?", "77-1234A01\r\n1.9.0\r\nPWR 21\r\n", true},
+      {"?", "77-1234A01\r\n1.9.0\r\n77-1234A01\r\n1.9.0\r\nPWR 21\r\n", true},
       {"199", "77-1234A01\r\n1.9.0\r\nPWR 21\r\n", false},
       {"320", "77-1234A01\r\n2.0.0\r\nPWR 21\r\n", false},
       {"320", "PWR 21\r\n#With Firmware Version:  77-1234A01 1.9.0", false},
@@ -115,14 +115,6 @@ TEST_F(RestoreLoad, ANoticeForFilesOfAnOlderRadio) {
     });
     Shared().RefreshRequested = false;
   }
-}
-
-TEST_F(RestoreLoad, TheNoticeComesOnceAFile) {
-  StartConnected();
-  InWindow([this] {
-    ExpectBox("Warning:").Containing("earlier sofware version");
-    LoadText("77-1234A01\r\n1.9.0\r\n77-1234A01\r\n1.9.0\r\n");
-  });
 }
 
 TEST_F(RestoreLoad, FilesThatAreNone) {

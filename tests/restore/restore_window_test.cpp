@@ -8,6 +8,8 @@ using ::testing::Not;
 
 class RestoreWindow : public RestoreBench {
  public:
+  // The look whether the user is logged in.
+  static inline const std::string probe = "addr\raddr\rdeco\rADDR NONE\reeco\r";
   // One round of waking, at the shortest pause.
   static inline const std::string wake = "\x1B\r\n\r\r\r\r\r\r\r\r";
 };
@@ -44,7 +46,7 @@ TEST_F(RestoreWindow, OpensWakesAndReadsByTheRevision) {
         const bool read = std::string(each.Unread).find(" " + word + " ") == std::string::npos;
         if (read) reads += "\r" + word + "\r";
       }
-      EXPECT_EQ(Sent(), "deco\rADDR NONE\reeco\r" + wake + reads);
+      EXPECT_EQ(Sent(), probe + wake + reads);
       EXPECT_EQ(Words([](RestoreRowControls& row) { return !row.Current.Visible(); }), each.Hidden);
       EXPECT_EQ(Words([](RestoreRowControls& row) { return !row.New.Enabled(); }), each.Hidden);
       EXPECT_EQ(EnabledBoxes(), "");
@@ -107,7 +109,7 @@ TEST_F(RestoreWindow, WarnsAUserWhoIsNotLoggedIn) {
       .With(Buttons::YesNo)
       .Reply(Answer::No);
   ASSERT_TRUE(Click("mnuConfigRestore"));
-  EXPECT_EQ(Sent(), "deco\rADDR NONE\reeco\r");
+  EXPECT_EQ(Sent(), probe);
   EXPECT_TRUE(Port().PortOpen());
   EXPECT_EQ(Text("txtTerm"), "");
   EXPECT_TRUE(Shared().RefreshRequested);
