@@ -67,11 +67,9 @@ void Configurations::WriteBackInTheRestoreWindow() {
             [this](QWidget& dialog) { ChooseFile(dialog, home.filePath("H\u00fcgel <1>.txt")); });
   hand.Plan(
       "frmRestore",
-      [&](QWidget& shown) {
-        shown.findChild<QAbstractButton*>("OwnerNameCheck")->click();
-        trigger("tbr_ProgramRadio")(shown);
-      },
-      [&](QWidget&) { return form()->At(RestoreSetting::OwnerName).New.Text() == "Hill top"; });
+      [](QWidget& shown) { shown.findChild<QAbstractButton*>("CheckAllButton")->click(); },
+      [&](QWidget&) { return form()->At(RestoreSetting::XADDR).New.Text() == "XADDR 0"; });
+  hand.Plan("frmRestore", trigger("tbr_ProgramRadio"));
   hand.Plan(
       "frmRestore", [](QWidget& shown) { Press(shown, Qt::Key_Escape); }, idle);
   hand.Start();
