@@ -116,7 +116,9 @@ void SimRadio::Proceed(Time at) {
 }
 
 void SimRadio::Give(Time at) {
-  const Work done = *std::exchange(work, std::nullopt);
+  if (!work || !work->Ready) return;
+  const Work done = std::move(*work);
+  work.reset();
   std::string_view text = done.Ready->Text;
   if (done.LineEndShown && text.starts_with(lineEnd)) text.remove_prefix(lineEnd.size());
   if (!IsMuted(done.Command)) Send(done.Due, std::string(text) + done.Ready->Prompt);
