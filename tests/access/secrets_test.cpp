@@ -74,19 +74,6 @@ TEST_F(SecretsTest, InTheLoginWhateverTheRadioSays) {
   ExpectKept();
 }
 
-TEST_F(SecretsTest, InTheEncryptionCode) {
-  StartLogged({});
-  Watch(Seconds(20));
-  InWindow("mnuEncryptCode", "frmLogin", [&] {
-    EchoAgainstOrders();
-    As<TextBox>("txtPassword").MaxLength = 9;
-    EXPECT_TRUE(Edit("txtPassword", canary));
-    EXPECT_TRUE(Click("cmdOK"));
-    EXPECT_TRUE(Click("cmdCancel"));
-  });
-  ExpectKept();
-}
-
 // The windows wait for the end of a read that is running, which would end their silence too early.
 TEST_F(SecretsTest, InTheMiddleOfARead) {
   StartLogged({});

@@ -6,7 +6,6 @@
 namespace quillmark {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 

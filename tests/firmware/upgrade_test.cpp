@@ -5,9 +5,6 @@
 namespace quillmark {
 namespace {
 
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 class UpgradeTest : public UpgradeBench {};

@@ -8,9 +8,6 @@
 namespace quillmark {
 namespace {
 
-using ::testing::EndsWith;
-using ::testing::StartsWith;
-
 std::string FileText(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};

@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
-#include <random>
 
 namespace quillmark {
 namespace {
@@ -55,21 +54,6 @@ TEST(TerminalView, FollowsEveryChange) {
     view.Flush();
     const std::string shown = step.size() > 24'000 ? step.substr(step.size() - 24'000) : step;
     ASSERT_EQ(view.toPlainText(), TerminalPicture(shown)) << "at " << step.substr(0, 40);
-  }
-}
-
-TEST(TerminalView, FollowsAFloodOfAnything) {
-  std::mt19937 random(7);
-  const std::string alphabet("\r\n>ab\x08", 6);
-  std::string text;
-  TerminalView view;
-  for (int step = 0; step < 400; ++step) {
-    if (text.size() > 1000) text.erase(0, 256);
-    for (auto more = random() % 60; more > 0; --more) text += alphabet[random() % alphabet.size()];
-    if (random() % 4 == 0) text.resize(text.size() - std::min<std::size_t>(text.size(), 3));
-    view.Follow(text);
-    view.Flush();
-    ASSERT_EQ(view.toPlainText(), TerminalPicture(text)) << step;
   }
 }
 

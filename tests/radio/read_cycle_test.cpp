@@ -253,6 +253,14 @@ TEST_F(ReadCycleTest, ARequestDuringAReadBringsAnotherOne) {
 }
 
 // The probe programs the owner's name with what it holds: the one write that a connect makes.
+TEST_F(ReadCycleTest, ANameThatCameOtherwiseTheSecondTimeIsNotSentBack) {
+  Start();
+  Radio().SetReply("own", "\r\nQuallmark SS\r\n");
+  OnCommand("own", [&] { Radio().SetReply("own", "\r\nQuillmark SS\r\n"); });
+  ASSERT_TRUE(Connect());
+  EXPECT_THAT(SentCommands(), Not(Contains("deco")));
+}
+
 TEST_F(ReadCycleTest, TheLoginIsProbedOnceForEachConnect) {
   UseRadio({.Password = "abcd"});
   Start();

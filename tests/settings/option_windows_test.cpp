@@ -5,8 +5,6 @@
 namespace quillmark {
 namespace {
 
-using ::testing::HasSubstr;
-
 class OptionWindowsTest : public WindowBench {
  public:
   void ShowSettings(sim::SimRadioOptions options = {}) {
@@ -49,6 +47,13 @@ TEST_F(OptionWindowsTest, TheDiagnosticLink) {
               EXPECT_TRUE(Click("OKButton"));
             }),
             "dlink on\r\r");
+  // A port that closes meanwhile is told once.
+  ExpectBox("Error").Containing("error communicating with the radio").With(Icon::Exclamation);
+  EXPECT_EQ(inWindow([&] {
+              Port().SetPortOpen(false);
+              EXPECT_TRUE(Click("OKButton"));
+            }),
+            "");
 }
 
 TEST_F(OptionWindowsTest, TheDiagnosticType) {

@@ -72,15 +72,6 @@ TEST(SimLine, FillsASmallBufferWhileTheRadioThinks) {
   EXPECT_EQ(talk.Send("\x1bmode\r"), "mode\r\nMODE R\r\n>");
 }
 
-TEST(SimLine, LosesWhatIsOnItsWayWhenTheHostCloses) {
-  Talk talk;
-  talk.line.HostSends(Time(0), "mode\r", 19200);
-  EXPECT_EQ(talk.Pass(milliseconds(9)), "mode\r\nMO");  // the reply has begun
-  talk.line.HostClears();
-  EXPECT_EQ(talk.Pass(milliseconds(100)), "");
-  EXPECT_EQ(talk.Ask("mode"), "MODE R");
-}
-
 LineFaults With(std::initializer_list<std::pair<std::int64_t LineFaults::*, std::int64_t>> set) {
   LineFaults faults;
   for (const auto& [field, value] : set) faults.*field = value;

@@ -10,7 +10,6 @@ namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::Not;
 
 const std::string header = SRecord('0', 2, 0, "77-1234A01 3.2.1");
 const std::string data = SRecord('2', 3, 0x1000, "firmware") + SRecord('2', 3, 0x1008, "more");

@@ -9,7 +9,6 @@ namespace quillmark::sim {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 SimRadioOptions WithoutFeatures() {
   SimRadioOptions options = Master();
@@ -162,17 +161,6 @@ TEST(SimRadio, ShowsNoSecretInALog) {
   EXPECT_EQ(SimRadioCommands::Masked("ADDR 1000"), "ADDR 1000");
 }
 
-TEST(SimRadio, ReportsTheSignalUntilACarriageReturn) {
-  Talk talk;
-  const std::string reports = talk.Send("rssi\r");
-  EXPECT_THAT(reports, testing::StartsWith("rssi\r\nRSSI -97 dBm\r\nRSSI -97 dBm\r\n"));
-  EXPECT_EQ(reports.size(), 6 + 5 * 14);  // one each 200 ms
-  talk.radio.SetRssi(-120);
-  EXPECT_THAT(talk.Send("mode"), HasSubstr("\r\nRSSI -120 dBm\r\n"));
-  talk.Send("\r");
-  EXPECT_EQ(talk.Send("\r"), "\r\n>");
-}
-
 TEST(SimRadio, AnotherBaudIsNoiseBothWays) {
   Talk talk;
   const std::string noise = talk.Send("mode\r", 9600);
@@ -181,18 +169,6 @@ TEST(SimRadio, AnotherBaudIsNoiseBothWays) {
   EXPECT_EQ(talk.radio.WrongBaudBytes(), 5);
   EXPECT_EQ(talk.Ask("mode"), "MODE R");
   EXPECT_THAT(talk.radio.Commands(), ElementsAre("mode"));
-}
-
-TEST(SimRadio, RemembersLinesAndTakesRepliesFromATest) {
-  Talk talk;
-  for (const char* line : {"MODE M", "addr 1", "", "MODE M", "PWR 30", "srev"}) talk.Ask(line);
-  EXPECT_THAT(talk.radio.CommandsAfter("MODE M"), ElementsAre("PWR 30", "srev"));
-  EXPECT_EQ(talk.radio.Lines().size(), 6U);
-  EXPECT_TRUE(talk.radio.Program("hoptime", "28"));
-  EXPECT_FALSE(talk.radio.Program("hoptime", "27"));
-  talk.radio.SetReply("repeat", "\r\nREPEAT\r\n", false);
-  EXPECT_EQ(talk.Send("repeat 3\r"), "repeat 3\r\nREPEAT\r\n");
-  EXPECT_EQ(talk.radio.Setting("repeat"), "3");
 }
 
 }  // namespace
