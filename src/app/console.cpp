@@ -35,7 +35,7 @@ Console::Console(Platform& machine)
       quickConfig(machine, *main, radio, directRun, sender),
       upgrade(machine, session, *main, connection, radio),
       restore(machine, session, *main, connection, mainTimer, radio),
-      diagnostics(machine, session, *main, radio) {
+      diagnostics(machine, *main, radio) {
   WireLink();
   WireShell();
   programmer.Wire();

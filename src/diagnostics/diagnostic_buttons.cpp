@@ -6,9 +6,9 @@
 
 namespace quillmark {
 
-DiagnosticButtons::DiagnosticButtons(Platform& machine, Session& shared, frmOrvalent& window,
+DiagnosticButtons::DiagnosticButtons(Platform& machine, frmOrvalent& window,
                                      Conversation& conversation)
-    : platform(machine), session(shared), main(window), radio(conversation) {}
+    : platform(machine), main(window), radio(conversation) {}
 
 void DiagnosticButtons::Wire() {
   // These windows talk to the radio while they are open, so they wait for their turn.

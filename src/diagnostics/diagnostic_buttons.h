@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "app/frmOrvalent.h"
-#include "link/session.h"
 #include "platform/platform.h"
 #include "radio/conversation.h"
 
@@ -14,7 +13,7 @@ namespace quillmark {
 // loaded it has the line to itself: no keep-alive and no read. Everything given to it outlives it.
 class DiagnosticButtons {
  public:
-  DiagnosticButtons(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
+  DiagnosticButtons(Platform& platform, frmOrvalent& main, Conversation& radio);
 
   // Joins the buttons to their handlers.
   void Wire();
@@ -28,7 +27,6 @@ class DiagnosticButtons {
   void Show();
 
   Platform& platform;
-  Session& session;
   frmOrvalent& main;
   Conversation& radio;
   std::weak_ptr<Form> shown;
