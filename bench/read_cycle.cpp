@@ -108,9 +108,9 @@ std::vector<Figure> MeasureReadCycle(Surroundings& surroundings) {
   const Cycle timed = MedianBy(all, &Cycle::Ratio);
   const Cycle costed = MedianBy(all, &Cycle::Share);
   return {{"read cycle", seconds, SecondsBetween(timed.Begin, timed.End), timed.Floor,
-           "line, radio and pauses", Judged::Ratio, 1.10, NoteOf(timed.What)},
+           "line, radio and pauses", Judged::Ratio, 1.05, NoteOf(timed.What)},
           {"processor, read cycle", processorShare, costed.Share(), idleShare, idleFloorName,
-           Judged::Value, 3}};
+           Judged::Value, 2.5}};
 }
 
 }  // namespace quillmark::bench

@@ -53,13 +53,15 @@ void WriteAll(const Handle& to, const char* text, ssize_t length) {
   }
 }
 
+std::string EchoOfTheWord() { return std::string(streamWord) + "\r\n"; }
+
 // Reads the stream and copies it into a file, nothing else; in percent of a core.
 double PlainShare(const fs::path& file) {
   const Feeder feeder(plainSeconds);
   const Handle device(feeder.Device, O_RDWR | O_NOCTTY);
   const Handle copy(file, O_WRONLY | O_CREAT | O_TRUNC);
   const std::string command = std::string(streamWord) + "\r";
-  std::size_t missing = command.size() - 1 + KnownLines(plainSeconds).size();
+  std::size_t missing = EchoOfTheWord().size() + KnownLines(plainSeconds).size();
   const Moment begin = Now();
   WriteAll(device, command.data(), static_cast<ssize_t>(command.size()));
   while (missing > 0) {
@@ -107,7 +109,7 @@ Streamed Stream(const Surroundings& surroundings) {
   const fs::path logFile = surroundings.File("terminal.log");
   fs::remove(logFile);
   Streamed streamed;
-  streamed.Expected = WithTerminalLineEnds(streamWord + KnownLines(time));
+  streamed.Expected = WithTerminalLineEnds(EchoOfTheWord() + KnownLines(time));
 
   const Feeder feeder(time);
   Desk desk(surroundings, feeder.Device);
@@ -141,7 +143,7 @@ std::vector<Figure> MeasureTerminal(Surroundings& surroundings) {
   std::snprintf(note, sizeof note, "%zu bytes in the log after %.2f s, taken in %d pieces",
                 streamed.Log.size(), streamed.Seconds, streamed.Arrivals);
   return {{"processor, terminal and log", processorShare, streamed.Share, plainShare,
-           "only reading and writing", Judged::Value, 10, note},
+           "only reading and writing", Judged::Value, 6, note},
           {"lost or wrong in the log", bytes,
            static_cast<double>(FaultyBytes(streamed.Expected, streamed.Log)), 0, "nothing",
            Judged::Value, 0}};

@@ -24,9 +24,13 @@ constexpr int lineCheckInterval = 250;     // ms
 // So many errors in a span are taken for trouble with another program, more for a dead device.
 constexpr int mostForgiven = 5;
 constexpr qint64 longestErrorSpan = 1000;  // ms
-// How long bytes are gathered: short replies are handed over soon, long ones in larger parts.
-constexpr qint64 shortestGathering = 1500;  // microseconds
-constexpr qint64 longestGathering = 10'000;
+// How long bytes are gathered: short replies are handed over soon, long ones in larger parts. A
+// reply's prompt, or a silence, ends it at once.
+constexpr qint64 shortestGathering = 8000;  // microseconds
+constexpr qint64 longestGathering = 30'000;
+constexpr unsigned long shortNap = 3000;  // microseconds, between two looks at a reply
+constexpr unsigned long longNap = 5000;
+constexpr char prompt = '>';
 constexpr qint64 shortReply = 30'000;  // microseconds from its first byte to its last
 constexpr qint64 gatheringShare = 4;   // of the time behind that
 constexpr qint64 streamGap = 20;       // ms without a byte, which end a reply
@@ -167,16 +171,33 @@ void SerialWorker::CountWritten(qint64 bytes) {
   emit AllWritten(session);
 }
 
-unsigned long SerialWorker::GatheringTime() {
+qint64 SerialWorker::GatheringTime() {
   if (!stream.isValid() || lastArrival.hasExpired(streamGap)) stream.start();
   lastArrival.start();
   const qint64 share = (stream.nsecsElapsed() / 1000 - shortReply) / gatheringShare;
-  return static_cast<unsigned long>(std::clamp(share, shortestGathering, longestGathering));
+  return std::clamp(share, shortestGathering, longestGathering);
 }
 
+// Drivers hand bytes over one by one; taken a few at a time they cost a fraction. What comes moves
+// into the port's own buffer here.
+void SerialWorker::Gather() {
+  const qint64 limit = GatheringTime();
+  const unsigned long nap = limit == shortestGathering ? shortNap : longNap;
+  QElapsedTimer spent;
+  spent.start();
+  while (spent.nsecsElapsed() / 1000 < limit && !PromptIsLast()) {
+    QThread::usleep(nap);
+    if (!port->waitForReadyRead(0)) return;
+  }
+}
+
+bool SerialWorker::PromptIsLast() { return port->peek(port->bytesAvailable()).endsWith(prompt); }
+
 void SerialWorker::Receive() {
-  // Drivers hand bytes over one by one; taken a few at a time they cost a fraction.
-  QThread::usleep(GatheringTime());
+  if (gathering) return;
+  gathering = true;
+  Gather();
+  gathering = false;
   const QByteArray arrived = port->readAll();
   if (arrived.isEmpty()) return;
   bool announce = false;

@@ -72,7 +72,9 @@ class SerialWorker : public QObject {
 
  private:
   void Receive();
-  unsigned long GatheringTime();  // microseconds
+  void Gather();
+  qint64 GatheringTime();  // microseconds
+  bool PromptIsLast();
   void LookAtLine();
   void Report(int code);
   void CountWritten(qint64 bytes);
@@ -100,6 +102,7 @@ class SerialWorker : public QObject {
   int forgiven = 0;         // in that span
   QElapsedTimer stream;     // since bytes began to come in a row, behind the last sending
   QElapsedTimer lastArrival;
+  bool gathering = false;
 };
 
 }  // namespace quillmark
