@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
-#include "app/console.h"
 #include "platform/platform.h"
 #include "qt/machine.h"
 #include "recorded_port.h"
+#include "start/console.h"
 #include "watched_loop.h"
 
 namespace quillmark::bench {

@@ -5,7 +5,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "sim/pty_server.h"
+#include "sim/pty/pty_server.h"
 #include "sim/sim_line.h"
 #include "sim/sim_radio.h"
 

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "sim/pty_server.h"
+#include "sim/pty/pty_server.h"
 #include "sim/sim_line.h"
 #include "sim/sim_radio.h"
 

@@ -9,7 +9,6 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "bare_window.h"
 #include "firmware_radio.h"
 #include "line_feeder.h"
 #include "measurements.h"
@@ -95,7 +94,6 @@ int Run(int argc, char* argv[]) {
   const std::string_view mode = argc > 1 ? argv[1] : "";
   if (mode == "--feed") return Feed(argc > 2 ? std::atoi(argv[2]) : 1);
   if (mode == "--take-firmware") return TakeFirmware();
-  if (mode == "--bare-window") return ShowBareWindow(argc, argv);
   Surroundings surroundings;
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("quillmark_bench"));

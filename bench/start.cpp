@@ -26,9 +26,9 @@ double ValueIn(const std::string& line, const std::string& name) {
   return std::stod(line.substr(name.size() + 1));
 }
 
-Start StartOnce(const std::filesystem::path& program, const std::string& option) {
+Start StartOnce(const std::filesystem::path& program, const std::vector<std::string>& options) {
   const auto begin = static_cast<double>(Now().Wall.count());
-  Child child(program, {option});
+  Child child(program, options);
   Start start;
   start.Time = (ValueIn(child.Line(), "window-painted-us") - begin) / 1000;
   start.Memory = ValueIn(child.Line(), "resident-bytes") / 1e6;
@@ -42,11 +42,11 @@ double Median(std::vector<double> values) {
 }
 
 // The first start is only to warm up the system's caches.
-Start MedianStart(const std::filesystem::path& program, const std::string& option) {
-  StartOnce(program, option);
+Start MedianStart(const std::filesystem::path& program, const std::vector<std::string>& options) {
+  StartOnce(program, options);
   std::vector<double> times, memories;
   for (std::size_t i = 0; i < starts; ++i) {
-    const Start start = StartOnce(program, option);
+    const Start start = StartOnce(program, options);
     times.push_back(start.Time);
     memories.push_back(start.Memory);
   }
@@ -56,8 +56,9 @@ Start MedianStart(const std::filesystem::path& program, const std::string& optio
 }  // namespace
 
 std::vector<Figure> MeasureStart(Surroundings& surroundings) {
-  const Start bare = MedianStart(Surroundings::ThisProgram(), "--bare-window");
-  const Start console = MedianStart(surroundings.Program("quillmark-console"), "--start-report");
+  const std::filesystem::path program = surroundings.Program("quillmark_bench_start");
+  const Start bare = MedianStart(program, {"--bare-window"});
+  const Start console = MedianStart(program, {});
   const std::string note = "the median of " + std::to_string(starts) + " after one more";
   return {{"start to the first window", milliseconds, console.Time, bare.Time, "bare Qt window",
            Judged::Value, 300, note},

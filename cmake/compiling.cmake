@@ -36,6 +36,7 @@ set(standardHeaders <algorithm> <array> <chrono> <cstdint> <filesystem> <functio
                     <memory> <optional> <string> <string_view> <utility> <vector>)
 set(qtHeaders <QApplication> <QDialog> <QLayout> <QMainWindow> <QObject> <QString> <QTimer>
               <QVariant> <QWidget>)
+set(testHeaders ${standardHeaders} <gmock/gmock.h> <gtest/gtest.h>)
 
 set(ourWarnings
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Werror
@@ -49,17 +50,11 @@ set(ourWarnings
     # INSTANTIATE_TEST_SUITE_P and MATCHER leave the variable part of their macros empty.
     $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>)
 
-# What every library and program of ours has in common. Libraries named in LINK that have no
-# sources, and so are no targets, are left out.
+# What every library and program of ours has in common.
 function(quillmark_compile target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK;PRECOMPILE")
   target_compile_options(${target} PRIVATE ${ourWarnings})
-  target_include_directories(${target} PRIVATE "${CMAKE_SOURCE_DIR}/src")
-  foreach(library IN LISTS arg_LINK)
-    if(TARGET ${library})
-      target_link_libraries(${target} PUBLIC ${library})
-    endif()
-  endforeach()
+  target_link_libraries(${target} PUBLIC ${arg_LINK})
   if(QUILLMARK_PRECOMPILE AND arg_PRECOMPILE)
     target_precompile_headers(${target} PRIVATE ${arg_PRECOMPILE})
   endif()
@@ -68,10 +63,6 @@ endfunction()
 # quillmark_library(name SOURCES ... [LINK ...] [PRECOMPILE ...]): a static library.
 function(quillmark_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;PRECOMPILE")
-  if(NOT arg_SOURCES)
-    message(STATUS "${name}: no sources, skipped")
-    return()
-  endif()
   add_library(${name} STATIC ${arg_SOURCES})
   quillmark_compile(${name} LINK ${arg_LINK} PRECOMPILE ${arg_PRECOMPILE})
 endfunction()
@@ -79,21 +70,14 @@ endfunction()
 # quillmark_program(name SOURCES ... [LINK ...] [PRECOMPILE ...]): a program in the build folder.
 function(quillmark_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;PRECOMPILE")
-  if(NOT arg_SOURCES)
-    message(STATUS "${name}: no sources, skipped")
-    return()
-  endif()
   add_executable(${name} ${arg_SOURCES})
   quillmark_compile(${name} LINK ${arg_LINK} PRECOMPILE ${arg_PRECOMPILE})
 endfunction()
 
-# quillmark_uses_qt(target [RESOURCES]): moc, uic and rcc for a target, if there is such a target.
+# quillmark_uses_qt(target [RESOURCES]): moc, uic and rcc for a target.
 # The resources belong to programs: the linker would drop them from a static library.
 function(quillmark_uses_qt target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "RESOURCES" "" "")
-  if(NOT TARGET ${target})
-    return()
-  endif()
   set_target_properties(${target} PROPERTIES
     AUTOMOC ON AUTOUIC ON AUTORCC ON
     AUTOGEN_ORIGIN_DEPENDS OFF  # no generator reads what a library of ours has built
@@ -105,8 +89,7 @@ function(quillmark_uses_qt target)
   target_include_directories(${target} SYSTEM PRIVATE "${generated}/include")
   set_source_files_properties("${generated}/mocs_compilation.cpp" PROPERTIES COMPILE_OPTIONS -w)
 
-  file(GLOB resources CONFIGURE_DEPENDS src/qt/resources.qrc)
-  if(arg_RESOURCES AND resources)
-    target_sources(${target} PRIVATE ${resources})
+  if(arg_RESOURCES)
+    target_sources(${target} PRIVATE "${CMAKE_SOURCE_DIR}/src/qt/resources.qrc")
   endif()
 endfunction()

@@ -20,7 +20,8 @@ project_files() {
 }
 
 source_files() {
-  project_files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h' 'bench/*.cpp' 'bench/*.h'
+  project_files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h' 'bench/*.cpp' 'bench/*.h' \
+    'tools/*.cpp' 'tools/*.h'
 }
 
 # matches EXPRESSION < LIST: "file:line:text" for each line of the listed files that matches. No

@@ -7,9 +7,9 @@
 #include "access/frmSetPass.h"
 #include "access/frmSetup.h"
 #include "app/frmOrvalent.h"
-#include "link/session.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

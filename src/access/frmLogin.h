@@ -8,8 +8,8 @@
 #include "controls/clickable.h"
 #include "controls/form.h"
 #include "controls/text_box.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
 
 namespace quillmark {
 

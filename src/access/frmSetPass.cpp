@@ -1,7 +1,7 @@
 #include "access/frmSetPass.h"
 
 #include "link/serial_failure.h"
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 #include "text/numbers.h"
 #include "text/raised.h"
 #include "text/text.h"

@@ -8,9 +8,9 @@
 #include "controls/form.h"
 #include "controls/option_button.h"
 #include "controls/text_box.h"
-#include "link/session.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

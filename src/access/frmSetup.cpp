@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "link/serial_failure.h"
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 #include "text/text.h"
 
 namespace quillmark {

@@ -6,9 +6,9 @@
 #include "app/frmOrvalent.h"
 #include "controls/clickable.h"
 #include "controls/form.h"
-#include "link/session.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

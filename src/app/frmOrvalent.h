@@ -4,13 +4,13 @@
 
 #include "app/main_menus.h"
 #include "app/quick_task_controls.h"
+#include "app/settings_rows.h"
 #include "controls/choices.h"
 #include "controls/clickable.h"
 #include "controls/form.h"
 #include "controls/text_box.h"
 #include "controls/timer.h"
-#include "link/session.h"
-#include "radio/settings_rows.h"
+#include "session/session.h"
 
 namespace quillmark {
 

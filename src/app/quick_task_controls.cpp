@@ -37,7 +37,7 @@ QuickTaskControls::QuickTaskControls(Form& form)
   cmdSubRemote.ToolTip = "A 'Sub-Remote' is a remote unit that talks through a repeater.";
   cmdPrint.ToolTip = "Prints radio configuration to default printer";
   for (Button& preset : cmdPre) {
-    preset.Tag = "EMPTY";
+    preset.Tag = EmptyTag;
     preset.FontSize = 8;
     preset.Enabled = false;
   }
@@ -48,6 +48,17 @@ QuickTaskControls::QuickTaskControls(Form& form)
     control->Enabled = false;
   }
   frQuick.BringToFront();
+}
+
+std::optional<std::size_t> FirstEmptyPreset(const QuickTaskControls& tasks) {
+  for (std::size_t slot = 0; slot < tasks.cmdPre.size(); ++slot) {
+    if (tasks.cmdPre[slot].Tag() == QuickTaskControls::EmptyTag) return slot;
+  }
+  return std::nullopt;
+}
+
+void UpdateSavePresetEnabled(QuickTaskControls& tasks) {
+  tasks.cmdSaveToPreset.Enabled = FirstEmptyPreset(tasks).has_value();
 }
 
 }  // namespace quillmark

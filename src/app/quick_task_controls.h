@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "controls/choices.h"
 #include "controls/clickable.h"
@@ -14,6 +15,7 @@ namespace quillmark {
 class QuickTaskControls {
  public:
   static constexpr std::size_t PresetCount = 6;
+  static constexpr const char* EmptyTag = "EMPTY";  // of a preset's button that holds none
 
   explicit QuickTaskControls(Form& form);
 
@@ -31,5 +33,11 @@ class QuickTaskControls {
   Frame frPreset;
   std::array<Button, PresetCount> cmdPre;
 };
+
+// The slot that the next save fills: the first whose button is empty. The files do not count here:
+// a file that belongs to another slot leaves its button empty, and a save moves it aside.
+std::optional<std::size_t> FirstEmptyPreset(const QuickTaskControls& tasks);
+// Enables "SAVE TO PRESET" while there is such a slot, else disables it.
+void UpdateSavePresetEnabled(QuickTaskControls& tasks);
 
 }  // namespace quillmark

@@ -5,7 +5,7 @@
 
 #include "app/version.h"
 #include "config/saved_settings.h"
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 #include "text/path_text.h"
 #include "text/text.h"
 

@@ -8,9 +8,9 @@
 #include "app/frmOrvalent.h"
 #include "config/direct_run.h"
 #include "config/replaced_file.h"
-#include "link/session.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

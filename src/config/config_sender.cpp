@@ -1,7 +1,7 @@
 #include "config/config_sender.h"
 
 #include "config/config_lines.h"
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 #include "text/numbers.h"
 #include "text/text.h"
 

@@ -7,8 +7,8 @@
 
 #include "app/frmOrvalent.h"
 #include "config/direct_run.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
 
 namespace quillmark {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 
 namespace quillmark {
 

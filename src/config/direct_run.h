@@ -7,9 +7,9 @@
 
 #include "app/frmOrvalent.h"
 #include "app/held_controls.h"
+#include "conversation/conversation.h"
 #include "link/connection.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
 
 namespace quillmark {
 

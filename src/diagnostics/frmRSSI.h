@@ -7,9 +7,9 @@
 #include "controls/clickable.h"
 #include "controls/form.h"
 #include "controls/timer.h"
+#include "conversation/conversation.h"
 #include "diagnostics/polled_link.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
 
 namespace quillmark {
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "app/frmOrvalent.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
 
 namespace quillmark {
 

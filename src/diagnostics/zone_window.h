@@ -9,10 +9,10 @@
 #include "controls/form.h"
 #include "controls/shape.h"
 #include "controls/timer.h"
+#include "conversation/conversation.h"
 #include "diagnostics/polled_link.h"
 #include "diagnostics/zone_replies.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
 
 namespace quillmark {
 

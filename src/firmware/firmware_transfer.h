@@ -9,8 +9,8 @@
 #include "firmware/firmware_file.h"
 #include "firmware/frmProgram.h"
 #include "firmware/loader_talk.h"
-#include "link/session.h"
 #include "platform/platform.h"
+#include "session/session.h"
 
 namespace quillmark {
 

@@ -7,7 +7,7 @@
 #include "firmware/firmware_version.h"
 #include "firmware/loader_entry.h"
 #include "link/serial_failure.h"
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 #include "text/path_text.h"
 #include "text/text.h"
 

@@ -6,12 +6,12 @@
 #include <string>
 
 #include "app/frmOrvalent.h"
+#include "conversation/conversation.h"
 #include "firmware/firmware_file.h"
 #include "firmware/loader_talk.h"
 #include "link/connection.h"
-#include "link/session.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

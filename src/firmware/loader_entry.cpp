@@ -2,9 +2,9 @@
 
 #include <memory>
 
+#include "conversation/wake.h"
 #include "firmware/frmProgram.h"
-#include "prefs/utilities.h"
-#include "radio/wake.h"
+#include "platform/utilities.h"
 #include "text/text.h"
 
 namespace quillmark {

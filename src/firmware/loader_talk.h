@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <string>
 
-#include "link/session.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

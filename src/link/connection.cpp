@@ -3,10 +3,9 @@
 #include <initializer_list>
 #include <string>
 
-#include "config/presets.h"
+#include "conversation/wake.h"
 #include "link/serial_failure.h"
-#include "prefs/utilities.h"
-#include "radio/wake.h"
+#include "platform/utilities.h"
 #include "text/raised.h"
 #include "text/text.h"
 
@@ -276,7 +275,7 @@ void Connection::DisableRadioActions() {
 void Connection::EnableRadioActions() {
   EnableQuickTasks(true);
   for (Button& preset : main.cmdPre) {
-    if (preset.Tag() != "EMPTY") preset.Enabled = true;
+    if (preset.Tag() != main.EmptyTag) preset.Enabled = true;
   }
   UpdateSavePresetEnabled(main);
 }

@@ -5,8 +5,8 @@
 #include "controls/choices.h"
 #include "controls/clickable.h"
 #include "controls/form.h"
-#include "link/session.h"
 #include "platform/platform.h"
+#include "session/session.h"
 
 namespace quillmark {
 

@@ -4,10 +4,10 @@
 #include <string>
 
 #include "app/frmOrvalent.h"
-#include "link/session.h"
+#include "conversation/conversation.h"
 #include "link/terminal_log.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

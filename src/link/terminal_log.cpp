@@ -2,7 +2,7 @@
 
 #include <cerrno>
 
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 #include "text/path_text.h"
 
 namespace quillmark {

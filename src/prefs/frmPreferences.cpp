@@ -36,7 +36,7 @@ std::uint32_t ColourAt(int index) { return Colours()[static_cast<std::size_t>(in
 
 }  // namespace
 
-frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, frmOrvalent& window)
+frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, TextBox& coloured)
     : Form("frmPreferences"),
       ConnectOnLaunchCheck(*this, this, "ConnectOnLaunchCheck", "Connect On Application Launch"),
       KeepAliveCheck(*this, this, "KeepAliveCheck", "Keep Radio Connection Alive"),
@@ -50,19 +50,19 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, fr
       CancelButton(*this, this, "CancelButton", "Cancel"),
       store(preferences),
       session(shared),
-      main(window) {
+      terminal(coloured) {
   Caption = "Preferences";
   KeepAliveCheck.ToolTip =
       "If this is checked, the software will periodically send a carriage return to the radio, "
       "keeping the connection active.";
   LogoutCheck.ToolTip = "If this is checked, the application will logout the user on exiting.";
   for (ListBox* list : {&TextColorList, &BackgroundColorList}) list->ItemColours = ColourValues();
-  TextColorList.SetListIndex(ColourIndex(main.txtTerm.ForeColor()));
-  BackgroundColorList.SetListIndex(ColourIndex(main.txtTerm.BackColor()));
+  TextColorList.SetListIndex(ColourIndex(terminal.ForeColor()));
+  BackgroundColorList.SetListIndex(ColourIndex(terminal.BackColor()));
   ConnectOnLaunchCheck.Checked = session.ConnectOnLaunch;
   KeepAliveCheck.Checked = session.KeepAlive;
   LogoutCheck.Checked = session.LogoutOnQuit;
-  BoldCheck.Checked = main.txtTerm.Bold();
+  BoldCheck.Checked = terminal.Bold();
   OKButton.OnClick = [this] { OKButton_Click(); };
   CancelButton.OnClick = [this] { Unload(); };
 }
@@ -76,7 +76,6 @@ void frmPreferences::OKButton_Click() {
   SetFlag(ConnectOnLaunchCheck, session.ConnectOnLaunch, "ConnectOnLaunch");
   SetFlag(KeepAliveCheck, session.KeepAlive, "KeepAlive");
   SetFlag(LogoutCheck, session.LogoutOnQuit, "LogoutOnQuit");
-  TextBox& terminal = main.txtTerm;
   terminal.Bold = BoldCheck.Checked();
   store.Write("Preferences", "BoldText", BooleanText(terminal.Bold()));
   terminal.ForeColor = ColourAt(TextColorList.ListIndex());

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/frmOrvalent.h"
 #include "controls/choices.h"
 #include "controls/clickable.h"
 #include "controls/form.h"
-#include "link/session.h"
+#include "controls/text_box.h"
 #include "platform/preference_store.h"
+#include "session/session.h"
 
 namespace quillmark {
 
@@ -13,7 +13,7 @@ namespace quillmark {
 // outlives it.
 class frmPreferences : public Form {
  public:
-  frmPreferences(PreferenceStore& store, Session& session, frmOrvalent& main);
+  frmPreferences(PreferenceStore& store, Session& session, TextBox& terminal);
 
   CheckBox ConnectOnLaunchCheck, KeepAliveCheck, LogoutCheck, BoldCheck;
   Label lblTextColor, lblBackgroundColor;
@@ -26,7 +26,7 @@ class frmPreferences : public Form {
 
   PreferenceStore& store;
   Session& session;
-  frmOrvalent& main;
+  TextBox& terminal;
 };
 
 }  // namespace quillmark

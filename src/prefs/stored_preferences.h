@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controls/text_box.h"
-#include "link/session.h"
 #include "platform/preference_store.h"
+#include "session/session.h"
 
 namespace quillmark {
 

@@ -2,7 +2,7 @@
 
 #include <QDateTime>
 
-#include "qt/serial_access.h"
+#include "qt/serial/serial_access.h"
 
 namespace quillmark {
 

@@ -4,14 +4,14 @@
 #include <string>
 
 #include "platform/platform.h"
-#include "qt/ini_preference_store.h"
-#include "qt/named_port_preferences.h"
-#include "qt/port_numbers.h"
-#include "qt/qt_desktop.h"
-#include "qt/qt_dialogs.h"
-#include "qt/qt_event_loop.h"
-#include "qt/qt_serial_port.h"
-#include "qt/qt_windows.h"
+#include "qt/binding/qt_windows.h"
+#include "qt/desktop/qt_desktop.h"
+#include "qt/desktop/qt_event_loop.h"
+#include "qt/dialogs/qt_dialogs.h"
+#include "qt/serial/named_port_preferences.h"
+#include "qt/serial/port_numbers.h"
+#include "qt/serial/qt_serial_port.h"
+#include "qt/store/ini_preference_store.h"
 
 namespace quillmark {
 

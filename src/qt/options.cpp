@@ -25,18 +25,10 @@ std::variant<Options, Printed> ReadOptions(const QStringList& arguments) {
   const QCommandLineOption port(QStringLiteral("port"),
                                 QStringLiteral("Connect at once to the radio on DEVICE."),
                                 QStringLiteral("DEVICE"));
-  const QCommandLineOption report(
-      QStringLiteral("report"),
-      QStringLiteral("Read the radio once, print its settings, leave pictures of the windows in "
-                     "DIR, and end."),
-      QStringLiteral("DIR"));
   const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("Use a dark theme."));
-  const QCommandLineOption start(
-      QStringLiteral("start-report"),
-      QStringLiteral("Print when the main window was painted and the memory used, and end."));
   const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
                                    QStringLiteral("Print the version."));
-  parser.addOptions({port, report, dark, start, version});
+  parser.addOptions({port, dark, version});
   const auto help = parser.addHelpOption();
   if (!parser.parse(arguments)) {
     return Printed{"quillmark-console: " + parser.errorText().toStdString() + "\n", 2};
@@ -48,8 +40,7 @@ std::variant<Options, Printed> ReadOptions(const QStringList& arguments) {
                        parser.positionalArguments().front().toStdString() + "\n",
                    2};
   }
-  return Options{DevicePath(parser.value(port)), parser.value(report).toStdString(),
-                 parser.isSet(dark), parser.isSet(start)};
+  return Options{DevicePath(parser.value(port)), parser.isSet(dark)};
 }
 
 }  // namespace quillmark

@@ -9,10 +9,8 @@ namespace quillmark {
 
 // What the command line asks for.
 struct Options {
-  std::string Port;    // a device; empty: the port that is stored
-  std::string Report;  // a folder; empty: an ordinary run
+  std::string Port;  // a device; empty: the port that is stored
   bool Dark = false;
-  bool StartReport = false;  // measure the start and end
 };
 
 // A run's options, or what is to be printed instead, and where the program ends with which code.

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "radio/conversation.h"
+#include "conversation/conversation.h"
 
 namespace quillmark {
 

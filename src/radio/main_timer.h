@@ -3,11 +3,11 @@
 #include <functional>
 
 #include "app/frmOrvalent.h"
+#include "conversation/conversation.h"
 #include "link/connection.h"
-#include "link/session.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
 #include "radio/read_cycle.h"
+#include "session/session.h"
 
 namespace quillmark {
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 #include "radio/login_probe.h"
 #include "radio/view_rules.h"
 #include "text/text.h"

@@ -4,10 +4,10 @@
 #include <string>
 
 #include "app/frmOrvalent.h"
+#include "conversation/conversation.h"
 #include "link/connection.h"
-#include "link/session.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/frmOrvalent.h"
-#include "link/session.h"
+#include "session/session.h"
 
 namespace quillmark {
 

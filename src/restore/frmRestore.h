@@ -5,13 +5,13 @@
 #include "app/frmOrvalent.h"
 #include "controls/form.h"
 #include "link/connection.h"
-#include "link/session.h"
 #include "platform/platform.h"
 #include "restore/restore_controls.h"
 #include "restore/restore_link.h"
 #include "restore/restore_load.h"
 #include "restore/restore_read.h"
 #include "restore/restore_save.h"
+#include "session/session.h"
 
 namespace quillmark {
 

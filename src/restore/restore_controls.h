@@ -8,8 +8,8 @@
 #include "controls/shape.h"
 #include "controls/text_box.h"
 #include "controls/timer.h"
-#include "link/session.h"
 #include "restore/restore_rows.h"
+#include "session/session.h"
 
 namespace quillmark {
 

@@ -1,9 +1,9 @@
 #include "restore/restore_link.h"
 
+#include "conversation/wake.h"
 #include "link/comm_events.h"
 #include "link/serial_failure.h"
-#include "prefs/utilities.h"
-#include "radio/wake.h"
+#include "platform/utilities.h"
 
 namespace quillmark {
 

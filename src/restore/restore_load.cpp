@@ -2,7 +2,7 @@
 
 #include "config/config_keys.h"
 #include "config/config_lines.h"
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 #include "restore/restore_select.h"
 #include "text/numbers.h"
 #include "text/path_text.h"

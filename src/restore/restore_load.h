@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "link/session.h"
 #include "platform/platform.h"
 #include "restore/restore_controls.h"
+#include "session/session.h"
 
 namespace quillmark {
 

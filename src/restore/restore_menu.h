@@ -5,10 +5,10 @@
 
 #include "app/frmOrvalent.h"
 #include "link/connection.h"
-#include "link/session.h"
 #include "platform/platform.h"
 #include "radio/main_timer.h"
 #include "restore/frmRestore.h"
+#include "session/session.h"
 
 namespace quillmark {
 

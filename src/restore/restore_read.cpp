@@ -1,6 +1,6 @@
 #include "restore/restore_read.h"
 
-#include "radio/reply.h"
+#include "conversation/reply.h"
 #include "restore/restore_select.h"
 #include "text/text.h"
 

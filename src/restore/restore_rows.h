@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "link/session.h"
+#include "session/session.h"
 
 namespace quillmark {
 

@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "app/version.h"
+#include "conversation/reply.h"
 #include "firmware/frmProgram.h"
-#include "radio/reply.h"
 #include "text/text.h"
 
 namespace quillmark {

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "config/replaced_file.h"
-#include "link/session.h"
 #include "platform/platform.h"
 #include "restore/restore_controls.h"
 #include "restore/restore_link.h"
+#include "session/session.h"
 
 namespace quillmark {
 

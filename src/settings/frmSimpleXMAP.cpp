@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "config/frmSimpleRptrSetup.h"
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
+#include "settings/frmSimpleRptrSetup.h"
 #include "text/numbers.h"
 
 namespace quillmark {

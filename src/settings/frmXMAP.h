@@ -4,7 +4,7 @@
 #include <string>
 
 #include "controls/clickable.h"
-#include "link/session.h"
+#include "session/session.h"
 #include "settings/option_window.h"
 
 namespace quillmark {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "prefs/utilities.h"
+#include "platform/utilities.h"
 #include "settings/frmDLINKOptions.h"
 #include "settings/frmDTYPEOptions.h"
 #include "settings/frmRTUOptions.h"

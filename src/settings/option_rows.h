@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/frmOrvalent.h"
-#include "link/session.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

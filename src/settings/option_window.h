@@ -5,8 +5,8 @@
 
 #include "app/frmOrvalent.h"
 #include "controls/form.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
 
 namespace quillmark {
 

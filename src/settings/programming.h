@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "app/frmOrvalent.h"
-#include "link/session.h"
+#include "conversation/conversation.h"
 #include "platform/platform.h"
-#include "radio/conversation.h"
+#include "session/session.h"
 
 namespace quillmark {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/frmOrvalent.h"
-#include "link/session.h"
 #include "platform/dialogs.h"
+#include "session/session.h"
 
 namespace quillmark {
 

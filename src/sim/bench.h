@@ -8,14 +8,14 @@
 #include <string_view>
 #include <vector>
 
-#include "app/console.h"
 #include "platform/platform.h"
-#include "sim/scripted_user.h"
+#include "sim/bench/scripted_user.h"
+#include "sim/bench/virtual_loop.h"
+#include "sim/bench/virtual_machine.h"
+#include "sim/bench/virtual_port.h"
 #include "sim/sim_line.h"
 #include "sim/sim_radio.h"
-#include "sim/virtual_loop.h"
-#include "sim/virtual_machine.h"
-#include "sim/virtual_port.h"
+#include "start/console.h"
 
 namespace quillmark::sim {
 

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "radio/settings_rows.h"
+#include "app/settings_rows.h"
 
 namespace quillmark::attack {
 

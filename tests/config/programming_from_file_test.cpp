@@ -1,6 +1,6 @@
 #include <sys/stat.h>
 
-#include "config_bench.h"
+#include "config/config_bench.h"
 #include "sim/sim_radio_table.h"
 
 namespace quillmark {

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "config_bench.h"
+#include "config/config_bench.h"
 
 namespace quillmark {
 namespace {

@@ -1,6 +1,6 @@
 #include <string_view>
 
-#include "config_bench.h"
+#include "config/config_bench.h"
 
 namespace quillmark {
 namespace {

@@ -22,10 +22,10 @@
 #include <string>
 #include <vector>
 
-#include "app/console.h"
-#include "qt/clickable_text.h"
 #include "qt/machine.h"
-#include "qt/terminal_view.h"
+#include "qt/widgets/clickable_text.h"
+#include "qt/widgets/terminal_view.h"
+#include "start/console.h"
 
 namespace quillmark {
 

@@ -21,8 +21,8 @@
 #include <fstream>
 
 #include "e2e/program_fixture.h"
-#include "qt/end_signals.h"
-#include "qt/store_trouble_boxes.h"
+#include "qt/desktop/end_signals.h"
+#include "qt/dialogs/store_trouble_boxes.h"
 
 namespace quillmark {
 namespace {
@@ -182,9 +182,9 @@ TEST_F(Program, QuittingInsideAModalWindowEndsIt) {
 // What a person starts from a terminal.
 TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   radio.Start({"--revision", "1.9.9", "--mode", "M", "--zone-traffic", "20"});
-  const QString program = QCoreApplication::applicationDirPath() + "/quillmark-console";
+  const QString folder = QCoreApplication::applicationDirPath();
   QProcess report;
-  report.start(program, {"--port", radio.link, "--report", home.filePath("pictures")});
+  report.start(folder + "/quillmark-pictures", {"--port", radio.link, home.filePath("pictures")});
   ASSERT_TRUE(report.waitForFinished(60'000));
   const std::string table = report.readAllStandardOutput().toStdString();
   EXPECT_EQ(report.exitCode(), 0) << report.readAllStandardError().toStdString();
@@ -196,7 +196,7 @@ TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   // A radio that was never connected is logged out all the same.
   Prefer("False");
   QProcess console;
-  console.start(program, {});
+  console.start(folder + "/quillmark-console", {});
   ASSERT_TRUE(console.waitForStarted());
   while (!Catches(console.processId(), SIGTERM)) ASSERT_FALSE(console.waitForFinished(10));
   console.terminate();

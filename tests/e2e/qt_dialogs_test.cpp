@@ -1,4 +1,4 @@
-#include "qt/qt_dialogs.h"
+#include "qt/dialogs/qt_dialogs.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>
@@ -9,8 +9,8 @@
 #include <fstream>
 
 #include "e2e/program_fixture.h"
-#include "qt/printing.h"
-#include "qt/qt_event_loop.h"
+#include "qt/desktop/printing.h"
+#include "qt/desktop/qt_event_loop.h"
 
 namespace quillmark {
 namespace {

@@ -1,4 +1,4 @@
-#include "qt/qt_serial_port.h"
+#include "qt/serial/qt_serial_port.h"
 
 #include <gmock/gmock.h>
 #include <grp.h>
@@ -14,8 +14,8 @@
 #include <fstream>
 
 #include "e2e/pty_pair.h"
-#include "qt/qt_event_loop.h"
-#include "qt/serial_access.h"
+#include "qt/desktop/qt_event_loop.h"
+#include "qt/serial/serial_access.h"
 
 namespace quillmark {
 namespace {

@@ -105,7 +105,7 @@ TEST_F(Program, TheTabKeyFollowsTheEye) {
        "RxFrequency TxFrequency Key ExitButton"},
       {std::make_shared<frmDTYPEOptions>(*platform, main, talk),
        "NodeButton CancelButton RootButton"},
-      {std::make_shared<frmPreferences>(machine->Store, session, main),
+      {std::make_shared<frmPreferences>(machine->Store, session, main.txtTerm),
        "ConnectOnLaunchCheck KeepAliveCheck LogoutCheck BoldCheck TextColorList "
        "BackgroundColorList OKButton CancelButton"},
       {std::make_shared<frmDLINKOptions>(*platform, main, talk),

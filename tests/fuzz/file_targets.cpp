@@ -6,11 +6,11 @@
 
 #include "config/config_keys.h"
 #include "config/config_lines.h"
-#include "config/preset_file.h"
+#include "config/presets/preset_file.h"
 #include "firmware/firmware_version.h"
 #include "firmware/s_records.h"
 #include "fuzz/fuzz_target.h"
-#include "qt/ini_file.h"
+#include "qt/store/ini_file.h"
 
 namespace quillmark::fuzz {
 

@@ -4,9 +4,9 @@
 
 #include "config/direct_run.h"
 #include "config/saved_settings.h"
+#include "conversation/reply.h"
 #include "diagnostics/zone_replies.h"
 #include "fuzz/fuzz_target.h"
-#include "radio/reply.h"
 #include "sim/bench.h"
 
 namespace quillmark::fuzz {

@@ -1,0 +1,197 @@
+#include "config/new_radio/quick_config.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+#include "settings/frmSimpleXMAP.h"
+#include "text/numbers.h"
+#include "text/text.h"
+
+namespace quillmark {
+
+namespace {
+
+// In a list of pauses: a dot in the terminal. Any other number is a pause in ms.
+constexpr int dot = 0;
+constexpr int end = -1;
+
+enum class Next { AskForRepeater, Nothing, AskXaddr, GuideSubRemote };
+
+}  // namespace
+
+struct Role {
+  const char* Title;
+  const char* Question;
+  char Mode;
+  bool StatusFirst;  // the status panel before the terminal
+  bool DotFirst;     // the dot before the pause, up to the power
+  std::array<int, 4> AfterBaud;
+  Next Then;
+};
+
+namespace {
+
+// clang-format off
+constexpr Role master{"MASTER", "Program radio as MASTER...", 'M', false, false,
+                      {100, dot, end}, Next::AskForRepeater};
+constexpr Role remote{"REMOTE", "Program radio as REMOTE...", 'R', false, false,
+                      {dot, 100, 500, end}, Next::Nothing};
+constexpr Role repeater{"REPEATER", "Program radio as REPEATER...", 'X', true, false,
+                        {500, dot, end}, Next::AskXaddr};
+constexpr Role subRemote{"REPEATER",
+                         "Program radio as a REMOTE connecting through a REPEATER...", 'R', false,
+                         true, {dot, 100, end}, Next::GuideSubRemote};
+// clang-format on
+
+// Without an exponent, whatever the user's country writes for a decimal point.
+std::string PlainDecimal(double value) {
+  std::array<char, 400> text{};
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  return end.ec == std::errc() && std::isfinite(value) ? std::string(text.data(), end.ptr) : "0";
+}
+
+}  // namespace
+
+QuickConfig::QuickConfig(Platform& machine, frmOrvalent& window, Conversation& conversation,
+                         DirectRun& itsRun, ConfigSender& itsSender)
+    : platform(machine), main(window), radio(conversation), run(itsRun), sender(itsSender) {}
+
+void QuickConfig::Wire() {
+  main.cmdMaster.OnClick = [this] { Role_Click(master, main.cmdMaster); };
+  main.cmdRemote.OnClick = [this] { Role_Click(remote, main.cmdRemote); };
+  main.cmdRepeater.OnClick = [this] { Role_Click(repeater, main.cmdRepeater); };
+  main.cmdSubRemote.OnClick = [this] { Role_Click(subRemote, main.cmdSubRemote); };
+  main.cmdRptHelp1.OnClick = [this] { cmdRptHelp_Click(); };
+  main.cmdRptHelp2.OnClick = [this] { cmdRptHelp_Click(); };
+}
+
+void QuickConfig::cmdRptHelp_Click() {
+  Form_QueryUnload();
+  picture = std::make_shared<frmSimpleRptrSetup>();
+  platform.Windows.Show(picture);
+}
+
+void QuickConfig::Form_QueryUnload() {
+  if (picture) picture->Unload();
+}
+
+bool QuickConfig::Confirmed(const Role& role, const Entries& entries) const {
+  const std::string text = std::string(role.Question) + "\r\n\r\nBAUD: " + entries.Baud +
+                           "\r\n\r\nADDR: " + entries.Address +
+                           "\r\n\r\nPWR: " + std::to_string(entries.Power) + " dBm";
+  return platform.Dialogs.Message({text, role.Title, Icon::None, Buttons::YesNo}) == Answer::Yes;
+}
+
+void QuickConfig::Role_Click(const Role& role, const Button& button) {
+  const Entries entries{main.cmbBaud.Text(), main.txtNewADDR.Text(), main.sldPwr.Value()};
+  if (!run.MayStart() || !Confirmed(role, entries)) return;
+  run.WhenFree(button, [this, &role, entries] { ProgramRole(role, entries); });
+}
+
+void QuickConfig::ProgramRole(const Role& role, const Entries& entries) {
+  const QuickTask task(run);
+  try {
+    ClearUnit(role);
+    if (!main.LinkLetGo) SendRole(role, entries);
+  } catch (const SerialError&) {
+    // The loss of the port has told the user.
+  }
+  main.DirectPortMode = false;
+  run.ReadRadioAgain();
+}
+
+void QuickConfig::ClearUnit(const Role& role) {
+  constexpr const char* status = "Clearing Unit";
+  if (role.StatusFirst) run.ShowStatus(status);
+  run.ShowTitle("PROGRAMMING.");
+  if (!role.StatusFirst) run.ShowStatus(status);
+  main.DirectPortMode = true;
+  bool loaded = false;
+  sender.LoadConfigLines({}, true, loaded);
+  sender.SendConfigLines(false);
+  // Its failure path gives the line away, but the role still follows.
+  main.DirectPortMode = true;
+}
+
+void QuickConfig::SendRole(const Role& role, const Entries& entries) {
+  const auto send = [&](const std::string& command, int pause) {
+    run.Send(command);
+    if (role.DotFirst) run.Dot();
+    run.Sleep(pause);
+    if (!role.DotFirst) run.Dot();
+  };
+  send(std::string("MODE ") + role.Mode, 250);
+  send("ADDR " + PlainDecimal(LeadingNumber(entries.Address)), 100);
+  send("PWR " + std::to_string(entries.Power), 100);
+  run.Send("BAUD " + entries.Baud);
+  for (const int pause : role.AfterBaud) {
+    if (pause == end) break;
+    if (pause == dot) {
+      run.Dot();
+    } else {
+      run.Sleep(pause);
+    }
+  }
+  AskFurther(role);
+}
+
+void QuickConfig::AskFurther(const Role& role) {
+  switch (role.Then) {
+    case Next::AskForRepeater:
+      AskForRepeater();
+      break;
+    case Next::AskXaddr:
+      run.DropInput();
+      AskXaddr();
+      break;
+    case Next::GuideSubRemote:
+      platform.Windows.ShowModal(std::make_shared<frmSimpleXMAP>(platform, main, radio), main);
+      break;
+    case Next::Nothing:
+      run.DropInput();
+      break;
+  }
+}
+
+void QuickConfig::AskForRepeater() {
+  const Answer answer = platform.Dialogs.Message({"Will the MASTER have a REPEATER in the system ?",
+                                                  "Repeater ?", Icon::None, Buttons::YesNo});
+  if (answer == Answer::Yes) run.Send("SAF ON");
+  run.Dot();
+  run.Sleep(500);
+  run.DropInput();
+}
+
+void QuickConfig::AskXaddr() {
+  for (;;) {
+    const std::string answer = platform.Dialogs.Input(
+        {"Enter this repeater's XADDR. (This is the number used by the remotes that are to "
+         "associate with this repeater.)",
+         "Enter XADDR", "1"});
+    if (answer.empty()) {
+      platform.Dialogs.Message({"REPEATER radio programmed WITH default XADDR of 0"});
+      return;
+    }
+    const auto number = NumericValue(answer);
+    if (!number || *number < 0 || *number >= 32) {
+      platform.Dialogs.Message({"XADDR is a number between 0 and 31.", "Invalid XADDR"});
+      continue;
+    }
+    if (*number == 0) {
+      const Answer sure = platform.Dialogs.Message(
+          {"XADDR 0 is the default setting for a Master radio.\r\n\r\nAre you sure you want to use "
+           "an XADDR of 0 ?",
+           "XADDR", Icon::None, Buttons::YesNo});
+      if (sure != Answer::Yes) continue;
+    }
+    run.Send("XADDR " + answer);
+    run.Sleep(250);
+    run.DropInput();
+    return;
+  }
+}
+
+}  // namespace quillmark

@@ -1,0 +1,297 @@
+#include "conversation/conversation.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "text/text.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr Duration echoTime = Milliseconds(500);   // for a radio to switch its echo
+constexpr Duration hurtQuiet = Milliseconds(150);  // no more of a hurt reply comes after that
+constexpr Duration bareQuiet = Milliseconds(500);  // no text comes behind a bare prompt after that
+constexpr Duration lateTime = Milliseconds(500);   // for what follows a late reply
+constexpr Duration secretTime = Seconds(1);        // between the pieces of a reply to a secret
+constexpr Duration look = Milliseconds(10);
+constexpr std::size_t longestHead = 8;  // "LOADER>" and a bit
+
+bool IsControl(char c) {
+  const auto code = static_cast<unsigned char>(c);
+  return code < 32 || code == 127;
+}
+
+bool IsLikely(const Conversation::Question& question, std::string_view text) {
+  if (!question.ManyLines && std::any_of(text.begin(), text.end(), IsControl)) return false;
+  // The prompt of another line may have come ahead of it.
+  const PromptPlace prompt = FindPrompt(text, 0, true);
+  if (prompt.Kind != PromptKind::None && prompt.At == 0) return false;
+  if (SaysNoValue(text) || question.Opening.empty()) return true;
+  return FindAnyCase(text, question.Opening) == 1 && !Holds(text, ">");
+}
+
+}  // namespace
+
+Conversation::Conversation(SerialPort& itsPort, EventLoop& loop, Session& shared, LinkState& state,
+                           Hears how)
+    : Turns(loop, state), port(itsPort), events(loop), session(shared), link(state), hears(how) {}
+
+std::string Conversation::Hear(std::string_view received) {
+  if (received.empty()) return {};
+  EndOldSecret();
+  lastByte = events.Now();
+  session.RxBuffer.Append(received);
+  std::string shown;
+  for (const char byte : received) {
+    if (!secretDue) shown += byte;
+    Follow(byte);
+  }
+  return shown;
+}
+
+void Conversation::Discard(std::string_view received) {
+  Hear(received);
+  Prime();
+  session.RxBuffer.Append(" ");
+}
+
+void Conversation::Take() { Hear(port.Input()); }
+
+// Prompts stand at the head of a line; what follows one stands there too.
+void Conversation::Follow(char byte) {
+  if (byte == '\n') {
+    lineHead.clear();
+    return;
+  }
+  if (lineHead.size() < longestHead) lineHead += byte;
+  if (byte != '>') return;
+  const PromptPlace prompt = FindPrompt(lineHead, 0, true);
+  if (prompt.Kind == PromptKind::None || prompt.At != 0 || prompt.End != lineHead.size()) return;
+  lineHead.clear();
+  SeePrompt(prompt.Kind);
+}
+
+void Conversation::SeePrompt(PromptKind kind) {
+  int& awaited = due > 0 ? due : late;
+  if (awaited > 0) --awaited;
+  if (due == 0 && late == 0) secretDue = false;
+  // A page of a report says nothing about the mode.
+  if (kind == PromptKind::More) return;
+  lastPrompt = kind;
+  session.InSetupMode = kind == PromptKind::Setup;
+}
+
+// A prompt that was lost must not keep the terminal silent for good.
+void Conversation::EndOldSecret() {
+  if (QuietFor() >= secretTime) secretDue = false;
+}
+
+void Conversation::Sent(int prompts) {
+  EndOldSecret();
+  due += prompts;
+  lastByte = events.Now();
+}
+
+void Conversation::Say(const std::string& line, int prompts) {
+  port.Output(line + "\r");
+  Sent(prompts);
+}
+
+void Conversation::SayBytes(const std::string& bytes) {
+  port.Output(bytes);
+  Sent(static_cast<int>(std::count(bytes.begin(), bytes.end(), '\r')));
+}
+
+bool Conversation::SaySecret(const std::string& line) {
+  const int began = epoch;
+  if (!link.EchoIsOff) SwitchEcho(false);
+  const int switches = echoSwitches;
+  // A prompt that is still due would end the silence too early; it stays counted.
+  AwaitText(echoTime, [this] { return due == 0 || QuietFor() >= echoTime; });
+  // Left or disconnected meanwhile.
+  if (epoch != began || echoSwitches != switches) return false;
+  Prime();
+  Say(line);
+  secretDue = true;
+  return true;
+}
+
+bool Conversation::AwaitText(Duration limit, const std::function<bool()>& done) {
+  const Duration deadline = events.Now() + limit;
+  const int began = epoch;
+  for (;;) {
+    if (TakesItself() && port.PortOpen()) Take();
+    if (epoch != began || !port.PortOpen() || (GivenUp && GivenUp())) return false;
+    if (done()) return true;
+    const Duration left = deadline - events.Now();
+    if (left <= Duration::zero()) return false;
+    const Duration pause = std::min(left, look);
+    if (hears == Hears::Itself) {
+      events.Sleep(pause);
+    } else {
+      events.Wait(pause);
+    }
+  }
+}
+
+void Conversation::AwaitQuiet(Duration quiet, Duration limit) {
+  AwaitText(limit, [&] { return QuietFor() >= quiet; });
+}
+
+void Conversation::Settle(Duration quiet, Duration limit) {
+  const bool others = std::exchange(handedOver, false);
+  if (others) lastByte = events.Now();
+  AwaitText(limit, [&] { return (due == 0 && !others) || QuietFor() >= quiet; });
+  late += std::exchange(due, 0);
+  secretDue = false;
+}
+
+bool Conversation::CommandExchange(const std::string& text, std::string_view awaited,
+                                   Duration limit) {
+  Prime();
+  const Duration began = events.Now();
+  Say(text);
+  // The prompt comes last and is quick to look for.
+  return AwaitText(limit - (events.Now() - began), [&] {
+    return Contains(session.RxBuffer, ">") && Contains(session.RxBuffer, awaited);
+  });
+}
+
+bool Conversation::Decided(const Reply& reply) const {
+  switch (reply.Came) {
+    case Reply::State::Whole:
+      return true;
+    case Reply::State::Bare:
+      return QuietFor() >= bareQuiet;
+    case Reply::State::Unechoed:
+    case Reply::State::Damaged:
+      return QuietFor() >= hurtQuiet;
+    case Reply::State::Missing:
+      break;
+  }
+  return false;
+}
+
+Reply Conversation::AwaitReply(const Question& question) {
+  const ReplyForm form{.Command = question.Command,
+                       .Echo = question.Echo,
+                       .EarlierPrompts = late,
+                       .PromptInText = question.InValue == Question::Bracket::Stays};
+  const Duration silent = events.Now() + question.Limit;
+  Reply reply;
+  AwaitText(std::max(question.Limit, question.LimitOnceBegun), [&] {
+    if (!HasBegun()) return events.Now() >= silent;
+    // Without a prompt there is nothing to take apart.
+    if (session.RxBuffer.View().find('>') == std::string_view::npos) return false;
+    reply = FindReply(session.RxBuffer, form);
+    return Decided(reply);
+  });
+  return reply;
+}
+
+std::optional<std::string> Conversation::Ask(const Question& question) {
+  constexpr int attempts = 2;
+  std::optional<std::string> doubtful;
+  bool again = true;
+  for (int attempt = 0; again && attempt < attempts; ++attempt) {
+    if (attempt > 0 && AskingAgain) AskingAgain();
+    if (auto value = AskOnce(question, doubtful, again)) return value;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> Conversation::AskOnce(const Question& question,
+                                                 std::optional<std::string>& doubtful,
+                                                 bool& again) {
+  const int began = epoch;
+  // What is still due would mix with the reply, which has nothing but its place to be told by.
+  Settle();
+  again = epoch == began;
+  if (!again) return std::nullopt;
+  Prime();
+  Say(question.Command);
+  if (question.FirstLook > Duration::zero()) {
+    events.Sleep(question.FirstLook);
+    // Also where the reply is there already: the windows must not stand still for a whole run.
+    if (hears == Hears::ByEvents) events.Pump();
+  }
+  const Reply reply = AwaitReply(question);
+  // The line before may have lost its end: this one was then heard as a part of it.
+  const bool joined = std::exchange(cameLast, reply.Came) == Reply::State::Missing;
+  again = epoch == began && Open() && reply.Came != Reply::State::Missing;
+  if (!again) return std::nullopt;
+  // Its prompt has come, even where it was hurt beyond recognition.
+  due = 0;
+  if (reply.EchoSeen) link.EchoIsOff = false;
+  const bool wrongEcho =
+      question.Echo ? reply.Came == Reply::State::Unechoed : reply.Came != Reply::State::Whole;
+  if (wrongEcho) SwitchEcho(question.Echo);
+  if (reply.Came != Reply::State::Whole) return std::nullopt;
+  // RxBuffer may grow from here on.
+  const std::string text(reply.Text);
+  auto value = question.InValue == Question::Bracket::Stays ? text : ValueOf(reply);
+  if (IsLateReply()) return std::nullopt;
+  const bool spoilt = question.InValue == Question::Bracket::Spoils && Holds(text, ">");
+  if (spoilt) value.reset();
+  if (IsRefusal(text)) {
+    again = !question.TakesRefusal || joined;
+    if (again && !question.Echo) SwitchEcho(false);
+    return again ? std::nullopt : value;
+  }
+  again = !IsLikely(question, text) && value != doubtful;
+  if (!again) return value;
+  doubtful = std::move(value);
+  return std::nullopt;
+}
+
+bool Conversation::IsLateReply() {
+  if (late == 0) return false;
+  const int before = late;
+  const bool another = AwaitText(lateTime, [&] { return late < before; });
+  late = 0;
+  return another;
+}
+
+// Nothing but line ends, the prompt, and the word itself where the radio still echoed.
+bool Conversation::EchoReplyIsGood(const std::string& word) const {
+  std::string_view text = session.RxBuffer;
+  if (const std::size_t at = quillmark::Find(text, word)) text.remove_prefix(at - 1 + word.size());
+  return FindReply(text, {.Command = "", .Echo = false}).Came == Reply::State::Bare;
+}
+
+bool Conversation::SwitchEcho(bool on, std::string_view afterReturn) {
+  constexpr int attempts = 2;
+  const std::string word = on ? "eeco" : "deco";
+  const int mine = ++echoSwitches;
+  for (int attempt = 0; attempt < attempts; ++attempt) {
+    // What earlier lines bring is not the answer to this one.
+    AwaitText(echoTime, [this] { return due == 0; });
+    if (echoSwitches != mine) return false;
+    late += std::exchange(due, 0);
+    Prime();
+    // Whatever becomes of it: a way out must know that the echo may be off.
+    if (!on) link.EchoIsOff = true;
+    port.Output(word + "\r" + std::string(afterReturn));
+    Sent(1);
+    const bool answered = AwaitText(echoTime, [this] { return due == 0; });
+    // Somebody may have switched it the other way meanwhile.
+    if (!port.PortOpen() || !answered || echoSwitches != mine) return false;
+    if (EchoReplyIsGood(word)) {
+      link.EchoIsOff = !on;
+      return true;
+    }
+  }
+  return false;
+}
+
+void Conversation::Restart() {
+  ++epoch;
+  due = 0;
+  late = 0;
+  secretDue = false;
+  lineHead.clear();
+  lastByte = events.Now();
+}
+
+}  // namespace quillmark

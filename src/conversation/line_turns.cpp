@@ -1,0 +1,70 @@
+#include "conversation/line_turns.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillmark {
+
+namespace {
+constexpr Duration soon = Milliseconds(1);
+}
+
+LineTurns::LineTurns(EventLoop& loop, LinkState& state) : events(loop), link(state) {}
+
+LineTurns::~LineTurns() { events.StopTimer(*this); }
+
+LineTurns::Turn::Turn(LineTurns& all) : turns(all), alive(all.alive) { ++turns.link.LineHolders; }
+
+LineTurns::Turn::~Turn() {
+  // A window may outlive the application that has opened it.
+  if (alive.expired()) return;
+  --turns.link.LineHolders;
+  turns.Release();
+}
+
+void LineTurns::WhenFree(std::function<void()> act) {
+  if (Idle()) {
+    act();
+    return;
+  }
+  waiting.push_back({nullptr, std::move(act)});
+}
+
+void LineTurns::WhenFree(const Control& entry, std::function<void()> act) {
+  if (Idle()) {
+    act();
+    return;
+  }
+  const bool there = std::any_of(waiting.begin(), waiting.end(),
+                                 [&](const Act& each) { return each.Entry == &entry; });
+  if (!there) waiting.push_back({&entry, std::move(act)});
+}
+
+void LineTurns::Forget() { waiting.clear(); }
+
+// Not on the stack of the one that had the line: it is still about to end.
+void LineTurns::Release() {
+  if (Free() && !running && !waiting.empty()) events.StartTimer(*this, soon);
+}
+
+void LineTurns::Tick() {
+  events.StopTimer(*this);
+  if (Free() && !running && !waiting.empty()) RunNext();
+}
+
+void LineTurns::RunNext() {
+  const Act next = std::move(waiting.front());
+  waiting.pop_front();
+  running = true;
+  struct Ended {
+    LineTurns& turns;
+    ~Ended() {
+      turns.running = false;
+      turns.Release();
+    }
+  } ended{*this};
+  // Not whether it is in view: the user may have turned to another one meanwhile.
+  if (next.Entry == nullptr || next.Entry->Enabled()) next.Run();
+}
+
+}  // namespace quillmark

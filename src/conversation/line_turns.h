@@ -1,0 +1,71 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+
+#include "controls/control.h"
+#include "platform/event_loop.h"
+#include "session/session.h"
+
+namespace quillmark {
+
+// Whose turn it is on the line. A read, a connect, a probe, a single setting or a long run takes a
+// turn for its length; what users ask for meanwhile waits and runs, in the order of their acts,
+// when nobody has the line any more. The link's state counts the turns, so that windows which keep
+// the line for themselves are told there too. Everything given to it outlives it.
+class LineTurns : private Ticker {
+ public:
+  LineTurns(EventLoop& events, LinkState& link);
+  ~LineTurns();
+  LineTurns(const LineTurns&) = delete;
+  LineTurns& operator=(const LineTurns&) = delete;
+
+  // Holds the line for the length of a block. Turns may stand within each other: a reconnect at the
+  // end of a run, say.
+  class Turn {
+   public:
+    explicit Turn(LineTurns& turns);
+    ~Turn();
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+   private:
+    LineTurns& turns;
+    std::weak_ptr<const bool> alive;
+  };
+
+  // Nobody has the line.
+  bool Free() const {
+    return link.LineHolders == 0 && link.SecretWindows == 0 && !link.DirectPortMode;
+  }
+  // Nobody has it, and nobody waits for it.
+  bool Idle() const { return Free() && waiting.empty(); }
+
+  // Runs it now, or when the line is free and all that was asked for earlier has run.
+  void WhenFree(std::function<void()> act);
+  // The same for what a control starts: only if it is still enabled then, and once, however
+  // often it was clicked.
+  void WhenFree(const Control& entry, std::function<void()> act);
+  // Forgets what waits: the link that it was meant for is gone.
+  void Forget();
+
+ private:
+  struct Act {
+    const Control* Entry;
+    std::function<void()> Run;
+  };
+
+  void Release();
+  void RunNext();
+  // When a turn has ended and something waits.
+  void Tick() override;
+
+  EventLoop& events;
+  LinkState& link;
+  std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
+  bool running = false;  // an act that waited is at work
+  std::deque<Act> waiting;
+};
+
+}  // namespace quillmark

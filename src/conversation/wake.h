@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+
+#include "conversation/conversation.h"
+#include "platform/platform.h"
+
+namespace quillmark {
+
+// The burst of characters that wakes a radio, or finds a loader that has just started: up to 30
+// rounds, 45 s at most against a dead one. The connect, the store and restore window and the
+// firmware upgrade wake with it. Throws SerialError.
+
+enum class WakeEnd { Awake, Cancelled, NoAnswer };
+
+struct WakeSteps {
+  // Delivers events, at the head of each round.
+  std::function<void()> Pump;
+  // Asked ahead of each burst.
+  std::function<bool()> Cancelled;
+  // Told behind each burst: the round, from 0, and the burst in it, 0 to 3.
+  std::function<void(int round, int burst)> Sent{};
+};
+
+WakeEnd WakeRadio(Platform& platform, Conversation& radio, const WakeSteps& steps);
+
+}  // namespace quillmark

@@ -1,0 +1,234 @@
+#include "qt/binding/form_window.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+
+#include "qt/desktop/form_size.h"
+#include "qt/desktop/qt_event_loop.h"
+#include "qt/text/latin1.h"
+#include "qt/widgets/terminal_view.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr double helpDistance = 120;  // twips between a dialog and the window that explains it
+constexpr int mouseLook = 20;         // ms between looks for the release of a mouse button
+
+// What Escape does: it clicks the button or the menu entry by which one leaves the window without
+// a change, whatever that is called. False where the window has none.
+bool LeaveByEscape(const QWidget& window) {
+  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton", "cmdClose", "Command1"}) {
+    if (auto* button = window.findChild<QPushButton*>(QLatin1String(name))) {
+      button->click();
+      return true;
+    }
+  }
+  auto* exit = window.findChild<QAction*>(QStringLiteral("mnuExitScreen"));
+  if (exit != nullptr) exit->trigger();
+  return exit != nullptr;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(std::shared_ptr<Form> shownForm, QWidget* shownWindow, QtEventLoop& loop,
+                       std::function<bool()> isBlocked)
+    : form(std::move(shownForm)),
+      window(shownWindow),
+      events(loop),
+      blocked(std::move(isBlocked)),
+      binder(std::make_unique<Binder>(*form, *shownWindow, *this)) {}
+
+FormWindow::~FormWindow() {
+  form->SetFormView(nullptr);
+  form->SetView(nullptr);
+  binder.reset();
+  delete window.data();
+}
+
+void FormWindow::Join() {
+  binder->Join();
+  form->SetFormView(this);
+  form->SetView(this);
+  window->setWindowTitle(ToQt(form->Caption()));
+  window->installEventFilter(this);
+  for (TerminalView* terminal : window->findChildren<TerminalView*>()) {
+    connect(&events, &QtEventLoop::AboutToSleep, terminal, &TerminalView::Flush);
+  }
+}
+
+void FormWindow::Show() {
+  form->Activate();
+  TakeSize();
+  StayOnTop();
+  if (form->Visible()) window->show();
+  NoteSize();
+  if (const Control* focus = form->Focus()) binder->MoveFocus(*focus);
+}
+
+void FormWindow::ShowAgain() {
+  form->Activate();
+  window->show();
+  window->raise();
+}
+
+// A change of this flag hides a window: it is made before the window is shown.
+void FormWindow::StayOnTop() {
+  window->setWindowFlag(Qt::WindowStaysOnTopHint, form->AlwaysOnTop());
+}
+
+// The form's own size where it has one, the layout's otherwise; in the middle of its owner, or of
+// the screen.
+void FormWindow::TakeSize() {
+  sizing = true;
+  window->ensurePolished();
+  if (form->Width() > 0) {
+    const QSize wanted(ToPixels(form->Width()), ToPixels(form->Height()));
+    window->resize(wanted.expandedTo(window->sizeHint()));
+  } else {
+    // It holds itself to a part of the screen, which is too little for a picture.
+    window->adjustSize();
+    window->resize(window->size().expandedTo(window->sizeHint()));
+  }
+  const QRect screen = window->screen()->availableGeometry();
+  // Without a screen there is none to be too large for.
+  if (QGuiApplication::platformName() != QLatin1String("offscreen")) {
+    window->resize(window->size().boundedTo(screen.size()).expandedTo(window->minimumSizeHint()));
+  }
+  window->move(PlaceOn(screen));
+  sizing = false;
+}
+
+// A window that helps with a dialog stands to its left, the others in the middle of their owner.
+QPoint FormWindow::PlaceOn(const QRect& screen) const {
+  const QWidget* owner = window->parentWidget();
+  if (owner == nullptr || !owner->isVisible()) return screen.center() - window->rect().center();
+  const bool helps = window->property("besideOwner").toBool();
+  if (!helps || qobject_cast<const QDialog*>(owner) == nullptr) {
+    return owner->geometry().center() - window->rect().center();
+  }
+  const int left = owner->frameGeometry().left() - ToPixels(helpDistance) - window->width();
+  const int top = owner->frameGeometry().top();
+  return {std::max(left, screen.left()),
+          std::max(screen.top(), std::min(top, screen.bottom() - window->height()))};
+}
+
+// What the logic adds to the form's height, the window gets too.
+void FormWindow::FollowSize() {
+  const double change = form->Height() - heightSeen;
+  heightSeen = form->Height();
+  if (change == 0 || window->isMaximized() || window->isFullScreen()) return;
+  sizing = true;
+  if (auto* main = qobject_cast<QMainWindow*>(window.data())) {
+    main->centralWidget()->layout()->activate();
+  }
+  window->layout()->activate();
+  window->resize(window->width(), window->height() + ToPixels(change));
+  sizing = false;
+}
+
+void FormWindow::NoteSize() {
+  heightSeen = ToTwips(window->height());
+  events.Deliver([this] { form->UserResize(ToTwips(window->width()), ToTwips(window->height())); });
+}
+
+void FormWindow::Changed(Control&) {
+  if (dying || window.isNull()) return;
+  window->setWindowTitle(ToQt(form->Caption()));
+  if (window->isVisible() != form->Visible()) window->setVisible(form->Visible());
+  FollowSize();
+}
+
+void FormWindow::FocusMoved(Control& control) {
+  if (!dying) binder->MoveFocus(control);
+}
+
+void FormWindow::MenuPopsUp(Menu& menu, Control& beside) {
+  if (!dying) binder->PopUp(menu, beside);
+}
+
+void FormWindow::Unloaded(Form&) {
+  dying = true;
+  if (!window.isNull()) window->hide();
+  emit Gone();
+  Die();
+}
+
+// The widget whose click is on the stack must outlive it.
+void FormWindow::Die() {
+  if (dying && acting == 0) deleteLater();
+}
+
+void FormWindow::Act(const std::function<void()>& act) {
+  if (dying || blocked()) return;
+  ++acting;
+  events.Deliver(act);
+  --acting;
+  RunPostponed();
+  Die();
+}
+
+void FormWindow::ActAfterwards(const std::function<void()>& act) {
+  postponed.push_back(act);
+  RunPostponed();
+}
+
+void FormWindow::RunPostponed() {
+  if (postponed.empty() || acting > 0 || dying) return;
+  const bool clickUnderWay = QGuiApplication::mouseButtons() != Qt::NoButton;
+  QTimer::singleShot(clickUnderWay ? mouseLook : 0, this, [this, clickUnderWay] {
+    if (clickUnderWay || acting > 0) return RunPostponed();
+    std::vector<std::function<void()>> due;
+    due.swap(postponed);
+    for (const auto& act : due) Act(act);
+  });
+}
+
+// A key that no control took. Escape does not leave a dialog without a Cancel button, unless it has
+// nothing but something to look at.
+bool FormWindow::KeyPressed(int key) {
+  if (qobject_cast<QDialog*>(window.data()) == nullptr) {
+    Act([this] { form->UserKey(); });
+    return false;
+  }
+  if (key != Qt::Key_Escape) return false;
+  // A picture has nothing to click.
+  if (!LeaveByEscape(*window) && window->findChild<QAbstractButton*>() == nullptr) {
+    Act([this] { form->UserClose(); });
+  }
+  return true;
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != window.data() || dying) return false;
+  switch (event->type()) {
+    case QEvent::Close:
+      event->ignore();
+      Act([this] { form->UserClose(); });
+      return true;
+    case QEvent::WindowActivate:
+      emit Activated();
+      return false;
+    case QEvent::KeyPress:
+      return KeyPressed(static_cast<QKeyEvent*>(event)->key());
+    case QEvent::MouseButtonPress:
+      Act([this] { form->UserClick(); });
+      return false;
+    case QEvent::Resize:
+      if (!sizing) NoteSize();
+      return false;
+    default:
+      return false;
+  }
+}
+
+}  // namespace quillmark

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "controls/form.h"
+#include "qt/binding/binder.h"
+
+namespace quillmark {
+
+class QtEventLoop;
+
+// A form on the screen: its window, its binder, its close box, its size. QtWindows makes one when
+// the logic shows a form. It goes when the form is unloaded: hidden at once, deleted when no act of
+// its user is on the stack any more. It keeps its form alive that long.
+class FormWindow : public QObject, public FormView, public ControlView, public Acts {
+  Q_OBJECT
+
+ public:
+  // Takes the window. `blocked` tells whether a modal window stands in the way.
+  FormWindow(std::shared_ptr<Form> form, QWidget* window, QtEventLoop& events,
+             std::function<bool()> blocked);
+  ~FormWindow() override;
+
+  // Throws std::logic_error when window and form do not fit.
+  void Join();
+  void Show();
+  // Puts a window that is there already in front.
+  void ShowAgain();
+
+  Form& Shown() const { return *form; }
+  QWidget* Window() const { return window.data(); }
+
+  void Unloaded(Form& unloaded) override;
+  void FocusMoved(Control& control) override;
+  void MenuPopsUp(Menu& menu, Control& beside) override;
+  void Changed(Control& control) override;
+  void Act(const std::function<void()>& act) override;
+  void ActAfterwards(const std::function<void()>& act) override;
+
+ signals:
+  // The form is unloaded; this object dies soon.
+  void Gone();
+  // The window has become the active one.
+  void Activated();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void TakeSize();
+  QPoint PlaceOn(const QRect& screen) const;
+  void FollowSize();
+  void StayOnTop();
+  void NoteSize();
+  bool KeyPressed(int key);
+  void RunPostponed();
+  void Die();
+
+  std::shared_ptr<Form> form;
+  QPointer<QWidget> window;
+  QtEventLoop& events;
+  std::function<bool()> blocked;
+  std::unique_ptr<Binder> binder;
+  std::vector<std::function<void()>> postponed;
+  int acting = 0;         // acts on the stack
+  double heightSeen = 0;  // the form's, in twips, as the window's size reflects it
+  bool sizing = false;    // the program is changing the window's size
+  bool dying = false;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,116 @@
+#include "qt/desktop/qt_event_loop.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QDateTime>
+#include <QMessageBox>
+#include <QTimer>
+#include <cstdio>
+#include <thread>
+
+#include "qt/text/latin1.h"
+
+namespace quillmark {
+
+QtEventLoop::QtEventLoop() = default;
+QtEventLoop::~QtEventLoop() = default;
+
+void QtEventLoop::LeaveWhenQuitting() const {
+  if (quitting) throw Shutdown{};
+}
+
+void QtEventLoop::Pump() {
+  LeaveWhenQuitting();
+  QCoreApplication::processEvents();
+  LeaveWhenQuitting();
+}
+
+void QtEventLoop::Wait(Duration bound) {
+  if (bound <= Duration::zero()) return Pump();
+  LeaveWhenQuitting();
+  // Asked to wait, some dispatchers deliver what is due and then wait all the same.
+  if (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
+    return LeaveWhenQuitting();
+  }
+  // A time limit given to processEvents would make it spin; a timer of its own ends the wait.
+  QTimer alarm;
+  alarm.setSingleShot(true);
+  alarm.setTimerType(Qt::PreciseTimer);
+  alarm.start(std::chrono::ceil<std::chrono::milliseconds>(bound));
+  QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+  LeaveWhenQuitting();
+}
+
+void QtEventLoop::Sleep(Duration time) {
+  LeaveWhenQuitting();
+  const auto end = std::chrono::steady_clock::now() + time;
+  PaintPending();
+  std::this_thread::sleep_until(end);
+}
+
+// Timers and input stay where they are: only layout and paint requests are sent.
+void QtEventLoop::PaintPending() {
+  emit AboutToSleep();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
+}
+
+void QtEventLoop::StartTimer(Ticker& ticker, Duration interval) {
+  auto& timer = timers[&ticker];
+  if (timer == nullptr) {
+    timer = std::make_unique<QTimer>();
+    timer->setTimerType(Qt::PreciseTimer);
+    connect(timer.get(), &QTimer::timeout, this,
+            [this, &ticker] { Deliver([&ticker] { ticker.Tick(); }); });
+  }
+  timer->start(std::chrono::ceil<std::chrono::milliseconds>(interval));
+}
+
+void QtEventLoop::StopTimer(Ticker& ticker) {
+  const auto found = timers.find(&ticker);
+  if (found == timers.end()) return;
+  // Its own tick may be on the stack.
+  found->second->stop();
+  found->second->disconnect(this);
+  found->second.release()->deleteLater();
+  timers.erase(found);
+}
+
+Duration QtEventLoop::Now() const {
+  return std::chrono::duration_cast<Duration>(std::chrono::steady_clock::now().time_since_epoch());
+}
+
+std::int64_t QtEventLoop::LocalSeconds() const {
+  const QDateTime now = QDateTime::currentDateTime();
+  return now.toSecsSinceEpoch() + now.offsetFromUtc();
+}
+
+// QCoreApplication::quit would first ask every window.
+void QtEventLoop::Quit() {
+  quitting = true;
+  QCoreApplication::exit(0);
+}
+
+void QtEventLoop::Defect(const std::string& what) noexcept {
+  try {
+    std::fprintf(stderr, "quillmark-console: internal error: %s\n", what.c_str());
+    ShowDefect(what);
+  } catch (...) {
+    std::fputs("quillmark-console: the error could not be shown\n", stderr);
+  }
+}
+
+void QtEventLoop::ShowDefect(const std::string& what) {
+  if (quitting || showingDefect) return;
+  showingDefect = true;
+  QMessageBox box(QMessageBox::Critical, tr("Internal error"),
+                  tr("Something in this program went wrong. You can go on working, but please "
+                     "report this text:\n\n%1")
+                      .arg(ToQt(what)),
+                  QMessageBox::Ok);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+  showingDefect = false;
+}
+
+}  // namespace quillmark

@@ -1,0 +1,196 @@
+#include "qt/dialogs/message_window.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include "qt/text/latin1.h"
+
+namespace quillmark {
+
+namespace {
+
+using Standard = QDialogButtonBox::StandardButton;
+
+struct Choice {
+  Buttons Row;
+  Standard Button;
+  Answer Means;
+  const char* Name;
+};
+
+constexpr Choice choices[] = {
+    {Buttons::Ok, Standard::Ok, Answer::Ok, "Ok"},
+    {Buttons::OkCancel, Standard::Ok, Answer::Ok, "Ok"},
+    {Buttons::OkCancel, Standard::Cancel, Answer::Cancel, "Cancel"},
+    {Buttons::YesNo, Standard::Yes, Answer::Yes, "Yes"},
+    {Buttons::YesNo, Standard::No, Answer::No, "No"},
+    {Buttons::YesNoCancel, Standard::Yes, Answer::Yes, "Yes"},
+    {Buttons::YesNoCancel, Standard::No, Answer::No, "No"},
+    {Buttons::YesNoCancel, Standard::Cancel, Answer::Cancel, "Cancel"},
+    {Buttons::RetryCancel, Standard::Retry, Answer::Retry, "Retry"},
+    {Buttons::RetryCancel, Standard::Cancel, Answer::Cancel, "Cancel"},
+    {Buttons::AbortRetryIgnore, Standard::Abort, Answer::Abort, "Abort"},
+    {Buttons::AbortRetryIgnore, Standard::Retry, Answer::Retry, "Retry"},
+    {Buttons::AbortRetryIgnore, Standard::Ignore, Answer::Ignore, "Ignore"},
+};
+
+// A window that stays above all others must not hide a box.
+void KeepInFront(QDialog& box) {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const bool covered = std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+    return window->isVisible() && window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+  });
+  box.setWindowFlag(Qt::WindowStaysOnTopHint, covered);
+}
+
+// What Enter answers: nothing that cannot be undone.
+Answer DefaultAnswer(const MessageBox& box) {
+  if (box.Irreversible) return CloseAnswer(box.Choice);
+  switch (box.Choice) {
+    case Buttons::Ok:
+    case Buttons::OkCancel:
+      return Answer::Ok;
+    case Buttons::YesNo:
+      return box.Symbol == Icon::Exclamation || box.Symbol == Icon::Critical ? Answer::No
+                                                                             : Answer::Yes;
+    case Buttons::YesNoCancel:
+      return Answer::No;
+    case Buttons::RetryCancel:
+    case Buttons::AbortRetryIgnore:
+      return Answer::Retry;
+  }
+  return Answer::Ok;
+}
+
+QStyle::StandardPixmap PictureOf(Icon symbol) {
+  switch (symbol) {
+    case Icon::Question:
+      return QStyle::SP_MessageBoxQuestion;
+    case Icon::Exclamation:
+      return QStyle::SP_MessageBoxWarning;
+    case Icon::Critical:
+      return QStyle::SP_MessageBoxCritical;
+    default:
+      return QStyle::SP_MessageBoxInformation;
+  }
+}
+
+// Of a column of text that reads well, in average characters.
+constexpr int columnWidth = 64;
+// Of a line to type into, and so of the title above it.
+constexpr int lineWidth = 48;
+
+QLabel* MakeText(const std::string& text, const char* name, QWidget* parent) {
+  const QString shown = InLines(text);
+  auto* label = new QLabel(parent);
+  label->setObjectName(QLatin1String(name));
+  label->setTextFormat(Qt::PlainText);
+  label->setText(shown);
+  const QFontMetrics metrics = label->fontMetrics();
+  const int widest = metrics.averageCharWidth() * columnWidth;
+  label->setWordWrap(true);
+  label->setMinimumWidth(
+      std::min(metrics.boundingRect(QRect(), Qt::AlignLeft, shown).width() + 1, widest));
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  label->setFocusPolicy(Qt::ClickFocus);
+  return label;
+}
+
+}  // namespace
+
+MessageWindow::MessageWindow(const MessageBox& box, QWidget* parent)
+    : QDialog(parent), answer(CloseAnswer(box.Choice)) {
+  setObjectName(QStringLiteral("MessageBox"));
+  setWindowTitle(ToQt(box.Title));
+  KeepInFront(*this);
+  auto* column = new QVBoxLayout(this);
+  auto* top = new QHBoxLayout;
+  column->addLayout(top);
+  if (box.Symbol != Icon::None) {
+    auto* picture = new QLabel(this);
+    const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
+    picture->setPixmap(style()->standardIcon(PictureOf(box.Symbol)).pixmap(size));
+    picture->setAlignment(Qt::AlignTop);
+    top->addWidget(picture);
+    top->addSpacing(fontMetrics().averageCharWidth());
+  }
+  top->addWidget(MakeTexts(box), 1);
+  auto* row = new QDialogButtonBox(this);
+  AddButtons(box, *row);
+  column->addSpacing(fontMetrics().height() / 2);
+  column->addWidget(row);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QWidget* MessageWindow::MakeTexts(const MessageBox& box) {
+  auto* texts = new QWidget(this);
+  auto* column = new QVBoxLayout(texts);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(fontMetrics().height());
+  column->addWidget(MakeText(box.Text, "messageText", texts));
+  if (!box.Details.empty()) column->addWidget(MakeText(box.Details, "messageDetails", texts));
+  column->addStretch();
+  return texts;
+}
+
+void MessageWindow::AddButtons(const MessageBox& box, QDialogButtonBox& row) {
+  for (const Choice& choice : choices) {
+    if (choice.Row != box.Choice) continue;
+    QPushButton* button = row.addButton(choice.Button);
+    button->setObjectName(QLatin1String(choice.Name));
+    connect(button, &QPushButton::clicked, this, [this, means = choice.Means] {
+      answer = means;
+      accept();
+    });
+    if (choice.Means != DefaultAnswer(box)) continue;
+    button->setDefault(true);
+    button->setFocus();
+  }
+}
+
+Answer MessageWindow::Ask() {
+  // The owner may die meanwhile, and the box with it.
+  const Answer unanswered = answer;
+  const QPointer<MessageWindow> self = this;
+  exec();
+  return self.isNull() ? unanswered : answer;
+}
+
+InputWindow::InputWindow(const InputBox& box, QWidget* parent)
+    : QDialog(parent), line(new QLineEdit(this)) {
+  setObjectName(QStringLiteral("InputBox"));
+  setWindowTitle(ToQt(box.Title));
+  KeepInFront(*this);
+  auto* column = new QVBoxLayout(this);
+  QLabel* prompt = MakeText(box.Prompt, "inputPrompt", this);
+  column->addWidget(prompt);
+  line->setObjectName(QStringLiteral("inputLine"));
+  line->setAccessibleName(prompt->text());
+  line->setText(ToQt(box.Default));
+  line->setMinimumWidth(line->fontMetrics().averageCharWidth() * lineWidth);
+  line->selectAll();
+  line->setFocus();
+  column->addWidget(line);
+  auto* row = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  row->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("Ok"));
+  row->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("Cancel"));
+  connect(row, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(row, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  column->addSpacing(fontMetrics().height() / 2);
+  column->addWidget(row);
+}
+
+QString InputWindow::Ask() {
+  const QPointer<InputWindow> self = this;
+  const int result = exec();
+  return self.isNull() || result != QDialog::Accepted ? QString() : line->text();
+}
+
+}  // namespace quillmark

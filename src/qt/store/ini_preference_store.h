@@ -1,0 +1,74 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/preference_store.h"
+#include "qt/store/ini_file.h"
+
+namespace quillmark {
+
+// The user's preferences in an INI file that a person can read and edit; its groups are the
+// sections. Each write reads the file again first, under a lock, so that two consoles keep each
+// other's keys. A damaged file gives the defaults and is kept beside under a free ".bak" name when
+// the first write replaces it; one that cannot be read is left as it is. What could not be saved is
+// kept, and saved with the next write that succeeds. Trouble never stops the program; each kind is
+// told once, on stderr and to whoever listens.
+class IniPreferenceStore : public PreferenceStore {
+ public:
+  struct Entry {
+    std::string Section;
+    std::string Key;
+    std::string Value;
+  };
+
+  // For a person: what is wrong with the file; what follows and what to do. Both are Latin-1.
+  struct Trouble {
+    std::string Text;
+    std::string Details;
+  };
+
+  explicit IniPreferenceStore(std::filesystem::path file);
+  // preferences.ini in the program's folder under $XDG_CONFIG_HOME, else ~/.config. There must be
+  // such a folder.
+  static std::filesystem::path UsualFile();
+
+  std::string Read(const std::string& section, const std::string& key,
+                   const std::string& fallback) const override;
+  void Write(const std::string& section, const std::string& key, const std::string& value) override;
+
+  // The same with UTF-8 texts, for paths: several entries in one write.
+  std::string ReadPath(const std::string& section, const std::string& key) const;
+  void WritePaths(const std::vector<Entry>& entries);
+  // Takes in what another program, or a person, has changed since; what is not saved yet stays.
+  void Reload();
+
+  // `listener` is told of all trouble so far, and of any other as soon as it comes.
+  void TellTroubles(std::function<void(const Trouble&)> listener);
+
+ private:
+  enum class Kind { Damaged, Unreadable, Unwritable };
+  static constexpr std::size_t kinds = 3;
+  struct Wording;
+  static const Wording wordings[kinds];
+
+  bool ReadFile();
+  void ApplyUnsaved();
+  void NoteUnsaved(const Entry& entry);
+  bool Save(const std::string& text);
+  bool KeepDamagedFile();
+  void Complain(Kind kind);
+  void Tell(Kind kind) const;
+
+  std::filesystem::path file;
+  IniFile ini;
+  std::vector<Entry> unsaved;  // newer than the file, and part of `ini`
+  std::array<bool, kinds> complained{};
+  std::function<void(const Trouble&)> onTrouble;
+  bool lockIsForeign = false;  // the lock could not be had the last time
+};
+
+}  // namespace quillmark

@@ -1,0 +1,117 @@
+#include "qt/widgets/row_comparison.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include "qt/text/latin1.h"
+#include "restore/restore_rows.h"
+
+namespace quillmark {
+
+namespace {
+
+struct Look {
+  const char* Mark;
+  const char* Words;
+  bool Bold;
+};
+
+constexpr Look noFile{"", QT_TR_NOOP("no file is open"), false};
+constexpr Look nowhere{"", QT_TR_NOOP("neither in the radio nor in the file"), false};
+constexpr Look notInFile{"", QT_TR_NOOP("not in the file"), false};
+constexpr Look notInRadio{"", QT_TR_NOOP("not in the radio"), false};
+constexpr Look same{"=", QT_TR_NOOP("same"), false};
+constexpr Look differs{"≠", QT_TR_NOOP("differs"), true};
+
+bool Lacks(const std::string& text) { return MatchOf(text, text) == RestoreMatch::Missing; }
+
+const Look& LookOf(const std::string& current, const std::string& next, bool fileOpen) {
+  if (!fileOpen) return noFile;
+  if (Lacks(current)) return Lacks(next) ? nowhere : notInRadio;
+  if (Lacks(next)) return notInFile;
+  return MatchOf(current, next) == RestoreMatch::Differs ? differs : same;
+}
+
+void SetBold(QWidget& widget, bool bold) {
+  QFont font = widget.font();
+  if (font.bold() == bold) return;
+  font.setBold(bold);
+  widget.setFont(font);
+}
+
+}  // namespace
+
+RowComparison::RowComparison(QCheckBox& box, ValueLine& radioValue, ValueLine& fileValue,
+                             QLabel& label, QWidget& user)
+    : QObject(&label),
+      check(box),
+      current(radioValue),
+      next(fileValue),
+      mark(label),
+      fileUser(user) {
+  mark.setAlignment(Qt::AlignCenter);
+  for (ValueLine* value : {&current, &next}) {
+    connect(value, &QLineEdit::textChanged, this, &RowComparison::Show);
+  }
+  for (QWidget* widget : {static_cast<QWidget*>(&check), static_cast<QWidget*>(&current),
+                          static_cast<QWidget*>(&next), static_cast<QWidget*>(&mark), &fileUser}) {
+    widget->installEventFilter(this);
+  }
+  Show();
+}
+
+int RowComparison::MarkWidth(const QWidget& where) {
+  QFont font = where.font();
+  font.setBold(true);
+  return QFontMetrics(font).horizontalAdvance(QString::fromUtf8(differs.Mark)) * 2;
+}
+
+void RowComparison::Show() {
+  const bool fileOpen = fileUser.isEnabledTo(fileUser.window());
+  const std::string inRadio = FromQt(current.text());
+  const std::string inFile = FromQt(next.text());
+  const Look& look = LookOf(inRadio, inFile, fileOpen);
+  const bool lacking = fileOpen && (Lacks(inRadio) || Lacks(inFile));
+  const QString words = tr(look.Words);
+  mark.setVisible(!check.isHidden());
+  mark.setText(QString::fromUtf8(look.Mark));
+  mark.setAccessibleName(words);
+  mark.setForegroundRole(look.Bold ? QPalette::WindowText : QPalette::PlaceholderText);
+  SetBold(mark, look.Bold);
+  SetBold(current, look.Bold);
+  SetBold(next, look.Bold);
+  current.SetQuiet(lacking || Lacks(inRadio));
+  next.SetQuiet(lacking || Lacks(inFile));
+  check.setAccessibleDescription(
+      tr("In the radio: %1. In the file: %2. %3.").arg(current.text(), next.text(), words));
+}
+
+bool RowComparison::ShowTip(QWidget& widget, const QPoint& place) const {
+  const auto* value = qobject_cast<const ValueLine*>(&widget);
+  const bool whole = value == nullptr || value->Shown() == value->displayText();
+  const QString text = whole ? QString() : value->displayText().toHtmlEscaped() + "<br>";
+  QToolTip::showText(place,
+                     QStringLiteral("<qt>%1%2</qt>").arg(text, check.text().toHtmlEscaped()) +
+                         QStringLiteral(": ") + mark.accessibleName(),
+                     &widget);
+  return true;
+}
+
+bool RowComparison::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::ToolTip:
+      if (watched == &fileUser) return false;
+      return ShowTip(*static_cast<QWidget*>(watched), static_cast<QHelpEvent*>(event)->globalPos());
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+      if (watched == &check) Show();
+      return false;
+    case QEvent::EnabledChange:
+      if (watched == &fileUser) Show();
+      return false;
+    default:
+      return false;
+  }
+}
+
+}  // namespace quillmark

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QLabel>
+#include <QObject>
+
+#include "qt/widgets/row_widgets.h"
+
+namespace quillmark {
+
+// Watches one row of the store and restore window, and shows at a glance how the radio's value
+// stands to that of the file: by a mark between the two, by weight, and in words for the
+// tool tip and for who can't see it. The widgets outlive it, which lives as a child of the mark.
+class RowComparison : public QObject {
+  Q_OBJECT
+
+ public:
+  // `fileUser` is enabled as soon as a file is open. Before that there is nothing to compare.
+  RowComparison(QCheckBox& check, ValueLine& current, ValueLine& next, QLabel& mark,
+                QWidget& fileUser);
+
+  // How wide the column of the marks is.
+  static int MarkWidth(const QWidget& where);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Show();
+  bool ShowTip(QWidget& widget, const QPoint& place) const;
+
+  QCheckBox& check;
+  ValueLine& current;
+  ValueLine& next;
+  QLabel& mark;
+  QWidget& fileUser;
+};
+
+}  // namespace quillmark

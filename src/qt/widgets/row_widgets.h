@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QLineEdit>
+
+#include "qt/widgets/clickable_text.h"
+
+namespace quillmark {
+
+// The widgets of a table with one setting in each row. Those in one column are equally wide
+// whatever they hold, so that the window stays calm; what is too long ends in dots.
+
+// A check box whose caption can be read while it is disabled.
+class RowCheckBox : public QCheckBox {
+  Q_OBJECT
+
+ public:
+  using QCheckBox::QCheckBox;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+// A value on one line. While it has the focus it is a usual line to move about in; without it, one
+// that can't be changed is flat.
+class ValueLine : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit ValueLine(QWidget* parent = nullptr);
+
+  // Paler than the others, for what is not there.
+  void SetQuiet(bool next);
+  bool Quiet() const { return quiet; }
+  // The value as far as there is room for it.
+  QString Shown() const;
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QRect TextPlace() const;
+
+  bool quiet = false;
+};
+
+// The heading of a column, on two lines. One with a file's name may be longer than its column; the
+// tool tip has the whole.
+class ColumnHeading : public CaptionLabel {
+  Q_OBJECT
+
+ public:
+  explicit ColumnHeading(QWidget* parent = nullptr);
+
+  // The text as far as there is room for it.
+  QString Shown() const;
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,255 @@
+#include "start/console.h"
+
+#include <cstdint>
+#include <string>
+
+#include "config/temp_folder.h"
+#include "link/frmProperties.h"
+#include "link/new_address.h"
+#include "link/serial_failure.h"
+#include "prefs/frmPreferences.h"
+#include "prefs/stored_preferences.h"
+#include "settings/setting_texts.h"
+#include "start/frmSplash.h"
+#include "text/text.h"
+
+namespace quillmark {
+
+Console::Console(Platform& machine)
+    : platform(machine),
+      main(std::make_shared<frmOrvalent>(machine.Events)),
+      log(*main, machine.Dialogs),
+      radio(machine.MSComm1, machine.Events, session, *main, Conversation::Hears::ByEvents),
+      connection(machine, session, *main, radio),
+      receiver(machine, session, *main, connection, radio, log),
+      readCycle(machine, session, *main, connection, radio),
+      mainTimer(machine, session, *main, connection, readCycle, radio),
+      programmer(machine, session, *main, radio),
+      optionRows(machine, session, *main, radio),
+      access(machine, session, *main, radio),
+      directRun(machine, *main, connection, radio),
+      saver(machine, *main, connection, radio, directRun),
+      sender(machine, *main, connection, radio, directRun),
+      fileTasks(machine, *main, directRun, saver, sender),
+      presets(machine, *main, directRun, saver, sender),
+      quickConfig(machine, *main, radio, directRun, sender),
+      upgrade(machine, session, *main, connection, radio),
+      restore(machine, session, *main, connection, mainTimer, radio),
+      diagnostics(machine, *main, radio) {
+  WireLink();
+  WireShell();
+  programmer.Wire();
+  optionRows.Wire();
+  access.Wire();
+  directRun.Obstacle = [this] { return access.OpenWindow(); };
+  fileTasks.Wire();
+  presets.Wire();
+  quickConfig.Wire();
+  upgrade.MayStart = [this] { return directRun.MayStart(); };
+  upgrade.Wire();
+  // The bench test mode does not mind it.
+  restore.MayStart = [this] { return !access.PasswordWindowOpen() || directRun.MayStart(); };
+  restore.Wire();
+  diagnostics.Wire();
+  WireSettingTexts(*main, platform.Dialogs, session);
+}
+
+Console::~Console() {
+  platform.MSComm1.OnComm = nullptr;
+  if (const auto window = splash.lock()) window->Dismiss();
+  main->Unload();
+}
+
+void Console::WireLink() {
+  platform.MSComm1.OnComm = [this] { receiver.MSComm1_OnComm(); };
+  main->txtTerm.OnKeyPress = [this](char key) { return receiver.txtTerm_KeyPress(key); };
+  main->txtNewADDR.OnLostFocus = [this] {
+    ValidateNewAddr(platform.Dialogs, main->txtNewADDR.Text());
+  };
+  main->imgConnected.OnClick = [this] { Disconnect(); };
+  main->imgNotConnected.OnClick = [this] { Connect(); };
+  main->mnuOpen.OnClick = [this] { connection.mnuOpen_Click(); };
+  main->mnuProperties.OnClick = [this] { mnuProperties_Click(); };
+  main->mnuOpenLog.OnClick = [this] { log.mnuOpenLog_Click(); };
+  main->mnuCloseLog.OnClick = [this] { log.mnuCloseLog_Click(); };
+  main->ButtonRefresh.OnClick = [this] { Refresh(); };
+  main->cmdReadRadio.OnClick = [this] { connection.ButtonRefresh_Click(); };
+  main->Timer1.OnTick = [this] { mainTimer.Timer1_Timer(); };
+  main->Timer2.OnTick = [this] { connection.Timer2_Timer(); };
+  main->tmrPortTO.OnTick = [this] { connection.tmrPortTO_Timer(); };
+  mainTimer.OnReadCycleDone = [this] {
+    if (OnReadCycleDone) OnReadCycleDone();
+  };
+}
+
+void Console::WireShell() {
+  main->ButtonAdv.OnClick = [this] { main->ButtonAdv_Click(); };
+  main->SettingsTab.OnClick = [this] { main->SettingsTab_Click(); };
+  main->mnuAbout.OnClick = [this] { mnuAbout_Click(); };
+  main->mnuPreferences.OnClick = [this] { mnuPreferences_Click(); };
+  main->mnuFileExit.OnClick = [this] { Form_Unload(); };
+  main->OnClose = [this] {
+    quickConfig.Form_QueryUnload();
+    Form_Unload();
+  };
+  for (ToolButton* button :
+       {&main->tbr_OpenLogFile, &main->tbr_CloseLogFile, &main->tbr_Connect, &main->tbr_Disconnect,
+        &main->tbr_Properties, &main->tbr_Logout, &main->tbr_Terminal}) {
+    button->OnClick = [this, button] {
+      tbrToolBar_ButtonClick(std::string_view(button->Name()).substr(4));
+    };
+  }
+}
+
+void Console::tbrToolBar_ButtonClick(std::string_view key) {
+  struct Row {
+    const char* Key;
+    std::function<void()> Run;
+  };
+  const Row rows[] = {
+      {"OpenLogFile", [this] { log.mnuOpenLog_Click(); }},
+      {"CloseLogFile", [this] { log.mnuCloseLog_Click(); }},
+      {"Connect", [this] { Connect(); }},
+      {"Disconnect", [this] { Disconnect(); }},
+      {"Properties", [this] { mnuProperties_Click(); }},
+      {"Logout", [this] { Logout(); }},
+      {"Terminal", [this] { main->ToggleTerminal(); }},
+  };
+  for (const Row& row : rows) {
+    if (EqualAnyCase(row.Key, key)) row.Run();
+  }
+}
+
+void Console::Disconnect() {
+  // Only a run that is under way has to be told.
+  main->LinkLetGo = directRun.UnderWay();
+  connection.DisconnectRadio();
+}
+
+void Console::Logout() {
+  radio.Turns.WhenFree(main->tbr_Logout, [this] { connection.LogoutRadio(); });
+}
+
+// Not in the middle of a long run, which connects by itself when that is its way.
+void Console::Connect() {
+  if (!directRun.UnderWay() && !upgrade.UnderWay()) connection.ConnectRadio();
+}
+
+void Console::Refresh() {
+  if (platform.MSComm1.PortOpen()) {
+    connection.ButtonRefresh_Click();
+  } else {
+    Connect();
+  }
+}
+
+void Console::Start() {
+  const auto window = std::make_shared<frmSplash>(platform.Events, platform.Desktop, session,
+                                                  [this] { ShowMain(); });
+  splash = window;
+  platform.Windows.Show(window);
+}
+
+void Console::mnuAbout_Click() {
+  session.SplashAboutMode = true;
+  Start();
+  main->Enabled = false;
+}
+
+void Console::ShowMain() {
+  if (!mainLoaded) {
+    mainLoaded = true;
+    Form_Load();
+    platform.Windows.Show(main);
+  }
+  main->Enabled = true;
+  session.SplashAboutMode = false;
+}
+
+void Console::Form_Load() {
+  ClearTempDirectory(platform.Files);
+  platform.Random.Seed(static_cast<std::uint32_t>(platform.Events.LocalSeconds()));
+  main->Timer1.Enabled = true;
+  main->Caption = ProgramTitle;
+  platform.MSComm1.SetSettings("19200,N,8,1");
+  platform.MSComm1.SetHandshaking(0);
+  main->txtTerm.Text = "";
+  const int port = LoadStoredPreferences(platform.Preferences, session, main->txtTerm);
+  platform.MSComm1.SetCommPort(port);
+  main->LayOut(platform.Desktop.ScreenWidth(), platform.Desktop.ScreenHeight());
+  main->ConnectOnLaunchPending = session.ConnectOnLaunch;
+  for (Frame& frame : main->NetSet) frame.Enabled = false;
+  presets.LoadPresetButtons();
+}
+
+void Console::mnuProperties_Click() {
+  platform.Windows.ShowModal(
+      std::make_shared<frmProperties>(platform, session, *main,
+                                      [this] { connection.DisconnectRadio(); }),
+      *main);
+  if (!session.PortChanged) return;
+  connection.ButtonRefresh_Click();
+  session.PortChanged = false;
+}
+
+void Console::mnuPreferences_Click() {
+  platform.Windows.ShowModal(
+      std::make_shared<frmPreferences>(platform.Preferences, session, main->txtTerm), *main);
+}
+
+void Console::Form_Unload() {
+  if (ending) return;
+  if (!mainLoaded) {
+    platform.Events.Quit();
+    return;
+  }
+  ending = true;
+  restore.EndProgram();
+  diagnostics.CloseWindow();
+  const bool wasOpen = platform.MSComm1.PortOpen();
+  if (!LogOutAndDrain()) {
+    ending = false;
+    // Opened for the logout alone; the window shows it closed.
+    if (!wasOpen) platform.MSComm1.SetPortOpen(false);
+    return;
+  }
+  platform.MSComm1.SetPortOpen(false);
+  if (log.Open()) log.mnuCloseLog_Click();
+  main->Unload();
+  platform.Events.Quit();
+}
+
+bool Console::LogOutAndDrain() {
+  const LineTurns::Turn turn(radio.Turns);
+  SendLogout();
+  return DrainOutput();
+}
+
+void Console::SendLogout() {
+  try {
+    // Nobody waits for what the radio says to it.
+    if (platform.MSComm1.PortOpen() && main->EchoIsOff) radio.Say("eeco");
+    main->EchoIsOff = false;
+    // A loader would take it for a part of the firmware.
+    if (!session.LogoutOnQuit || upgrade.Loading()) return;
+    if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);
+    radio.Say("PASS NONE");
+  } catch (const SerialError&) {
+    return;  // nobody is there to be logged out
+  }
+}
+
+bool Console::DrainOutput() {
+  const auto sent = [this] {
+    return !platform.MSComm1.PortOpen() || platform.MSComm1.OutBufferCount() == 0;
+  };
+  while (!WaitUntil(platform.Events, Seconds(10), sent)) {
+    const Answer answer = platform.Dialogs.Message(
+        {"Data cannot be sent", ProgramTitle, Icon::Question, Buttons::AbortRetryIgnore});
+    if (answer == Answer::Abort) return false;
+    if (answer == Answer::Ignore) return true;
+  }
+  return true;
+}
+
+}  // namespace quillmark

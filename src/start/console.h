@@ -1,0 +1,99 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "access/access_menus.h"
+#include "app/frmOrvalent.h"
+#include "config/config_saver.h"
+#include "config/config_sender.h"
+#include "config/direct_run.h"
+#include "config/file_tasks.h"
+#include "config/new_radio/quick_config.h"
+#include "config/presets/presets.h"
+#include "conversation/conversation.h"
+#include "diagnostics/diagnostic_buttons.h"
+#include "firmware/firmware_upgrade.h"
+#include "link/connection.h"
+#include "link/receiver.h"
+#include "link/terminal_log.h"
+#include "platform/platform.h"
+#include "radio/main_timer.h"
+#include "radio/read_cycle.h"
+#include "restore/restore_menu.h"
+#include "session/session.h"
+#include "settings/option_rows.h"
+#include "settings/programming.h"
+#include "start/frmSplash.h"
+
+namespace quillmark {
+
+// The whole application: makes the main window and the classes that work for it, joins its controls
+// to them, starts and ends. `platform` and all that it refers to outlive it; the serial ports'
+// OnComm must not be called after its end.
+class Console {
+ public:
+  explicit Console(Platform& platform);
+  ~Console();
+
+  // Shows the splash window; the main window follows when that closes.
+  void Start();
+  // What the main window's close box, the menu's Exit and a signal to end do: logs out if that is
+  // wanted, drains the port, closes it and the log, ends the program. The user may still abort it.
+  void Form_Unload();
+
+  frmOrvalent& Main() { return *main; }
+  Session& Shared() { return session; }
+  MainTimer& Ticks() { return mainTimer; }
+  Conversation& Talk() { return radio; }
+
+  // Told after each read cycle that ran to its end.
+  std::function<void()> OnReadCycleDone;
+
+ private:
+  void Form_Load();
+  void ShowMain();
+  void WireLink();
+  void WireShell();
+  void tbrToolBar_ButtonClick(std::string_view key);
+  void Disconnect();
+  void Logout();
+  void Connect();
+  void Refresh();
+  void mnuAbout_Click();
+  void mnuProperties_Click();
+  void mnuPreferences_Click();
+  // False when the user aborts.
+  bool LogOutAndDrain();
+  void SendLogout();
+  // False when the user aborts.
+  bool DrainOutput();
+
+  Platform& platform;
+  Session session;
+  std::shared_ptr<frmOrvalent> main;
+  TerminalLog log;
+  Conversation radio;
+  Connection connection;
+  Receiver receiver;
+  ReadCycle readCycle;
+  MainTimer mainTimer;
+  SettingProgrammer programmer;
+  OptionRows optionRows;
+  AccessMenus access;
+  DirectRun directRun;
+  ConfigSaver saver;
+  ConfigSender sender;
+  FileTasks fileTasks;
+  Presets presets;
+  QuickConfig quickConfig;
+  FirmwareUpgrade upgrade;
+  RestoreMenu restore;
+  DiagnosticButtons diagnostics;
+  std::weak_ptr<frmSplash> splash;
+  bool mainLoaded = false;
+  bool ending = false;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,72 @@
+// quillmark-pictures: reads a radio once, prints its rows, leaves a picture of every window in a
+// folder, and ends. It drives the console's own windows and needs no person. It is not installed.
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include "pictures/report.h"
+#include "qt/desktop/theme.h"
+#include "qt/shell.h"
+
+namespace quillmark {
+
+namespace {
+
+struct Wanted {
+  std::string Folder;
+  std::string Port;
+  bool Dark = false;
+};
+
+// Ends the program on arguments that it does not know.
+Wanted ReadArguments() {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral(
+      "Reads a radio once, prints its settings, and leaves pictures of the console's "
+      "windows in FOLDER."));
+  parser.addPositionalArgument(QStringLiteral("FOLDER"), QStringLiteral("Where the pictures go."));
+  const QCommandLineOption port(QStringLiteral("port"),
+                                QStringLiteral("The radio's DEVICE; the stored port without it."),
+                                QStringLiteral("DEVICE"));
+  const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("Use a dark theme."));
+  parser.addOptions({port, dark});
+  parser.addHelpOption();
+  parser.process(*QCoreApplication::instance());
+  if (parser.positionalArguments().size() != 1) parser.showHelp(2);
+  return {parser.positionalArguments().front().toStdString(), parser.value(port).toStdString(),
+          parser.isSet(dark)};
+}
+
+QtMessageHandler usualMessages = nullptr;
+
+// Without a screen the platform complains of each window that it can't hint at; that helps nobody.
+void IgnorePlatformChatter() {
+  usualMessages = qInstallMessageHandler(
+      [](QtMsgType type, const QMessageLogContext& context, const QString& text) {
+        if (text.startsWith(QLatin1String("This plugin does not support"))) return;
+        usualMessages(type, context, text);
+      });
+}
+
+int TakePictures(const Wanted& wanted) {
+  if (!FoldersAreSound()) return 2;
+  if (wanted.Dark) UseDarkTheme();
+  IgnorePlatformChatter();
+  ReportDialogs silentBoxes;
+  Shell shell(wanted.Port, &silentBoxes);
+  Report report(shell.Console, shell.Platform, shell.Machine.Shown, silentBoxes, wanted.Folder);
+  silentBoxes.OnTrouble = [&report] { report.GiveUp("The radio could not be read."); };
+  report.Start();
+  const int code = shell.Run();
+  return code != 0 ? code : report.ExitCode();
+}
+
+}  // namespace
+
+}  // namespace quillmark
+
+int main(int argc, char* argv[]) {
+  const QApplication application(argc, argv);
+  quillmark::DescribeApplication("quillmark-pictures");
+  return quillmark::TakePictures(quillmark::ReadArguments());
+}
