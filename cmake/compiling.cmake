@@ -15,12 +15,19 @@ set(CMAKE_CXX_FLAGS_DEBUG "-Og -g")
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 
 option(QUILLMARK_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
+option(QUILLMARK_COVERAGE "Count which lines run (GCC)" OFF)
 option(QUILLMARK_PRECOMPILE "Precompile the headers that most files include" ON)
 
 if(QUILLMARK_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(QUILLMARK_COVERAGE)
+  # The port's thread counts as well, so the counters are atomic.
+  add_compile_options(--coverage -fprofile-abs-path -fprofile-update=atomic)
+  add_link_options(--coverage)
 endif()
 
 find_program(ccacheProgram ccache)

@@ -48,6 +48,11 @@ function(quillmark_room folder)
     set(access INTERFACE)
   endif()
   target_include_directories(${library} ${access} "${roomViews}/${room}")
+  if(QUILLMARK_COVERAGE)
+    # A header's lines are counted where it lies, not where its link was found.
+    target_compile_options(${library} ${access}
+                           "-fprofile-prefix-map=${roomViews}/${room}=${CMAKE_SOURCE_DIR}/src")
+  endif()
   list(TRANSFORM arg_USES REPLACE "/" "_")
   list(TRANSFORM arg_USES PREPEND quillmark_)
   target_link_libraries(${library} ${access} ${arg_USES} ${arg_LINK})

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Who may know whom beside what the build itself refuses (cmake/rooms.cmake). Each rule: the files it holds for, and an expression that none of their lines
-# may match.
+# Who may know whom, beside what the compiler itself refuses (cmake/rooms.cmake). Each rule: the
+# files that it holds for, and an expression that none of their lines may match.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/files.sh

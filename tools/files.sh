@@ -19,9 +19,9 @@ project_files() {
   fi
 }
 
+# source_files [FILE...]: our C++ sources, or those among the files.
 source_files() {
-  project_files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h' 'bench/*.cpp' 'bench/*.h' \
-    'tools/*.cpp' 'tools/*.h'
+  project_files "$@" | grep -E '^(src|tests|bench|tools)/.*\.(cpp|h)$' || true
 }
 
 # matches EXPRESSION < LIST: "file:line:text" for each line of the listed files that matches. No

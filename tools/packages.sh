@@ -1,11 +1,17 @@
 # shellcheck shell=bash
 # Debian packages by what they are needed for, and their installation. Sourced by ./dev.
 
+# shellcheck disable=SC2034  # used by ./dev
 buildPackages=(build-essential cmake ninja-build
                qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-svg-dev
                libgtest-dev libgmock-dev libcli11-dev
                fontconfig fonts-dejavu-core)
-checkPackages=(clang-format clang-tidy)
+# shellcheck disable=SC2034
+checkPackages=(clang-format clang-tidy shellcheck)
+# shellcheck disable=SC2034
+formatPackages=(clang-format)
+# shellcheck disable=SC2034
+coveragePackages=(gcovr)
 
 # Messages go to stderr: what a program prints stays alone on stdout.
 say() {
