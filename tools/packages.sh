@@ -12,6 +12,8 @@ checkPackages=(clang-format clang-tidy shellcheck)
 formatPackages=(clang-format)
 # shellcheck disable=SC2034
 coveragePackages=(gcovr)
+# shellcheck disable=SC2034
+packagePackages=(dpkg-dev librsvg2-bin lintian appstream desktop-file-utils)
 
 # Messages go to stderr: what a program prints stays alone on stdout.
 say() {
