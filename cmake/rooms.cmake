@@ -51,7 +51,7 @@ function(quillmark_room folder)
   if(QUILLMARK_COVERAGE)
     # A header's lines are counted where it lies, not where its link was found.
     target_compile_options(${library} ${access}
-                           "-fprofile-prefix-map=${roomViews}/${room}=${CMAKE_SOURCE_DIR}/src")
+                           "-fprofile-prefix-map=${roomViews}/${room}/=${CMAKE_SOURCE_DIR}/src/")
   endif()
   list(TRANSFORM arg_USES REPLACE "/" "_")
   list(TRANSFORM arg_USES PREPEND quillmark_)
