@@ -2,6 +2,7 @@
 
 #include "link/serial_failure.h"
 #include "radio/login_probe.h"
+#include "text/at_end.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -96,11 +97,7 @@ void AccessMenus::mnuSetupMode_Click() {
 }
 
 void AccessMenus::EnterSetupMode() {
-  enteringSetup = true;
-  struct Entered {
-    bool& flag;
-    ~Entered() { flag = false; }
-  } entered{enteringSetup};
+  const auto underWay = Raised(enteringSetup);
   const LineTurns::Turn turn(radio.Turns);
   session.InSetupMode = true;
   radio.CommandExchange("setup", "setup", Seconds(3));

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "link/serial_failure.h"
-#include "text/raised.h"
+#include "text/at_end.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -64,8 +64,8 @@ void frmLogin::Form_Unload() {
 bool frmLogin::Received(std::string_view text) const { return Holds(radio.Received(), text); }
 
 void frmLogin::cmdOK_Click() {
-  if (sending) return;  // a second click on the way
-  const Raised underWay(sending);
+  if (sending) return;  // a second click while the first one works
+  const auto underWay = Raised(sending);
   SendAndJudge();
 }
 
@@ -105,7 +105,7 @@ void frmLogin::Refuse(const char* text) {
 
 void frmLogin::NoneButton_Click() {
   if (sending) return;
-  const Raised underWay(sending);
+  const auto underWay = Raised(sending);
   if (!radio.SaySecret("code none")) return;
   for (int pass = 0; pass < passes && Loaded(); ++pass) platform.Events.Pump();
   if (!Loaded()) return;  // cancelled meanwhile

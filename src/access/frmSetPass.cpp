@@ -2,8 +2,8 @@
 
 #include "link/serial_failure.h"
 #include "platform/utilities.h"
+#include "text/at_end.h"
 #include "text/numbers.h"
-#include "text/raised.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -40,7 +40,7 @@ frmSetPass::frmSetPass(Platform& machine, Session& shared, frmOrvalent& window,
   OKButton.OnClick = [this] {
     if (!radio.Open() || working) return;
     {
-      const Raised underWay(working);
+      const auto underWay = Raised(working);
       WithLinkErrors(platform.Dialogs, [this] { OKButton_Click(); });
     }
     if (closeWanted) Unload();

@@ -1,6 +1,7 @@
 #include "controls/timer.h"
 
 #include "controls/form.h"
+#include "text/at_end.h"
 
 namespace quillmark {
 
@@ -30,11 +31,7 @@ void Timer::Changed() {
 void Timer::Tick() {
   if (ticking || !Owner().Loaded()) return;
   const auto alive = Owner().weak_from_this().lock();
-  ticking = true;
-  struct Ended {
-    bool& flag;
-    ~Ended() { flag = false; }
-  } ended{ticking};
+  const auto inside = Raised(ticking);
   if (OnTick) OnTick();
 }
 

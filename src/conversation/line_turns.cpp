@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/at_end.h"
+
 namespace quillmark {
 
 namespace {
@@ -56,14 +58,11 @@ void LineTurns::RunNext() {
   const Act next = std::move(waiting.front());
   waiting.pop_front();
   running = true;
-  struct Ended {
-    LineTurns& turns;
-    ~Ended() {
-      turns.running = false;
-      turns.Release();
-    }
-  } ended{*this};
-  // Not whether it is in view: the user may have turned to another one meanwhile.
+  const AtEnd over([this] {
+    running = false;
+    Release();
+  });
+  // Whether it is visible does not count: the user may have opened another view meanwhile.
   if (next.Entry == nullptr || next.Entry->Enabled()) next.Run();
 }
 

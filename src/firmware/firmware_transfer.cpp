@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/at_end.h"
 #include "text/path_text.h"
 
 namespace quillmark {
@@ -56,10 +57,7 @@ void FirmwareTransfer::ForceSettings() {
 std::string FirmwareTransfer::SendFile(const std::filesystem::path& path) {
   session.TransferStop = false;
   progress = std::make_shared<frmProgram>(platform, session);
-  struct Stopped {
-    frmProgram& form;
-    ~Stopped() { form.Stop(); }
-  } stopped{*progress};
+  const AtEnd stopped([this] { progress->Stop(); });
   progress->Caption = "Downloading Firmware to the radio...";
   progress->Label1.Text = "Transmitting S28 File - " + PathText(path.filename());
   progress->Show();

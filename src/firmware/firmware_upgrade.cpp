@@ -8,6 +8,7 @@
 #include "firmware/loader_entry.h"
 #include "link/serial_failure.h"
 #include "platform/utilities.h"
+#include "text/at_end.h"
 #include "text/path_text.h"
 #include "text/text.h"
 
@@ -18,30 +19,6 @@ namespace {
 constexpr const char* sessionSettings = "19200,N,8,1";
 
 }  // namespace
-
-// Whatever ends the flow, its entries work again afterwards, but for a link that was disconnected.
-class FirmwareUpgrade::Run {
- public:
-  explicit Run(FirmwareUpgrade& flow) : upgrade(flow) {
-    upgrade.running = true;
-    EnableEntries(upgrade.main, false);
-  }
-  ~Run() {
-    upgrade.running = false;
-    upgrade.main.ShowCommStatus = true;
-    if (!upgrade.main.NotConnected) EnableEntries(upgrade.main, true);
-  }
-  Run(const Run&) = delete;
-  Run& operator=(const Run&) = delete;
-
-  static void EnableEntries(frmOrvalent& main, bool enabled) {
-    main.mnuSendText.Enabled = enabled;
-    main.tbr_TransmitTextFile.Enabled = enabled;
-  }
-
- private:
-  FirmwareUpgrade& upgrade;
-};
 
 FirmwareUpgrade::FirmwareUpgrade(Platform& machine, Session& shared, frmOrvalent& window,
                                  Connection& link, Conversation& conversation)
@@ -65,8 +42,14 @@ void FirmwareUpgrade::mnuSendText_Click() {
   if (MayStart && !MayStart()) return;
   bool reconnect = false;
   {
-    const Run run(*this);
-    // From the first question on: what is asked and checked must still be true when it is loaded.
+    const auto underWay = Raised(running);
+    EnableEntries(false);
+    const AtEnd again([this] {
+      main.ShowCommStatus = true;
+      // Those of a link that was disconnected stay off.
+      if (!main.NotConnected) EnableEntries(true);
+    });
+    // From the first question on: what was checked must still be true when the file is sent.
     HeldControls controls(main);
     const auto chosen = ChooseFirmware();
     // A read of the settings that ran behind the questions has switched some on.
@@ -74,6 +57,11 @@ void FirmwareUpgrade::mnuSendText_Click() {
     if (chosen) reconnect = Load(*chosen);
   }
   if (reconnect) connection.mnuOpen_Click();
+}
+
+void FirmwareUpgrade::EnableEntries(bool enabled) {
+  main.mnuSendText.Enabled = enabled;
+  main.tbr_TransmitTextFile.Enabled = enabled;
 }
 
 std::optional<FirmwareUpgrade::Chosen> FirmwareUpgrade::ChooseFirmware() {
@@ -132,11 +120,7 @@ bool FirmwareUpgrade::AskToContinue(const std::string& doubt) {
 
 bool FirmwareUpgrade::Load(const Chosen& chosen) {
   const LineTurns::Turn turn(radio.Turns);
-  loading = true;
-  struct Ended {
-    bool& flag;
-    ~Ended() { flag = false; }
-  } ended{loading};
+  const auto underWay = Raised(loading);
   try {
     LoaderEntry entry(platform, session, main, connection, radio);
     if (!AtLoaderPrompt(radio) && !entry.Enter(chosen.Version, chosen.Note)) return false;
@@ -170,7 +154,7 @@ void FirmwareUpgrade::Judge(LoaderTalk& loader, const std::string& missing,
 }
 
 void FirmwareUpgrade::EndSession() {
-  Run::EnableEntries(main, true);
+  EnableEntries(true);
   session.TransferStop = true;
   RestoreSettings(platform.MSComm1, sessionSettings);
   main.pnl_Settings.Text = "Settings: " + platform.MSComm1.Settings();

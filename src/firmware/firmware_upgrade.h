@@ -36,14 +36,15 @@ class FirmwareUpgrade {
   bool Loading() const { return loading; }
 
  private:
-  class Run;
-
+  // What the user has chosen to load.
   struct Chosen {
     std::filesystem::path Path;
     std::string Version;
     std::string Note;  // on the file, for the details of boxes; mostly empty
   };
 
+  // The menu entry and the toolbar's button.
+  void EnableEntries(bool enabled);
   std::optional<Chosen> ChooseFirmware();
   std::optional<std::filesystem::path> ChooseFile();
   // False when the user does not want to go on.

@@ -5,6 +5,7 @@
 #include "conversation/wake.h"
 #include "firmware/frmProgram.h"
 #include "platform/utilities.h"
+#include "text/at_end.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -55,10 +56,7 @@ bool LoaderEntry::UserConfirms(const std::string& newVersion, const std::string&
 // The radio says nothing while it erases; the bar follows the clock.
 void LoaderEntry::ShowErasing() {
   const auto progress = std::make_shared<frmProgram>(platform, session);
-  struct Stopped {
-    frmProgram& form;
-    ~Stopped() { form.Stop(); }
-  } stopped{*progress};
+  const AtEnd stopped([&progress] { progress->Stop(); });
   progress->Caption = "Erasing...";
   progress->Command1.Enabled = false;
   progress->Show();

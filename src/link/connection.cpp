@@ -6,7 +6,7 @@
 #include "conversation/wake.h"
 #include "link/serial_failure.h"
 #include "platform/utilities.h"
-#include "text/raised.h"
+#include "text/at_end.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -25,14 +25,14 @@ Connection::Connection(Platform& machine, Session& shared, frmOrvalent& window,
 // A second connect in the middle of one would wake the radio under the first one's feet.
 void Connection::ConnectRadio() {
   if (connecting) return;
-  const Raised underWay(connecting);
+  const auto underWay = Raised(connecting);
   const LineTurns::Turn turn(radio.Turns);
   WithLinkErrors(platform.Dialogs, [this] { Connect(); });
 }
 
 void Connection::mnuOpen_Click() {
   if (connecting) return;
-  const Raised underWay(connecting);
+  const auto underWay = Raised(connecting);
   const LineTurns::Turn turn(radio.Turns);
   Open();
 }
@@ -106,10 +106,7 @@ void Connection::ResetPort() {
   main.txtTerm.Text = "";
   main.DiscardReceived = true;
   radio.Prime();
-  struct KeepAgain {
-    bool& flag;
-    ~KeepAgain() { flag = false; }
-  } keepAgain{main.DiscardReceived};
+  const AtEnd keepAgain([this] { main.DiscardReceived = false; });
   port.SetPortOpen(false);
   WaitMilliseconds(platform.Events, 100);
   port.SetPortOpen(true);
@@ -157,10 +154,7 @@ void Connection::WakeLink() {
     return;
   }
   main.TerminalEcho = false;
-  struct EchoAgain {
-    bool& flag;
-    ~EchoAgain() { flag = true; }
-  } echoAgain{main.TerminalEcho};
+  const AtEnd echoAgain([this] { main.TerminalEcho = true; });
   const WakeEnd end =
       WakeRadio(platform, radio,
                 {.Pump = [this] { platform.Events.Pump(); },

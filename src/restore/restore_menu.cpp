@@ -2,7 +2,7 @@
 
 #include "link/serial_failure.h"
 #include "radio/login_probe.h"
-#include "text/raised.h"
+#include "text/at_end.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -55,7 +55,7 @@ void RestoreMenu::mnuConfigRestore_Click() {
 }
 
 bool RestoreMenu::MayBeOpened() {
-  const Raised underWay(probing);
+  const auto underWay = Raised(probing);
   const LineTurns::Turn turn(radio.Turns);
   const int began = radio.Epoch();
   const LoginProbe probe{.Word = "addr", .Prefix = "", .Wait = probeTime, .Opening = "ADDR"};
