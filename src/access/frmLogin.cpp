@@ -26,9 +26,8 @@ frmLogin::frmLogin(Platform& machine, frmOrvalent& window, Conversation& convers
       platform(machine),
       main(window),
       radio(conversation),
-      turn(std::in_place, conversation.Turns),
+      turn(std::in_place, conversation.Turns, LineTurns::For::Secret),
       command(what) {
-  ++main.SecretWindows;
   const bool code = command == Command::Code;
   Caption = code ? "Enter Encryption Code:" : "Enter Password:";
   Label.Text = code ? "&Code:" : "&Password:";
@@ -57,7 +56,6 @@ void frmLogin::Form_Unload() {
   if (radio.Open() && main.EchoIsOff) {
     WithLinkErrors(platform.Dialogs, [this] { radio.SwitchEcho(true); });
   }
-  --main.SecretWindows;
   turn.reset();
 }
 

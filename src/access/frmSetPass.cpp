@@ -28,8 +28,7 @@ frmSetPass::frmSetPass(Platform& machine, Session& shared, frmOrvalent& window,
       session(shared),
       main(window),
       radio(conversation),
-      turn(std::in_place, conversation.Turns) {
-  ++main.SecretWindows;
+      turn(std::in_place, conversation.Turns, LineTurns::For::Secret) {
   Caption = "Radio Password Setup";
   for (TextBox* box : {&Pass1, &Pass2}) {
     box->MaxLength = 4;
@@ -70,7 +69,6 @@ void frmSetPass::Form_Unload() {
   WaitMilliseconds(platform.Events, 100);
   SetEcho(true);
   WaitMilliseconds(platform.Events, 100);
-  --main.SecretWindows;
   turn.reset();
 }
 

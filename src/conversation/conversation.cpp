@@ -9,27 +9,10 @@ namespace quillmark {
 
 namespace {
 
-constexpr Duration echoTime = Milliseconds(500);   // for a radio to switch its echo
-constexpr Duration hurtQuiet = Milliseconds(150);  // no more of a hurt reply comes after that
-constexpr Duration bareQuiet = Milliseconds(500);  // no text comes behind a bare prompt after that
-constexpr Duration lateTime = Milliseconds(500);   // for what follows a late reply
-constexpr Duration secretTime = Seconds(1);        // between the pieces of a reply to a secret
+constexpr Duration echoTime = Milliseconds(500);  // for a radio to switch its echo
+constexpr Duration secretTime = Seconds(1);       // between the pieces of a reply to a secret
 constexpr Duration look = Milliseconds(10);
 constexpr std::size_t longestHead = 8;  // "LOADER>" and a bit
-
-bool IsControl(char c) {
-  const auto code = static_cast<unsigned char>(c);
-  return code < 32 || code == 127;
-}
-
-bool IsLikely(const Conversation::Question& question, std::string_view text) {
-  if (!question.ManyLines && std::any_of(text.begin(), text.end(), IsControl)) return false;
-  // The prompt of another line may have come ahead of it.
-  const PromptPlace prompt = FindPrompt(text, 0, true);
-  if (prompt.Kind != PromptKind::None && prompt.At == 0) return false;
-  if (SaysNoValue(text) || question.Opening.empty()) return true;
-  return FindAnyCase(text, question.Opening) == 1 && !Holds(text, ">");
-}
 
 }  // namespace
 
@@ -156,101 +139,6 @@ bool Conversation::CommandExchange(const std::string& text, std::string_view awa
   return AwaitText(limit - (events.Now() - began), [&] {
     return Contains(session.RxBuffer, ">") && Contains(session.RxBuffer, awaited);
   });
-}
-
-bool Conversation::Decided(const Reply& reply) const {
-  switch (reply.Came) {
-    case Reply::State::Whole:
-      return true;
-    case Reply::State::Bare:
-      return QuietFor() >= bareQuiet;
-    case Reply::State::Unechoed:
-    case Reply::State::Damaged:
-      return QuietFor() >= hurtQuiet;
-    case Reply::State::Missing:
-      break;
-  }
-  return false;
-}
-
-Reply Conversation::AwaitReply(const Question& question) {
-  const ReplyForm form{.Command = question.Command,
-                       .Echo = question.Echo,
-                       .EarlierPrompts = late,
-                       .PromptInText = question.InValue == Question::Bracket::Stays};
-  const Duration silent = events.Now() + question.Limit;
-  Reply reply;
-  AwaitText(std::max(question.Limit, question.LimitOnceBegun), [&] {
-    if (!HasBegun()) return events.Now() >= silent;
-    // Without a prompt there is nothing to take apart.
-    if (session.RxBuffer.View().find('>') == std::string_view::npos) return false;
-    reply = FindReply(session.RxBuffer, form);
-    return Decided(reply);
-  });
-  return reply;
-}
-
-std::optional<std::string> Conversation::Ask(const Question& question) {
-  constexpr int attempts = 2;
-  std::optional<std::string> doubtful;
-  bool again = true;
-  for (int attempt = 0; again && attempt < attempts; ++attempt) {
-    if (attempt > 0 && AskingAgain) AskingAgain();
-    if (auto value = AskOnce(question, doubtful, again)) return value;
-  }
-  return std::nullopt;
-}
-
-std::optional<std::string> Conversation::AskOnce(const Question& question,
-                                                 std::optional<std::string>& doubtful,
-                                                 bool& again) {
-  const int began = epoch;
-  // What is still due would mix with the reply, which has nothing but its place to be told by.
-  Settle();
-  again = epoch == began;
-  if (!again) return std::nullopt;
-  Prime();
-  Say(question.Command);
-  if (question.FirstLook > Duration::zero()) {
-    events.Sleep(question.FirstLook);
-    // Also where the reply is there already: the windows must not stand still for a whole run.
-    if (hears == Hears::ByEvents) events.Pump();
-  }
-  const Reply reply = AwaitReply(question);
-  // The line before may have lost its end: this one was then heard as a part of it.
-  const bool joined = std::exchange(cameLast, reply.Came) == Reply::State::Missing;
-  again = epoch == began && Open() && reply.Came != Reply::State::Missing;
-  if (!again) return std::nullopt;
-  // Its prompt has come, even where it was hurt beyond recognition.
-  due = 0;
-  if (reply.EchoSeen) link.EchoIsOff = false;
-  const bool wrongEcho =
-      question.Echo ? reply.Came == Reply::State::Unechoed : reply.Came != Reply::State::Whole;
-  if (wrongEcho) SwitchEcho(question.Echo);
-  if (reply.Came != Reply::State::Whole) return std::nullopt;
-  // RxBuffer may grow from here on.
-  const std::string text(reply.Text);
-  auto value = question.InValue == Question::Bracket::Stays ? text : ValueOf(reply);
-  if (IsLateReply()) return std::nullopt;
-  const bool spoilt = question.InValue == Question::Bracket::Spoils && Holds(text, ">");
-  if (spoilt) value.reset();
-  if (IsRefusal(text)) {
-    again = !question.TakesRefusal || joined;
-    if (again && !question.Echo) SwitchEcho(false);
-    return again ? std::nullopt : value;
-  }
-  again = !IsLikely(question, text) && value != doubtful;
-  if (!again) return value;
-  doubtful = std::move(value);
-  return std::nullopt;
-}
-
-bool Conversation::IsLateReply() {
-  if (late == 0) return false;
-  const int before = late;
-  const bool another = AwaitText(lateTime, [&] { return late < before; });
-  late = 0;
-  return another;
 }
 
 // Nothing but line ends, the prompt, and the word itself where the radio still echoed.

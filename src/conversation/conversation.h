@@ -149,9 +149,19 @@ class Conversation {
   void SeePrompt(PromptKind kind);
   void EndOldSecret();
   void Sent(int prompts);
-  std::optional<std::string> AskOnce(const Question& question, std::optional<std::string>& doubtful,
-                                     bool& again);
+  // What asking once has brought.
+  struct Asked {
+    bool AskAgain = false;
+    std::optional<std::string> Value{};  // when asking again: one that is right if it comes twice
+  };
+  // `doubtful` is the value that asking before has brought and that may be wrong.
+  Asked AskOnce(const Question& question, const std::optional<std::string>& doubtful);
   Reply AwaitReply(const Question& question);
+  // Settles what the reply tells about the radio's echo.
+  void FollowEcho(const Question& question, const Reply& reply);
+  // `joined`: the radio may have heard the question as a part of the line before.
+  Asked Judge(const Question& question, const Reply& reply, bool joined,
+              const std::optional<std::string>& doubtful);
   // Whether the whole reply that has come is that of an earlier line: a further one follows it.
   bool IsLateReply();
   bool Decided(const Reply& reply) const;

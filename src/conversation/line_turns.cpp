@@ -11,16 +11,20 @@ namespace {
 constexpr Duration soon = Milliseconds(1);
 }
 
-LineTurns::LineTurns(EventLoop& loop, LinkState& state) : events(loop), link(state) {}
+LineTurns::LineTurns(EventLoop& loop, const LinkState& state) : events(loop), link(state) {}
 
 LineTurns::~LineTurns() { events.StopTimer(*this); }
 
-LineTurns::Turn::Turn(LineTurns& all) : turns(all), alive(all.alive) { ++turns.link.LineHolders; }
+LineTurns::Turn::Turn(LineTurns& all, For purpose) : turns(all), what(purpose), alive(all.alive) {
+  ++turns.turnsTaken;
+  if (what == For::Secret) ++turns.secretTurns;
+}
 
 LineTurns::Turn::~Turn() {
   // A window may outlive the application that has opened it.
   if (alive.expired()) return;
-  --turns.link.LineHolders;
+  --turns.turnsTaken;
+  if (what == For::Secret) --turns.secretTurns;
   turns.Release();
 }
 

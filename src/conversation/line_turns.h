@@ -16,30 +16,35 @@ namespace quillmark {
 // the line for themselves are told there too. Everything given to it outlives it.
 class LineTurns : private Ticker {
  public:
-  LineTurns(EventLoop& events, LinkState& link);
+  LineTurns(EventLoop& events, const LinkState& link);
   ~LineTurns();
   LineTurns(const LineTurns&) = delete;
   LineTurns& operator=(const LineTurns&) = delete;
+
+  // What a turn is for.
+  enum class For { Talk, Secret };
 
   // Holds the line for the length of a block. Turns may stand within each other: a reconnect at the
   // end of a run, say.
   class Turn {
    public:
-    explicit Turn(LineTurns& turns);
+    explicit Turn(LineTurns& turns, For what = For::Talk);
     ~Turn();
     Turn(const Turn&) = delete;
     Turn& operator=(const Turn&) = delete;
 
    private:
     LineTurns& turns;
+    For what;
     std::weak_ptr<const bool> alive;
   };
 
-  // Nobody has the line.
-  bool Free() const {
-    return link.LineHolders == 0 && link.SecretWindows == 0 && !link.DirectPortMode;
-  }
-  // Nobody has it, and nobody waits for it.
+  // Somebody has a turn.
+  bool Taken() const { return turnsTaken > 0; }
+  bool TakenForSecret() const { return secretTurns > 0; }
+  // Nobody has the line, and no scripted run reads the port.
+  bool Free() const { return !Taken() && !link.DirectPortMode; }
+  // The line is free, and nobody waits for it.
   bool Idle() const { return Free() && waiting.empty(); }
 
   // Runs it now, or when the line is free and all that was asked for earlier has run.
@@ -52,7 +57,7 @@ class LineTurns : private Ticker {
 
  private:
   struct Act {
-    const Control* Entry;
+    const Control* Entry;  // that the user clicked; null: none
     std::function<void()> Run;
   };
 
@@ -62,7 +67,9 @@ class LineTurns : private Ticker {
   void Tick() override;
 
   EventLoop& events;
-  LinkState& link;
+  const LinkState& link;
+  int turnsTaken = 0;
+  int secretTurns = 0;  // of them
   std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
   bool running = false;  // an act that waited is at work
   std::deque<Act> waiting;

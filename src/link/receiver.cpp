@@ -17,20 +17,25 @@ constexpr char backspace = 8;
 constexpr std::size_t mostTyped = 4096;  // characters that wait for the line
 constexpr Duration longestThought = Seconds(10);
 
-// Each backspace takes the character in front of it away; one that has none there is told by
-// `reachesBack`.
-std::string WithoutBackspaces(std::string_view data, bool& reachesBack) {
-  std::string kept;
+// A received text after its backspaces have been carried out.
+struct Edited {
+  std::string Text;
+  bool ReachesBack = false;  // one stood ahead of the text: it takes what was received before
+};
+
+// Each backspace takes the character in front of it away.
+Edited WithoutBackspaces(std::string_view data) {
+  Edited edited;
   for (const char c : data) {
     if (c != backspace) {
-      kept += c;
-    } else if (kept.empty()) {
-      reachesBack = true;
+      edited.Text += c;
+    } else if (edited.Text.empty()) {
+      edited.ReachesBack = true;
     } else {
-      kept.pop_back();
+      edited.Text.pop_back();
     }
   }
-  return kept;
+  return edited;
 }
 
 std::string WithTerminalLineEnds(std::string_view data) {
@@ -84,7 +89,7 @@ void Receiver::MSComm1_OnComm() {
 // A box would stop a firmware transfer in its middle, and the loader gives up then. Noise is normal
 // there: the rate changes. The loader itself tells in the end what it took.
 bool Receiver::SparesTransfer() const {
-  return !main.ShowCommStatus && main.LineHolders > 0 && platform.MSComm1.PortOpen();
+  return !main.ShowCommStatus && radio.Turns.Taken() && platform.MSComm1.PortOpen();
 }
 
 void Receiver::ShowCommStatusText(const std::string& wording) {
@@ -104,9 +109,11 @@ void Receiver::ReportError(const std::string& wording) {
     // One loss, one box.
     connection.StopPortTimeout();
   }
-  const Answer answer = platform.Dialogs.Message(
-      {wording, "Click Cancel to quit, OK to ignore.", Icon::None, Buttons::OkCancel,
-       vanished ? VanishedDetails("click Connect...") : ""});
+  const Answer answer =
+      platform.Dialogs.Message({.Text = wording,
+                                .Title = "Click Cancel to quit, OK to ignore.",
+                                .Choice = Buttons::OkCancel,
+                                .Details = vanished ? VanishedDetails("click Connect...") : ""});
   errorBoxUp = false;
   // A port that closed itself is gone, whatever the answer.
   if (answer == Answer::Cancel || !platform.MSComm1.PortOpen()) {
@@ -129,13 +136,12 @@ void Receiver::ReceiveText(TextBox& term, std::string& data) {
   const std::size_t termLength = term.Text().size();
   if (session.RxBuffer.HoldsClosed()) connection.DisableRadioActions();
   term.SetSelStart(termLength);
-  bool reachesBack = false;
-  data = WithoutBackspaces(data, reachesBack);
-  if (reachesBack && termLength > 0) {
+  const Edited edited = WithoutBackspaces(data);
+  if (edited.ReachesBack && termLength > 0) {
     term.SetSelStart(termLength - 1);
     term.SetSelLength(1);
   }
-  data = WithTerminalLineEnds(data);
+  data = WithTerminalLineEnds(edited.Text);
   if (main.TerminalEcho) term.SetSelText(data);
   log.Write(data);
   term.SetSelStart(term.Text().size());
@@ -143,8 +149,8 @@ void Receiver::ReceiveText(TextBox& term, std::string& data) {
 
 char Receiver::txtTerm_KeyPress(char key) {
   if (!platform.MSComm1.PortOpen()) return key;
-  // Half a line in front of a password would make it something else.
-  if (main.SecretWindows > 0) return 0;
+  // A half-typed line in front of a password would change it.
+  if (radio.Turns.TakenForSecret()) return 0;
   SendTyped(key);
   if (session.LocalEcho) return key;
   main.txtTerm.SetSelStart(main.txtTerm.Text().size());

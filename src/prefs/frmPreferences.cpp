@@ -67,17 +67,16 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
   CancelButton.OnClick = [this] { Unload(); };
 }
 
-void frmPreferences::SetFlag(const CheckBox& box, bool& flag, const char* key) {
-  flag = box.Checked();
-  store.Write("Preferences", key, BooleanText(flag));
+bool frmPreferences::Store(const CheckBox& box, const char* key) {
+  store.Write("Preferences", key, BooleanText(box.Checked()));
+  return box.Checked();
 }
 
 void frmPreferences::OKButton_Click() {
-  SetFlag(ConnectOnLaunchCheck, session.ConnectOnLaunch, "ConnectOnLaunch");
-  SetFlag(KeepAliveCheck, session.KeepAlive, "KeepAlive");
-  SetFlag(LogoutCheck, session.LogoutOnQuit, "LogoutOnQuit");
-  terminal.Bold = BoldCheck.Checked();
-  store.Write("Preferences", "BoldText", BooleanText(terminal.Bold()));
+  session.ConnectOnLaunch = Store(ConnectOnLaunchCheck, "ConnectOnLaunch");
+  session.KeepAlive = Store(KeepAliveCheck, "KeepAlive");
+  session.LogoutOnQuit = Store(LogoutCheck, "LogoutOnQuit");
+  terminal.Bold = Store(BoldCheck, "BoldText");
   terminal.ForeColor = ColourAt(TextColorList.ListIndex());
   store.Write("Preferences", "TextColor", std::to_string(terminal.ForeColor()));
   terminal.BackColor = ColourAt(BackgroundColorList.ListIndex());

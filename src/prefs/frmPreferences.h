@@ -22,7 +22,8 @@ class frmPreferences : public Form {
 
  private:
   void OKButton_Click();
-  void SetFlag(const CheckBox& box, bool& flag, const char* key);
+  // Stores what the box says, and gives it.
+  bool Store(const CheckBox& box, const char* key);
 
   PreferenceStore& store;
   Session& session;

@@ -26,8 +26,7 @@ std::string ClockText(std::int64_t seconds) {
 
 MainTimer::MainTimer(Platform& machine, Session& shared, frmOrvalent& window, Connection& link,
                      ReadCycle& cycle, Conversation& conversation)
-    : LineHolders(window.LineHolders),
-      platform(machine),
+    : platform(machine),
       session(shared),
       main(window),
       connection(link),

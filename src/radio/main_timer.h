@@ -20,9 +20,6 @@ class MainTimer {
 
   void Timer1_Timer();
 
-  // How many turns on the line are taken; no keep-alive and no read starts meanwhile.
-  int& LineHolders;
-
   // Closes the store and restore window when it has lost the radio.
   std::function<void()> CloseRestoreWindow;
   // Told after each read cycle that ran to its end.

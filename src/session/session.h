@@ -56,8 +56,6 @@ struct LinkState {
   bool TerminalEcho = true;             // received text goes into the terminal
   bool DiscardReceived = false;         // received text is thrown away
   bool EchoIsOff = false;               // the radio's, by our own "deco"
-  int SecretWindows = 0;                // so many windows have the line to themselves for a secret
-  int LineHolders = 0;                  // so many windows or runs keep reads and keep-alives off
   bool LinkLetGo = false;               // the user closed it: a run that is under way ends with it
   bool NotConnected = false;            // the last connect failed, or the user closed the link
   bool ConnectCancelled = false;        // stop the wake attempt

@@ -45,7 +45,6 @@ class Console {
 
   frmOrvalent& Main() { return *main; }
   Session& Shared() { return session; }
-  MainTimer& Ticks() { return mainTimer; }
   Conversation& Talk() { return radio; }
 
   // Told after each read cycle that ran to its end.

@@ -125,8 +125,7 @@ void JudgeEnd(World& world, Findings& findings) {
   const auto flagBack = [&world] { return !world.Main().EchoIsOff || !world.Port().PortOpen(); };
   if (lineWorks && !world.RunUntil(flagBack, Seconds(30))) findings.push_back("EchoIsOff is left");
   if (world.Main().DirectPortMode) findings.push_back("DirectPortMode is left");
-  if (world.Main().SecretWindows != 0) findings.push_back("SecretWindows is left");
-  if (world.Application().Ticks().LineHolders != 0) findings.push_back("LineHolders is left");
+  if (world.Application().Talk().Turns.Taken()) findings.push_back("the line is left taken");
   if (world.Port().PortOpen() == world.Enabled("tbr_Connect")) {
     findings.push_back("the port and the Connect button disagree");
   }

@@ -37,7 +37,7 @@ TEST_F(LineTurnsTest, GoesOutBehindItInTheOrderOfTheirActs) {
               ElementsAre(asked[0], asked[1], asked[2], asked[3], "ser"));
   EXPECT_EQ(Text("PowerLevel"), "PWR 25 dBm");
   EXPECT_EQ(Text("OwnerMessage"), "Mast");
-  EXPECT_EQ(Main().LineHolders, 0);
+  EXPECT_FALSE(Application().Talk().Turns.Taken());
 }
 
 TEST_F(LineTurnsTest, IsForgottenWithTheLinkItWasMeantFor) {

@@ -16,7 +16,7 @@ class LostLinkTest : public sim::Bench {
     ExpectWindow("frmZoneData").Do(std::move(acts));
     EXPECT_TRUE(Click("ButtonZoneData"));
     CheckExpectations();
-    EXPECT_EQ(Application().Ticks().LineHolders, 0);
+    EXPECT_FALSE(Application().Talk().Turns.Taken());
   }
   void InQuality(std::function<void()> acts) {
     ExpectWindow("frmZoneQuality").Do(std::move(acts));

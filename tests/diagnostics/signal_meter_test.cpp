@@ -89,7 +89,7 @@ TEST_F(SignalMeterTest, WithoutAPortAndWithoutAnAdapter) {
                        EXPECT_TRUE(Click("Command1"));
                      }),
             "rssi\r");
-  EXPECT_EQ(Application().Ticks().LineHolders, 0);
+  EXPECT_FALSE(Application().Talk().Turns.Taken());
   ExpectBox("User Help").Saying("Please Toggle COMM Port open first.").With(Icon::None);
   EXPECT_TRUE(Click("ButtonRSSI"));
 }

@@ -81,7 +81,7 @@ class UpgradeBench : public sim::Bench {
     EXPECT_FALSE(WindowOpen("frmProgram"));
     EXPECT_TRUE(Main().ShowCommStatus);
     EXPECT_TRUE(Shared().TransferStop);
-    EXPECT_EQ(Application().Ticks().LineHolders, 0);
+    EXPECT_FALSE(Application().Talk().Turns.Taken());
   }
 
   static std::string Bursts(int count) {

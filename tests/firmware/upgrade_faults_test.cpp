@@ -122,7 +122,7 @@ TEST_F(UpgradeFaultsTest, EndedAtAnyTime) {
       Run(Seconds(30));
       EXPECT_EQ(Port().Settings(), "19200,N,8,1");
       EXPECT_TRUE(Enabled("mnuSendText") && !WindowOpen("frmProgram") && !Main().EchoIsOff);
-      EXPECT_EQ(Application().Ticks().LineHolders, 0);
+      EXPECT_FALSE(Application().Talk().Turns.Taken());
       const bool inLoader = Radio().At() == sim::Level::Loader;
       if (!inLoader && Radio().Setting("srev") == "3.2.0") ExpectErase(Answer::Yes);
       if (Radio().Setting("srev") != "3.2.1" || inLoader) Upgrade(file);

@@ -54,7 +54,7 @@ class RestoreBench : public sim::Bench {
     EXPECT_FALSE(WindowOpen("frmRestore"));
     EXPECT_FALSE(SecondPort().PortOpen());
     EXPECT_TRUE(Main().Enabled());
-    EXPECT_EQ(Application().Ticks().LineHolders, 0);
+    EXPECT_FALSE(Application().Talk().Turns.Taken());
   }
 
   bool WaitForRead() {
