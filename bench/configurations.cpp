@@ -54,14 +54,14 @@ Figure FigureOf(const char* name, const Task& task) {
   char note[120];
   std::snprintf(note, sizeof note, "%zu sendings; pauses of %.2f s in all", task.Commands,
                 task.Paused);
-  return {name,
-          seconds,
-          SecondsBetween(task.Begin, task.End),
-          task.Floor,
-          "line, radio and pauses",
-          Judged::Ratio,
-          1.10,
-          note};
+  return {.Name = name,
+          .In = seconds,
+          .Measured = SecondsBetween(task.Begin, task.End),
+          .Floor = task.Floor,
+          .FloorName = "line, radio and pauses",
+          .By = Judged::Ratio,
+          .Limit = 1.10,
+          .Note = note};
 }
 
 }  // namespace

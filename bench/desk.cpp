@@ -23,16 +23,16 @@ const std::string& WithPreferences(const Surroundings& surroundings, const std::
 }
 
 Platform Joined(Platform platform, EventLoop& loop, SerialPort& port, SerialPort& restorePort) {
-  return {loop,
-          platform.Dialogs,
-          platform.Windows,
-          port,
-          restorePort,
-          platform.Ports,
-          platform.Preferences,
-          platform.Files,
-          platform.Desktop,
-          platform.Random};
+  return {.Events = loop,
+          .Dialogs = platform.Dialogs,
+          .Windows = platform.Windows,
+          .MSComm1 = port,
+          .MSComm2 = restorePort,
+          .Ports = platform.Ports,
+          .Preferences = platform.Preferences,
+          .Files = platform.Files,
+          .Desktop = platform.Desktop,
+          .Random = platform.Random};
 }
 
 }  // namespace

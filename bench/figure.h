@@ -27,7 +27,7 @@ struct Figure {
   Unit In;
   double Measured = 0;
   double Floor = 0;
-  std::string FloorName;  // what the floor is
+  std::string FloorName{};  // what the floor is
   Judged By = Judged::Value;
   double Limit = 0;    // the highest that is still good
   std::string Note{};  // what was counted; printed under the table

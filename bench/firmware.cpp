@@ -111,15 +111,32 @@ std::vector<Figure> MeasureFirmware(Surroundings& surroundings) {
                 "late, %lld bytes ahead",
                 static_cast<long long>(seen.Bytes), took, least / took,
                 static_cast<long long>(seen.MostAhead));
-  return {
-      {"firmware transfer", seconds, took, least, "the line alone", Judged::Ratio, 1 / 0.98, note},
-      {"firmware, ahead of the line", bytes, MostAhead(blocks), block, "one block", Judged::Value,
-       block},
-      {"firmware, longest wait of the window", milliseconds, turns.Longest(), TurnWatch::interval,
-       "its timer's interval", Judged::Value, 50},
-      {"processor, firmware transfer", processorShare,
-       ShareBetween(blocks.front().SentAt, blocks.back().SentAt), idleShare, idleFloorName,
-       Judged::Value, 5}};
+  return {{.Name = "firmware transfer",
+           .In = seconds,
+           .Measured = took,
+           .Floor = least,
+           .FloorName = "the line alone",
+           .By = Judged::Ratio,
+           .Limit = 1 / 0.98,
+           .Note = note},
+          {.Name = "firmware, ahead of the line",
+           .In = bytes,
+           .Measured = MostAhead(blocks),
+           .Floor = block,
+           .FloorName = "one block",
+           .Limit = block},
+          {.Name = "firmware, longest wait of the window",
+           .In = milliseconds,
+           .Measured = turns.Longest(),
+           .Floor = TurnWatch::interval,
+           .FloorName = "its timer's interval",
+           .Limit = 50},
+          {.Name = "processor, firmware transfer",
+           .In = processorShare,
+           .Measured = ShareBetween(blocks.front().SentAt, blocks.back().SentAt),
+           .Floor = idleShare,
+           .FloorName = idleFloorName,
+           .Limit = 5}};
 }
 
 }  // namespace quillmark::bench

@@ -22,8 +22,12 @@ std::vector<Figure> MeasureIdle(Surroundings& surroundings) {
   desk.RunFor(settlingTime);
   const Moment begin = Now();
   desk.RunFor(measuredTime);
-  return {{"processor, connected and idle", processorRate, RateBetween(begin, Now()), idleRate,
-           idleFloorName, Judged::Value, 2}};
+  return {{.Name = "processor, connected and idle",
+           .In = processorRate,
+           .Measured = RateBetween(begin, Now()),
+           .Floor = idleRate,
+           .FloorName = idleFloorName,
+           .Limit = 2}};
 }
 
 }  // namespace quillmark::bench

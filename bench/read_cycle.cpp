@@ -107,10 +107,20 @@ std::vector<Figure> MeasureReadCycle(Surroundings& surroundings) {
   for (int i = 0; i < cycles; ++i) all.push_back(ReadOnce(desk));
   const Cycle timed = MedianBy(all, &Cycle::Ratio);
   const Cycle costed = MedianBy(all, &Cycle::Share);
-  return {{"read cycle", seconds, SecondsBetween(timed.Begin, timed.End), timed.Floor,
-           "line, radio and pauses", Judged::Ratio, 1.05, NoteOf(timed.What)},
-          {"processor, read cycle", processorShare, costed.Share(), idleShare, idleFloorName,
-           Judged::Value, 2.5}};
+  return {{.Name = "read cycle",
+           .In = seconds,
+           .Measured = SecondsBetween(timed.Begin, timed.End),
+           .Floor = timed.Floor,
+           .FloorName = "line, radio and pauses",
+           .By = Judged::Ratio,
+           .Limit = 1.05,
+           .Note = NoteOf(timed.What)},
+          {.Name = "processor, read cycle",
+           .In = processorShare,
+           .Measured = costed.Share(),
+           .Floor = idleShare,
+           .FloorName = idleFloorName,
+           .Limit = 2.5}};
 }
 
 }  // namespace quillmark::bench

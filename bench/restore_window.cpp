@@ -41,14 +41,14 @@ class Visit {
   Figure ReadTime() const {
     char note[120];
     std::snprintf(note, sizeof note, "%zu sendings; pauses of %.2f s in all", sendings, paused);
-    return {"read of the restore window",
-            seconds,
-            SecondsBetween(readBegin, readEnd),
-            floor,
-            "line, radio and pauses",
-            Judged::Ratio,
-            1.10,
-            note};
+    return {.Name = "read of the restore window",
+            .In = seconds,
+            .Measured = SecondsBetween(readBegin, readEnd),
+            .Floor = floor,
+            .FloorName = "line, radio and pauses",
+            .By = Judged::Ratio,
+            .Limit = 1.10,
+            .Note = note};
   }
   double ReadShare() const { return ShareBetween(readBegin, readEnd); }
   double IdleRate() const { return RateBetween(idleBegin, idleEnd); }
@@ -116,10 +116,18 @@ std::vector<Figure> MeasureRestoreWindow(Surroundings& surroundings) {
   Visit visit(desk);
   visit.Make();
   return {visit.ReadTime(),
-          {"processor, that read", processorShare, visit.ReadShare(), idleRate / 10, idleFloorName,
-           Judged::Value, 3},
-          {"processor, restore window idle", processorRate, visit.IdleRate(), idleRate,
-           idleFloorName, Judged::Value, 2}};
+          {.Name = "processor, that read",
+           .In = processorShare,
+           .Measured = visit.ReadShare(),
+           .Floor = idleRate / 10,
+           .FloorName = idleFloorName,
+           .Limit = 3},
+          {.Name = "processor, restore window idle",
+           .In = processorRate,
+           .Measured = visit.IdleRate(),
+           .Floor = idleRate,
+           .FloorName = idleFloorName,
+           .Limit = 2}};
 }
 
 }  // namespace quillmark::bench

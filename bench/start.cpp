@@ -60,10 +60,19 @@ std::vector<Figure> MeasureStart(Surroundings& surroundings) {
   const Start bare = MedianStart(program, {"--bare-window"});
   const Start console = MedianStart(program, {});
   const std::string note = "the median of " + std::to_string(starts) + " after one more";
-  return {{"start to the first window", milliseconds, console.Time, bare.Time, "bare Qt window",
-           Judged::Value, 300, note},
-          {"memory at the first window", megabytes, console.Memory, bare.Memory, "bare Qt window",
-           Judged::Value, 90}};
+  return {{.Name = "start to the first window",
+           .In = milliseconds,
+           .Measured = console.Time,
+           .Floor = bare.Time,
+           .FloorName = "bare Qt window",
+           .Limit = 300,
+           .Note = note},
+          {.Name = "memory at the first window",
+           .In = megabytes,
+           .Measured = console.Memory,
+           .Floor = bare.Memory,
+           .FloorName = "bare Qt window",
+           .Limit = 90}};
 }
 
 }  // namespace quillmark::bench

@@ -142,11 +142,17 @@ std::vector<Figure> MeasureTerminal(Surroundings& surroundings) {
   char note[120];
   std::snprintf(note, sizeof note, "%zu bytes in the log after %.2f s, taken in %d pieces",
                 streamed.Log.size(), streamed.Seconds, streamed.Arrivals);
-  return {{"processor, terminal and log", processorShare, streamed.Share, plainShare,
-           "only reading and writing", Judged::Value, 6, note},
-          {"lost or wrong in the log", bytes,
-           static_cast<double>(FaultyBytes(streamed.Expected, streamed.Log)), 0, "nothing",
-           Judged::Value, 0}};
+  return {{.Name = "processor, terminal and log",
+           .In = processorShare,
+           .Measured = streamed.Share,
+           .Floor = plainShare,
+           .FloorName = "only reading and writing",
+           .Limit = 6,
+           .Note = note},
+          {.Name = "lost or wrong in the log",
+           .In = bytes,
+           .Measured = static_cast<double>(FaultyBytes(streamed.Expected, streamed.Log)),
+           .FloorName = "nothing"}};
 }
 
 }  // namespace quillmark::bench

@@ -18,14 +18,19 @@ namespace fs = std::filesystem;
 constexpr int longestRun = 600'000;  // ms
 constexpr const char* programs[] = {"quillmark_tests", "quillmark_e2e"};
 
-// Gives what the program printed; a failed test is no failure of the measurement.
-std::string Run(const fs::path& program, const std::vector<std::string>& arguments,
-                double& duration) {
+// One run of a program.
+struct Ran {
+  double Time = 0;  // s
+  std::string Printed;
+};
+
+// A failed test is no failure of the measurement.
+Ran Run(const fs::path& program, const std::vector<std::string>& arguments) {
   const Moment begin = Now();
   Child child(program, arguments);
-  std::string printed = child.Rest(longestRun);
-  duration += SecondsBetween(begin, Now());
-  return printed;
+  Ran ran{.Printed = child.Rest(longestRun)};
+  ran.Time = SecondsBetween(begin, Now());
+  return ran;
 }
 
 // "100% tests passed, 0 tests failed out of 120"
@@ -47,12 +52,16 @@ std::vector<Figure> MeasureTestSuite(Surroundings& surroundings) {
       throw std::runtime_error(std::string(program) + " is not built; ./dev test builds it");
     }
   }
-  double whole = 0, alone = 0;
-  const std::string printed =
-      Run("ctest", {"--test-dir", folder, "-j2", "--no-tests=error"}, whole);
-  for (const char* program : programs) Run(folder / program, {"--gtest_brief=1"}, alone);
-  return {{"the whole test suite", seconds, whole, alone, "test programs by themselves",
-           Judged::Value, 60, SummaryIn(printed)}};
+  const Ran whole = Run("ctest", {"--test-dir", folder, "-j2", "--no-tests=error"});
+  double alone = 0;
+  for (const char* program : programs) alone += Run(folder / program, {"--gtest_brief=1"}).Time;
+  return {{.Name = "the whole test suite",
+           .In = seconds,
+           .Measured = whole.Time,
+           .Floor = alone,
+           .FloorName = "test programs by themselves",
+           .Limit = 60,
+           .Note = SummaryIn(whole.Printed)}};
 }
 
 }  // namespace quillmark::bench

@@ -28,8 +28,13 @@ std::vector<Figure> MeasureUnplug(Surroundings& surroundings) {
   if (desk.Port().PortOpen() || desk.Boxes().LastMessage.empty()) {
     throw std::runtime_error("the console has not noticed that the port is gone");
   }
-  return {{"processor, after an unplug", processorRate, RateBetween(begin, end), idleRate,
-           idleFloorName, Judged::Value, 5, "with the box \"" + desk.Boxes().LastMessage + "\""}};
+  return {{.Name = "processor, after an unplug",
+           .In = processorRate,
+           .Measured = RateBetween(begin, end),
+           .Floor = idleRate,
+           .FloorName = idleFloorName,
+           .Limit = 5,
+           .Note = "with the box \"" + desk.Boxes().LastMessage + "\""}};
 }
 
 }  // namespace quillmark::bench

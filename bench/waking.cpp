@@ -31,10 +31,14 @@ std::vector<Figure> MeasureWaking(Surroundings& surroundings) {
   desk.Start(longestStart, "the console does not try to wake the radio");
   std::string received;
   for (const Exchange& exchange : desk.Port().Exchanges()) received += exchange.Received;
-  return {{"processor, waking a radio", processorShare, ShareBetween(begin, end), idleShare,
-           idleFloorName, Judged::Value, 3,
-           std::to_string(desk.Port().Exchanges().size()) + " bursts sent, " +
-               std::to_string(received.size()) + " bytes received"}};
+  return {{.Name = "processor, waking a radio",
+           .In = processorShare,
+           .Measured = ShareBetween(begin, end),
+           .Floor = idleShare,
+           .FloorName = idleFloorName,
+           .Limit = 3,
+           .Note = std::to_string(desk.Port().Exchanges().size()) + " bursts sent, " +
+                   std::to_string(received.size()) + " bytes received"}};
 }
 
 }  // namespace quillmark::bench

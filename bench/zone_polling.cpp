@@ -54,9 +54,14 @@ std::vector<Figure> MeasureZonePolling(Surroundings& surroundings) {
   desk.Connect();
   const Watch watch = WatchZones(desk);
   if (watch.Polls < 10) throw std::runtime_error("the zones are not polled");
-  return {{"processor, polling zone data", processorShare, ShareBetween(watch.Begin, watch.End),
-           idleShare, idleFloorName, Judged::Value, 1.5,
-           std::to_string(watch.Polls) + " polls in 12 s, each answered by 516 characters"}};
+  return {
+      {.Name = "processor, polling zone data",
+       .In = processorShare,
+       .Measured = ShareBetween(watch.Begin, watch.End),
+       .Floor = idleShare,
+       .FloorName = idleFloorName,
+       .Limit = 1.5,
+       .Note = std::to_string(watch.Polls) + " polls in 12 s, each answered by 516 characters"}};
 }
 
 }  // namespace quillmark::bench

@@ -8,22 +8,22 @@
 
 namespace quillmark {
 
-const frmSetup::Direction frmSetup::receive{&frmSetup::RxFrequency,
-                                            &frmSetup::RxLabel,
-                                            "rx",
-                                            "RX",
-                                            "Enter a new receive frequency",
-                                            "Program Rx Frequency",
-                                            "Receive Frequency Information",
-                                            "receive"};
-const frmSetup::Direction frmSetup::transmit{&frmSetup::TxFrequency,
-                                             &frmSetup::TxLabel,
-                                             "tx",
-                                             "TX",
-                                             "Enter a new transmit frequency",
-                                             "Program Tx Frequency",
-                                             "Transmit Frequency Information",
-                                             "transmit"};
+const frmSetup::Direction frmSetup::receive{.Field = &frmSetup::RxFrequency,
+                                            .Caption = &frmSetup::RxLabel,
+                                            .Word = "rx",
+                                            .WholeCommand = "RX",
+                                            .Prompt = "Enter a new receive frequency",
+                                            .Title = "Program Rx Frequency",
+                                            .InfoTitle = "Receive Frequency Information",
+                                            .InfoWord = "receive"};
+const frmSetup::Direction frmSetup::transmit{.Field = &frmSetup::TxFrequency,
+                                             .Caption = &frmSetup::TxLabel,
+                                             .Word = "tx",
+                                             .WholeCommand = "TX",
+                                             .Prompt = "Enter a new transmit frequency",
+                                             .Title = "Program Tx Frequency",
+                                             .InfoTitle = "Transmit Frequency Information",
+                                             .InfoWord = "transmit"};
 
 frmSetup::frmSetup(Platform& machine, Session& shared, frmOrvalent& window,
                    Conversation& conversation)

@@ -103,7 +103,7 @@ bool FirmwareTransfer::SendBlock(const std::string& block) {
     return true;
   } catch (const SerialError& error) {
     platform.Dialogs.Message(
-        {error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
+        {.Text = error.what(), .Symbol = Icon::Exclamation, .Details = error.Details});
     return false;
   }
 }

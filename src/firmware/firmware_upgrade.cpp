@@ -148,8 +148,10 @@ void FirmwareUpgrade::Judge(LoaderTalk& loader, const std::string& missing,
     platform.Dialogs.Message(
         {"Radio programming was successful.", "Programmed OK", Icon::Exclamation});
   } else {
-    platform.Dialogs.Message({"Radio programming FAILED.", "Radio Error", Icon::Exclamation,
-                              Buttons::Ok, whole ? note : missing});
+    platform.Dialogs.Message({.Text = "Radio programming FAILED.",
+                              .Title = "Radio Error",
+                              .Symbol = Icon::Exclamation,
+                              .Details = whole ? note : missing});
   }
 }
 

@@ -15,17 +15,16 @@ constexpr std::ptrdiff_t partNumberAt = 9;
 constexpr std::size_t versionAt = 30;  // counted from 0
 constexpr std::size_t versionEnd = 40;
 
-enum Place { Major = 0, Minor = 2, Patch = 4 };
-constexpr std::array places{Major, Minor, Patch};
+// Where major, minor and patch stand in a version, counted from 0.
+constexpr std::array<std::size_t, 3> places{0, 2, 4};
 
 // One character, empty where the version is too short for it.
-std::string_view At(std::string_view version, Place place) {
-  return version.size() > static_cast<std::size_t>(place) ? version.substr(place, 1)
-                                                          : std::string_view();
+std::string_view At(std::string_view version, std::size_t place) {
+  return version.size() > place ? version.substr(place, 1) : std::string_view();
 }
 
 bool HasLetter(std::string_view version, char letter) {
-  for (const Place place : places) {
+  for (const std::size_t place : places) {
     if (EqualAnyCase(At(version, place), std::string_view(&letter, 1))) return true;
   }
   return false;
@@ -33,7 +32,7 @@ bool HasLetter(std::string_view version, char letter) {
 
 // By single characters, from major to patch.
 int Compare(std::string_view one, std::string_view other) {
-  for (const Place place : places) {
+  for (const std::size_t place : places) {
     const int order = Upper(At(one, place)).compare(Upper(At(other, place)));
     if (order != 0) return order;
   }

@@ -46,11 +46,15 @@ bool LoaderEntry::Enter(const std::string& newVersion, const std::string& note) 
 }
 
 bool LoaderEntry::UserConfirms(const std::string& newVersion, const std::string& note) {
-  return platform.Dialogs.Message({"Ready to erase the current firmware, version " +
-                                       session.InstalledFirmwareVersion + ", and install version " +
-                                       newVersion + ".\r\r\t\tAre you sure you wish to continue?",
-                                   "Erase Current Firmware?", Icon::None, Buttons::YesNo, note,
-                                   true}) == Answer::Yes;
+  const Answer answer = platform.Dialogs.Message(
+      {.Text = "Ready to erase the current firmware, version " + session.InstalledFirmwareVersion +
+               ", and install version " + newVersion +
+               ".\r\r\t\tAre you sure you wish to continue?",
+       .Title = "Erase Current Firmware?",
+       .Choice = Buttons::YesNo,
+       .Details = note,
+       .Irreversible = true});
+  return answer == Answer::Yes;
 }
 
 // The radio says nothing while it erases; the bar follows the clock.

@@ -58,8 +58,10 @@ void Connection::Open() {
     if (error.Number == SerialError::PortNotAvailable) {
       main.NotConnected = true;
       platform.Dialogs.Message(
-          {"The selected COM port is not available. Please select another port.", "Error",
-           Icon::Exclamation, Buttons::Ok, error.Details});
+          {.Text = "The selected COM port is not available. Please select another port.",
+           .Title = "Error",
+           .Symbol = Icon::Exclamation,
+           .Details = error.Details});
       DisconnectRadio();
       return;
     }
@@ -92,15 +94,7 @@ void Connection::OpenAndWake() {
   AwaitPrompt();
 }
 
-void Connection::ShowPortClosed() {
-  main.tbr_Connect.Enabled = true;
-  main.tbr_Disconnect.Enabled = false;
-  ShowLamp(false);
-  main.pnl_Settings.Text = "Settings: ";
-  StopConnectTimer();
-}
-
-// Closing and opening the port throws away whatever the wake attempt has stirred up.
+// Closing and opening the port drops what the radio still answers to the wake attempt.
 void Connection::ResetPort() {
   SerialPort& port = platform.MSComm1;
   main.txtTerm.Text = "";
@@ -170,12 +164,6 @@ void Connection::WakeLink() {
   main.NotConnected = true;
 }
 
-void Connection::ShowWaking(int dots) {
-  const std::string text(static_cast<std::size_t>(dots), '.');
-  main.txtTerm.Text = "Connecting" + text;
-  main.pnl_Status.Text = "Status: Connecting...." + text;
-}
-
 void Connection::SendClos() {
   // A radio must not be left without its echo; nobody is there to wait for it.
   if (main.EchoIsOff) radio.Say("eeco");
@@ -197,29 +185,13 @@ void Connection::DisconnectRadio() {
     if (platform.MSComm1.PortOpen()) SendClos();
   } catch (const SerialError& error) {
     platform.Dialogs.Message(
-        {error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
+        {.Text = error.what(), .Symbol = Icon::Exclamation, .Details = error.Details});
   }
   ShowDisconnected();
   main.txtTerm.Text = main.txtTerm.Text() + "Disconnected";
   main.pnl_Status.Text = "Status: ";
   main.DirectPortMode = false;
   main.NotConnected = true;
-}
-
-void Connection::ShowDisconnected() {
-  // What was asked for meant the radio that is gone.
-  radio.Restart();
-  radio.Turns.Forget();
-  for (Control* control : std::initializer_list<Control*>{
-           &main.tbr_TransmitTextFile, &main.tbr_Disconnect, &main.tbr_Login, &main.tbr_Logout}) {
-    control->Enabled = false;
-  }
-  main.tbr_Connect.Enabled = true;
-  main.pnl_Settings.Text = "Settings: ";
-  main.mnuOpen.Checked = false;
-  ShowLamp(false);
-  EnableRadioMenus(false);
-  DisableRadioActions();
 }
 
 void Connection::LogoutRadio() {
@@ -237,57 +209,6 @@ void Connection::ButtonRefresh_Click() {
   } else {
     ConnectRadio();
   }
-}
-
-void Connection::ShowLamp(bool connected) {
-  main.imgConnected.Visible = connected;
-  main.imgNotConnected.Visible = !connected;
-}
-
-void Connection::EnableRadioMenus(bool enabled) {
-  for (Control* menu : std::initializer_list<Control*>{
-           &main.mnuSendText, &main.mnuAccessCode, &main.mnuEncryptCode, &main.mnuSetupMode,
-           &main.mnuConfigRestore, &main.mnuRadioPassSub, &main.mnuSetPass}) {
-    menu->Enabled = enabled;
-  }
-}
-
-void Connection::EnableQuickTasks(bool enabled) {
-  for (Control* control : std::initializer_list<Control*>{
-           &main.cmdSaveToFile, &main.cmdSaveToPreset, &main.cmdProgramFromFile, &main.cmdMaster,
-           &main.cmdRemote, &main.cmdRepeater, &main.cmdSubRemote, &main.cmbBaud, &main.txtNewADDR,
-           &main.sldPwr, &main.cmdPrint}) {
-    control->Enabled = enabled;
-  }
-}
-
-void Connection::DisableRadioActions() {
-  EnableQuickTasks(false);
-  for (Button& preset : main.cmdPre) preset.Enabled = false;
-}
-
-void Connection::EnableRadioActions() {
-  EnableQuickTasks(true);
-  for (Button& preset : main.cmdPre) {
-    if (preset.Tag() != main.EmptyTag) preset.Enabled = true;
-  }
-  UpdateSavePresetEnabled(main);
-}
-
-void Connection::StartConnectTimer() {
-  main.ConnectStart = platform.Events.LocalSeconds();
-  main.pnl_ConnectTime.Text = "00:00:00 ";
-  main.Timer1.Enabled = true;
-}
-
-void Connection::StopConnectTimer() {
-  main.Timer1.Enabled = false;
-  main.pnl_ConnectTime.Text = "";
-}
-
-void Connection::Timer2_Timer() {
-  if (platform.MSComm1.PortOpen()) main.pnl_Status.Text = "Status: ";
-  main.Timer2.Enabled = false;
 }
 
 void Connection::tmrPortTO_Timer() {

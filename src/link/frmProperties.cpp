@@ -93,7 +93,7 @@ bool frmProperties::ChangePort(int number) {
     return true;
   } catch (const SerialError& error) {
     platform.Dialogs.Message(
-        {error.what(), ProgramTitle, Icon::Exclamation, Buttons::Ok, error.Details});
+        {.Text = error.what(), .Symbol = Icon::Exclamation, .Details = error.Details});
     port.SetCommPort(oldNumber);
     // The session on the old port is over; the main window must not go on showing it.
     if (wasOpen) closeSession();
@@ -106,8 +106,7 @@ bool frmProperties::ConfirmChange() {
   return platform.Dialogs.Message(
              {"Warning: The COM port is already open. Changing the COM port will close the current "
               "session,\rpossibly interupting a connection with a radio.\r\rDo you wish to "
-              "continue "
-              "and switch COM ports?",
+              "continue and switch COM ports?",
               "Warning", Icon::Exclamation, Buttons::YesNo}) == Answer::Yes;
 }
 

@@ -23,7 +23,7 @@ class frmProperties : public Form {
 
   Label SelectPort;
   ListBox cboPort;
-  Label lblDevice;  // what stands behind the chosen port
+  Label lblDevice;  // the device of the chosen port
   Button cmdOK, cmdCancel;
 
  protected:

@@ -7,8 +7,10 @@ void ShowLinkError(Dialogs& dialogs, const SerialError& error) {
     return;
   }
   dialogs.Message(
-      {"There was an error communicating with the radio. Please reconnect and try again", "Error",
-       Icon::Exclamation, Buttons::Ok, error.Details});
+      {.Text = "There was an error communicating with the radio. Please reconnect and try again",
+       .Title = "Error",
+       .Symbol = Icon::Exclamation,
+       .Details = error.Details});
 }
 
 bool PortIsOpen(Dialogs& dialogs, const SerialPort& port) {

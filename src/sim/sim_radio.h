@@ -114,8 +114,8 @@ class SimRadio {
     int Command;
     bool LineEndShown;
     Time Begun;
-    Time Due;                    // when it goes on with it
-    std::optional<Reply> Ready;  // once it has acted
+    Time Due;                      // when it goes on with it
+    std::optional<Reply> Ready{};  // once it has acted
     RadioAnswer::Next Then = RadioAnswer::Next::Stay;
   };
 

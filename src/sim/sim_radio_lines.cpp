@@ -68,7 +68,11 @@ void SimRadio::Show(Time at, SimInput::Byte& byte) {
 void SimRadio::Begin(Time at, const SimInput::Byte& end, const std::string& text) {
   Remember(end.At, text);
   const int command = input.Commands() + (text.empty() ? 1 : 0);
-  work = Work{text, command, end.LineEndShown, at, at + ThinkTime(), std::nullopt};
+  work = Work{.Line = text,
+              .Command = command,
+              .LineEndShown = end.LineEndShown,
+              .Begun = at,
+              .Due = at + ThinkTime()};
   if (!options.ActsLate || options.Overlaps || session.At == Level::Loader) Act(at);
   if (options.Overlaps) Give(at);
 }
@@ -89,8 +93,11 @@ RadioAnswer SimRadio::Execute(Time at, const std::string& text) {
 // Does what the line says and makes up the reply.
 void SimRadio::Act(Time at) {
   const RadioAnswer answer = Execute(at, work->Line);
-  Reply reply{work->Command, work->Line.empty(), work->Begun + std::max(ThinkTime(), answer.Busy),
-              std::string(lineEnd), answer.Prompt ? Prompt() : ""};
+  Reply reply{.Command = work->Command,
+              .ToEmptyLine = work->Line.empty(),
+              .Start = work->Begun + std::max(ThinkTime(), answer.Busy),
+              .Text = std::string(lineEnd),
+              .Prompt = answer.Prompt ? Prompt() : ""};
   if (answer.Text) reply.Text += *answer.Text + std::string(lineEnd);
   if (const RadioAnswer* other = Override(work->Line)) {
     reply.Text = *other->Text;

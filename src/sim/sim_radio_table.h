@@ -44,16 +44,16 @@ enum class Rule {
 };
 
 struct RadioSetting {
-  std::string_view Word;   // as typed, small letters
-  std::string_view Label;  // printed in front of the value with a blank; "" for the value alone
-  int From;                // first revision that has it
-  int Below;               // first revision that no longer has it
-  Rule Applies;
+  std::string_view Word;     // as typed, small letters
+  std::string_view Label{};  // printed in front of the value with a blank; "" for the value alone
+  int From = anyRevision;    // first revision that has it
+  int Below = noLimit;       // first revision that no longer has it
+  Rule Applies = Rule::Plain;
   Shape Value;
-  int Least;
-  int Most;
-  std::string_view Choices;  // a choice of "NONE" makes the setting one that can be empty
-  std::string_view Unit;
+  int Least = 0;
+  int Most = 0;
+  std::string_view Choices{};  // a choice of "NONE" makes the setting one that can be empty
+  std::string_view Unit{};
   std::string_view Factory;
 };
 

@@ -219,9 +219,22 @@ TEST_F(AccessTest, SetupModeReadsProgramsAndKeys) {
   const struct {
     const char *Field, *Title, *Typed, *Sent, *Shown;
   } cases[] = {
-      {"RxFrequency", "Program Rx Frequency", "915.000", "rx 915.000\rrx\r", "915.000"},
-      {"TxFrequency", "Program Tx Frequency", "TX 902.200", "TX 902.200\rtx\r", "902.200"},
-      {"TxFrequency", "Program Tx Frequency", "tx 910.000", "tx tx 910.000\rtx\r", "902.200"}};
+      {.Field = "RxFrequency",
+       .Title = "Program Rx Frequency",
+       .Typed = "915.000",
+       .Sent = "rx 915.000\rrx\r",
+       .Shown = "915.000"},
+      {.Field = "TxFrequency",
+       .Title = "Program Tx Frequency",
+       .Typed = "TX 902.200",
+       .Sent = "TX 902.200\rtx\r",
+       .Shown = "902.200"},
+      {.Field = "TxFrequency",
+       .Title = "Program Tx Frequency",
+       .Typed = "tx 910.000",
+       .Sent = "tx tx 910.000\rtx\r",
+       .Shown = "902.200"},
+  };
   for (const auto& each : cases) {
     ClearLog();
     ExpectInput(each.Title).Offering(Text(each.Field)).Type(each.Typed);

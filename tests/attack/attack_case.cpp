@@ -109,7 +109,11 @@ Findings Attack::Run(const Operation& operation, const Fault& fault, unsigned se
   World world;
   std::seed_seq mixed{seed, static_cast<unsigned>(std::hash<std::string>{}(operation.Name)),
                       static_cast<unsigned>(std::hash<std::string>{}(fault.Name))};
-  Blow blow{world, operation, whole, seed, std::mt19937(mixed)};
+  Blow blow{.Bench = world,
+            .Struck = operation,
+            .Whole = whole,
+            .Seed = seed,
+            .Random = std::mt19937(mixed)};
   sim::SimRadioOptions options = RadioOf(operation);
   if (fault.Before != nullptr) fault.Before(options, blow);
   Begin(world, operation, options);

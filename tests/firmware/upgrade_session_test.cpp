@@ -31,21 +31,35 @@ TEST_F(UpgradeSessionTest, RadiosThatDoNotGoIntoTheirLoader) {
   for (int i = 0; i < 30; ++i) thirty += attempt;
   const struct {
     const char* Name;
-    const char* Password;
-    int SilentFrom;
-    const char* Question;  // another reply to PROGRAM
-    bool Prompt;
-    std::optional<Answer> Erase;
+    const char* Password = "";
+    int SilentFrom = 0;
+    const char* Question = "";  // another reply to PROGRAM
+    bool Prompt = true;
+    std::optional<Answer> Erase{};
     std::string Sent;
-    Duration Takes;
+    Duration Takes{};
   } cases[] = {
-      {"the user says no", "", 0, "", true, Answer::No, "PROGRAM\rNO\r", {}},
-      {"silence", "", 1, "", true, {}, "PROGRAM\r", Seconds(3)},
-      {"a damaged question", "", 0, "\r\nARE YOU SUQE?\r\n", true, {}, "PROGRAM\r", Seconds(3)},
-      {"a question without a prompt", "", 0, surely, false, Answer::No, "PROGRAM\rNO\r",
-       Seconds(3)},
-      {"back at its prompt", "abcd", 0, surely, true, Answer::Yes, twice, {}},
-      {"dead after YES", "", 2, "", true, Answer::Yes, "PROGRAM\rYES\r" + thirty + "CLOS\r", {}},
+      {.Name = "the user says no", .Erase = Answer::No, .Sent = "PROGRAM\rNO\r"},
+      {.Name = "silence", .SilentFrom = 1, .Sent = "PROGRAM\r", .Takes = Seconds(3)},
+      {.Name = "a damaged question",
+       .Question = "\r\nARE YOU SUQE?\r\n",
+       .Sent = "PROGRAM\r",
+       .Takes = Seconds(3)},
+      {.Name = "a question without a prompt",
+       .Question = surely,
+       .Prompt = false,
+       .Erase = Answer::No,
+       .Sent = "PROGRAM\rNO\r",
+       .Takes = Seconds(3)},
+      {.Name = "back at its prompt",
+       .Password = "abcd",
+       .Question = surely,
+       .Erase = Answer::Yes,
+       .Sent = twice},
+      {.Name = "dead after YES",
+       .SilentFrom = 2,
+       .Erase = Answer::Yes,
+       .Sent = "PROGRAM\rYES\r" + thirty + "CLOS\r"},
   };
   StartConnected();
   const auto file = Image();

@@ -10,7 +10,16 @@ namespace quillmark::sim {
 
 Bench::Bench()
     : user(loop, [](const std::string& what) { ADD_FAILURE() << what; }),
-      platform{loop, user, user, port, secondPort, sockets, store, files, desktop, random} {
+      platform{.Events = loop,
+               .Dialogs = user,
+               .Windows = user,
+               .MSComm1 = port,
+               .MSComm2 = secondPort,
+               .Ports = sockets,
+               .Preferences = store,
+               .Files = files,
+               .Desktop = desktop,
+               .Random = random} {
   loop.OnDefect = [](const std::string& what) { ADD_FAILURE() << "A handler threw: " << what; };
   loop.AddSource(commandWatch);
   UseRadio({});
