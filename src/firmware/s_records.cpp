@@ -37,6 +37,17 @@ const RecordType* TypeOf(std::string_view line) {
   return found == types.end() ? nullptr : &*found;
 }
 
+// What is wrong with the length of a record that says it is so long; "" when nothing is.
+std::string LengthFault(std::string_view line, const RecordType& type, std::size_t count) {
+  const std::size_t length = headLength + 2 * count;
+  if (line.size() < length) return "it is shorter than its length says";
+  if (line.size() > length) return "it is longer than its length says";
+  const bool bare = type.Is == Role::Count || type.Is == Role::End;
+  const std::size_t least = type.AddressBytes + 1;
+  const bool fits = bare ? count == least : count >= least;
+  return fits ? "" : "its length does not fit its type";
+}
+
 std::string HexText(unsigned value) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   return {digits[value / 16 % 16], digits[value % 16]};
@@ -119,15 +130,9 @@ std::optional<SRecordCheck::Record> SRecordCheck::ReadRecord() {
   if (type == nullptr) return failed("it does not begin with a type of record");
   const auto count = HexPair(line, 2);
   if (!count) return failed("it has no length");
-  const std::size_t length = headLength + 2 * std::size_t{*count};
-  if (line.size() != length) {
-    return failed(std::string("it is ") + (line.size() < length ? "shorter" : "longer") +
-                  " than its length says");
-  }
-  const bool bare = type->Is == Role::Count || type->Is == Role::End;
-  const std::size_t least = type->AddressBytes + 1;
-  if (*count < least || (bare && *count > least)) return failed("its length does not fit its type");
-  Record record{*type, 0, *count - least};
+  std::string lengthFault = LengthFault(line, *type, *count);
+  if (!lengthFault.empty()) return failed(std::move(lengthFault));
+  Record record{.Type = *type, .DataLength = *count - type->AddressBytes - 1};
   unsigned sum = *count;
   for (std::size_t i = 0; i + 1 < *count; ++i) {
     const auto value = HexPair(line, headLength + 2 * i);
@@ -135,7 +140,7 @@ std::optional<SRecordCheck::Record> SRecordCheck::ReadRecord() {
     sum += *value;
     if (i < type->AddressBytes) record.Address = record.Address * 256 + *value;
   }
-  const auto checksum = HexPair(line, length - 2);
+  const auto checksum = HexPair(line, line.size() - 2);
   if (!checksum) return failed("it holds a character that is no hexadecimal digit");
   const unsigned right = 255 - sum % 256;
   if (*checksum == right) return record;

@@ -1,8 +1,5 @@
 #include "link/connection.h"
 
-#include <initializer_list>
-#include <string>
-
 #include "conversation/wake.h"
 #include "link/serial_failure.h"
 #include "platform/utilities.h"
@@ -110,14 +107,6 @@ void Connection::ResetPort() {
   main.txtTerm.Text = "Connected";
 }
 
-void Connection::ShowConnected() {
-  main.tbr_TransmitTextFile.Enabled = true;
-  main.tbr_Login.Enabled = true;
-  EnableRadioMenus(true);
-  ShowLamp(true);
-  EnableRadioActions();
-}
-
 void Connection::AwaitPrompt() {
   radio.Say("");
   main.LoginProbePending = true;
@@ -131,8 +120,7 @@ void Connection::AwaitPrompt() {
     session.RefreshRequested = false;
     platform.Dialogs.Message(
         {"ERROR - This radio needs software!\r\rUse the 'Radio Firmware Upgrade' option to upload "
-         "a "
-         ".s28 firmware file to the radio.\r\rVisit the Kelvor website to obtain the most recent "
+         "a .s28 firmware file to the radio.\r\rVisit the Kelvor website to obtain the most recent "
          "release of firmware.",
          "Radio Error", Icon::Critical});
   } else {
@@ -216,8 +204,7 @@ void Connection::tmrPortTO_Timer() {
   main.PortTimedOut = true;
   platform.Dialogs.Message(
       {"Radio Communication Error.\r\n\r\nPlease Reconnect.\r\n\r\nIf there is still a problem, "
-       "please "
-       "check all cabling and the power supply.",
+       "please check all cabling and the power supply.",
        "Radio Communications Error"});
   DisableRadioActions();
 }

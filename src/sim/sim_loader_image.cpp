@@ -63,7 +63,7 @@ bool EndsAnImage(std::string_view line) {
 struct SimLoaderImage::Record {
   RecordType Type;
   std::uint64_t Address = 0;
-  std::string Data;
+  std::string Data{};
   unsigned Sum = 0;  // of everything behind the type, checksum included
 };
 
@@ -93,27 +93,44 @@ void SimLoaderImage::EndLine() {
 void SimLoaderImage::Judge() {
   judged = true;
   ++records;
+  const auto record = ReadRecord();
+  if (!record) return;
+  const Role role = record->Type.Is;
+  if ((role == Role::Header) != (records == 1)) return Fail("HEADER");
+  switch (role) {
+    case Role::Header:
+      return JudgeHeader(*record);
+    case Role::Data:
+      return JudgeData(*record);
+    case Role::Count:
+      if (record->Address != static_cast<std::uint64_t>(dataRecords)) Fail("COUNT");
+      break;
+    case Role::End:
+      if (dataRecords == 0) Fail("NO DATA");
+      break;
+  }
+}
+
+std::optional<SimLoaderImage::Record> SimLoaderImage::ReadRecord() {
+  const auto failed = [this](std::string_view what) {
+    Fail(what);
+    return std::nullopt;
+  };
   const RecordType* type = TypeOf(line);
-  if (type == nullptr) return Fail("TYPE");
+  if (type == nullptr) return failed("TYPE");
   finished = type->Is == Role::End;
-  Record record{*type, 0, "", 0};
+  Record record{.Type = *type};
   const std::size_t count = line.size() / 2 - 2;
-  if (count < type->AddressBytes + 1) return Fail("LENGTH");
+  if (count < type->AddressBytes + 1) return failed("LENGTH");
   for (std::size_t i = 0; i <= count; ++i) {
     const auto value = HexPair(line, 2 + 2 * i);
-    if (!value) return Fail("DIGIT");
+    if (!value) return failed("DIGIT");
     record.Sum += *value;
     if (i >= 1 && i <= type->AddressBytes) record.Address = record.Address * 256 + *value;
     if (i > type->AddressBytes && i < count) record.Data += static_cast<char>(*value);
   }
-  if (record.Sum % 256 != 255) return Fail("CHECKSUM");
-  if ((type->Is == Role::Header) != (records == 1)) return Fail("HEADER");
-  if (type->Is == Role::Header) JudgeHeader(record);
-  if (type->Is == Role::Data) JudgeData(record);
-  if (type->Is == Role::Count && record.Address != static_cast<std::uint64_t>(dataRecords)) {
-    Fail("COUNT");
-  }
-  if (type->Is == Role::End && dataRecords == 0) Fail("NO DATA");
+  if (record.Sum % 256 != 255) return failed("CHECKSUM");
+  return record;
 }
 
 void SimLoaderImage::JudgeHeader(const Record& record) {

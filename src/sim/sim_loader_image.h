@@ -31,6 +31,8 @@ class SimLoaderImage {
 
   void EndLine();
   void Judge();
+  // Nothing when the line is no sound record, which has been noted then.
+  std::optional<Record> ReadRecord();
   void JudgeHeader(const Record& record);
   void JudgeData(const Record& record);
   void Fail(std::string_view what);

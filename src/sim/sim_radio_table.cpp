@@ -1,7 +1,5 @@
 #include "sim/sim_radio_table.h"
 
-#include <algorithm>
-
 #include "sim/sim_words.h"
 
 namespace quillmark::sim {

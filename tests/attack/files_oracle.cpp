@@ -73,19 +73,29 @@ class Comparison {
     const auto wanted = Lines(right);
     std::size_t next = 0;
     for (std::size_t i = 0; i < lines.size(); ++i) {
+      const std::size_t at = PlaceOf(lines[i], wanted, next);
       const bool end = i + 1 == lines.size() && lines[i].empty();
-      std::size_t at = next;
-      while (gaps && at < wanted.size() && !Fits(lines[i], wanted[at])) ++at;
-      const bool fits = at < wanted.size() && Fits(lines[i], wanted[at]);
-      if (fits && !IsRight(lines[i], wanted[at])) ++damaged;
-      if (!end && !fits && !(gaps && others.contains(lines[i]))) return Wrong(i, lines[i]);
-      if (fits) next = at + 1;
+      if (at < wanted.size()) {
+        if (!IsRight(lines[i], wanted[at])) ++damaged;
+        next = at + 1;
+      } else if (!end && !(gaps && others.contains(lines[i]))) {
+        return Wrong(i, lines[i]);
+      }
     }
     if (damaged > 1 && fault.Damages != Fault::Damage::Noise) return {.Wrong = "(several)"};
     return {.Whole = gaps || lines.size() == wanted.size()};
   }
 
  private:
+  // Which wanted line it is, from `next` on; the number of lines when it is none of them.
+  std::size_t PlaceOf(const std::string& line, const std::vector<std::string>& wanted,
+                      std::size_t next) const {
+    const std::size_t end = gaps ? wanted.size() : std::min(next + 1, wanted.size());
+    for (std::size_t at = next; at < end; ++at) {
+      if (Fits(line, wanted[at])) return at;
+    }
+    return wanted.size();
+  }
   static Compared Wrong(std::size_t index, const std::string& line) {
     return {.Wrong = "(line " + std::to_string(index + 1) + ") " + Quoted(line)};
   }

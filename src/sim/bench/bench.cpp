@@ -227,6 +227,15 @@ void Bench::CheckExpectations() {
   awaited.clear();
 }
 
+namespace {
+
+// The form itself, or one of its controls.
+Control* FindIn(Form& form, const std::string& name) {
+  return form.Name() == name ? &form : form.Find(name);
+}
+
+}  // namespace
+
 Control& Bench::Find(const std::string& name) {
   const std::size_t point = name.find('.');
   const std::string window = point == std::string::npos ? "" : name.substr(0, point);
@@ -234,14 +243,11 @@ Control& Bench::Find(const std::string& name) {
   const auto& open = user.OpenWindows();
   for (auto form = open.rbegin(); form != open.rend(); ++form) {
     if (!window.empty() && (*form)->Name() != window) continue;
-    if ((*form)->Name() == control) return **form;
-    if (Control* found = (*form)->Find(control)) return *found;
+    if (Control* found = FindIn(**form, control)) return *found;
   }
   // The main window's controls can be read before its start and after its end.
-  if (window.empty() || window == Main().Name()) {
-    if (Main().Name() == control) return Main();
-    if (Control* found = Main().Find(control)) return *found;
-  }
+  const bool mayBeMain = window.empty() || window == Main().Name();
+  if (Control* found = mayBeMain ? FindIn(Main(), control) : nullptr) return *found;
   throw std::invalid_argument("No window has a control named " + name);
 }
 

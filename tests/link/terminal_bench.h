@@ -1,0 +1,40 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <utility>
+
+#include "sim/bench.h"
+
+namespace quillmark {
+
+inline std::string FileText(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The terminal of the main window, and a radio that may talk by itself.
+class TerminalBench : public sim::Bench {
+ public:
+  // Connected, with an empty terminal.
+  void StartEmpty(sim::SimRadioOptions options = {}) {
+    StartConnected(std::move(options));
+    Main().txtTerm.Text = "";
+  }
+  // The radio says something by itself, in one piece.
+  void RadioSays(const std::string& text) {
+    Radio().Unsolicited(Now(), text);
+    Events().Sleep(Seconds(1));  // all of it has come before the program looks
+    Run(Milliseconds(1));
+  }
+  std::filesystem::path OpenLog(const std::string& name) {
+    const std::filesystem::path path = ScratchFolder() / name;
+    ExpectSaveFile("Open a Communications Log File").Choose(path);
+    EXPECT_TRUE(Click("tbr_OpenLogFile"));
+    return path;
+  }
+};
+
+}  // namespace quillmark
