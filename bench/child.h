@@ -24,8 +24,6 @@ class Child {
   void Signal(int number);
   // Waits for its own end and gives all that it has printed since.
   std::string Rest(int milliseconds);
-  // After its end.
-  int ExitCode() const { return process.exitCode(); }
 
  private:
   std::string name;

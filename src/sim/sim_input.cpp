@@ -48,13 +48,11 @@ std::optional<SimInput::Byte> SimInput::Next() {
   return byte;
 }
 
-int SimInput::Clear() {
-  const auto dropped = static_cast<int>(waiting.size());
+void SimInput::Clear() {
   waiting.clear();
   line.clear();
   shownLine.clear();
   shownCommands = commands;
-  return dropped;
 }
 
 std::string SimInput::Show(char byte) {

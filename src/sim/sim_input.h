@@ -26,8 +26,8 @@ class SimInput {
   std::optional<Byte> Next();
   bool Empty() const { return waiting.empty(); }
   int Lost() const { return lost; }
-  // Forgets what waits and what was typed so far; gives the number of bytes that waited.
-  int Clear();
+  // Forgets what waits and what was typed so far.
+  void Clear();
 
   // What the terminal is shown for the next byte: the byte itself, a line end, or nothing.
   std::string Show(char byte);

@@ -134,13 +134,12 @@ std::optional<SimLoaderImage::Record> SimLoaderImage::ReadRecord() {
 }
 
 void SimLoaderImage::JudgeHeader(const Record& record) {
-  partNumber = record.Data.substr(0, ownPartNumber.size());
   if (record.Data.size() < versionAt + versionLength) return Fail("HEADER");
   version = record.Data.substr(versionAt, versionLength);
   const bool printable =
       std::all_of(version.begin(), version.end(), [](char c) { return c > ' ' && c < 127; });
   if (!printable) return Fail("HEADER");
-  if (partNumber != ownPartNumber) Fail("OTHER RADIO");
+  if (!record.Data.starts_with(ownPartNumber)) Fail("OTHER RADIO");
 }
 
 void SimLoaderImage::JudgeData(const Record& record) {

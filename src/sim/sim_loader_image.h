@@ -18,13 +18,11 @@ class SimLoaderImage {
   bool Finished() const { return finished; }
   // What is wrong, such as "CHECKSUM IN RECORD 12" (records count from 1); "" while all is well.
   const std::string& Fault() const { return fault; }
-  bool Sound() const { return finished && fault.empty(); }
 
   int Records() const { return records; }
   std::int64_t DataBytes() const { return dataBytes; }
   // Of the header record: 5 characters such as 3.2.0, and 7 such as 77-1234.
   const std::string& Version() const { return version; }
-  const std::string& PartNumber() const { return partNumber; }
 
  private:
   struct Record;
@@ -46,7 +44,6 @@ class SimLoaderImage {
   std::int64_t dataBytes = 0;
   std::uint64_t nextAddress = 0;
   std::string version;
-  std::string partNumber;
 };
 
 }  // namespace quillmark::sim

@@ -107,11 +107,7 @@ std::vector<std::string> SimRadio::CommandsAfter(std::string_view wanted) const 
 }
 
 void SimRadio::Arrive(Time at, char byte, int hostBaud) {
-  if (at < deafUntil) {
-    ++unheardBytes;
-  } else if (Understands(at, byte, hostBaud)) {
-    Hear(at, byte);
-  }
+  if (at >= deafUntil && Understands(at, byte, hostBaud)) Hear(at, byte);
 }
 
 // In the loader two carriage returns in a row at another rate set the loader to that rate; the
@@ -156,7 +152,7 @@ void SimRadio::Restart(Time at, RadioAnswer::Next how) {
   }
   baud = options.Baud;
   work.reset();
-  unheardBytes += input.Clear();
+  input.Clear();
   if (!IsMuted(input.Commands() + 1)) Send(deafUntil, std::string(lineEnd) + Prompt());
 }
 

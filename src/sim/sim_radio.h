@@ -73,7 +73,6 @@ class SimRadio {
   void SetLoaderFaults(std::int64_t stallAtByte, std::int64_t resetAtByte) {
     loader.SetFaults(stallAtByte, resetAtByte);
   }
-  void SetSynchronised(bool synchronised) { settings.Traits().Synchronised = synchronised; }
   // From now on `word` (a word or a whole line, case does not matter) is answered by this text, raw
   // between echo and prompt, line ends and all. What the word does, it still does.
   void SetReply(std::string_view word, std::string text, bool prompt = true);
@@ -98,8 +97,7 @@ class SimRadio {
     return input.Commands();
   }  // lines that are not empty, since the start
   int WrongBaudBytes() const { return wrongBaudBytes; }
-  int UnheardBytes() const { return unheardBytes; }  // came while it was deaf, or lost in a restart
-  int LostBytes() const { return input.Lost(); }     // came while its input buffer was full
+  int LostBytes() const { return input.Lost(); }  // came while its input buffer was full
 
   // For the faults of a line and for logs; each may be empty. `Muted` is asked with a command's
   // number before its echo and its reply go out.
@@ -167,7 +165,6 @@ class SimRadio {
 
   std::vector<ReceivedLine> lines;
   int wrongBaudBytes = 0;
-  int unheardBytes = 0;
 };
 
 }  // namespace quillmark::sim

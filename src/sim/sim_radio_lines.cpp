@@ -30,9 +30,8 @@ bool SimRadio::CanTake() const {
 }
 
 void SimRadio::Take(Time at, SimInput::Byte byte) {
-  if (at < deafUntil) {
-    ++unheardBytes;
-  } else if (session.At == Level::Loader && loader.Receiving()) {
+  if (at < deafUntil) return;
+  if (session.At == Level::Loader && loader.Receiving()) {
     TakeImageByte(at, byte);
   } else {
     TakeTypedByte(at, byte);
