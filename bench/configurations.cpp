@@ -21,6 +21,7 @@ namespace {
 constexpr int baud = 19200;
 constexpr int thinkTime = 5;  // ms, from the radio's having a whole command to its reply
 
+// One click on a button that saves or programs a configuration.
 struct Task {
   Moment Begin, End;
   double Floor = 0;  // s

@@ -15,7 +15,7 @@ namespace quillmark::bench {
 
 class Surroundings;
 
-// Answers as a person would who agrees, and chooses the file that the bench wants.
+// Answers as a user who agrees, and chooses the file that the bench wants.
 class DeskDialogs : public Dialogs {
  public:
   Answer Message(const MessageBox& box) override;
@@ -28,9 +28,8 @@ class DeskDialogs : public Dialogs {
   std::string LastMessage;
 };
 
-// The whole console with its windows off screen, on a serial device, without a person. One at a
-// time; the surroundings and the application outlive it. What does not come about in time throws
-// std::runtime_error.
+// The whole console with its windows off screen, on a serial device, without a user. One at a time,
+// within the life of the application. What does not come about in time throws std::runtime_error.
 class Desk {
  public:
   // An empty device leaves port 1 without any; otherwise the console connects when it is shown.

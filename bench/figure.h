@@ -5,10 +5,11 @@
 
 namespace quillmark::bench {
 
-// What a measurement brings home and how it is printed. Every figure stands beside another one of
-// the same run: the least that the work can take, or what something comparable takes. Only limits
-// are constants.
+// What a measurement gives and how it is printed. Every figure stands beside another one of the
+// same run: the least that the work can take, or what something comparable takes. Only limits are
+// constants.
 
+// The unit of a figure, and how many decimals are printed.
 struct Unit {
   const char* Name;
   int Decimals;
@@ -20,8 +21,10 @@ constexpr Unit processorRate{"ms/s", 2};  // processor time in ms for each secon
 constexpr Unit megabytes{"MB", 1};        // of 1,000,000 bytes
 constexpr Unit bytes{"bytes", 0};
 
+// What the limit of a figure holds for: the value, or its ratio to the floor.
 enum class Judged { Value, Ratio };
 
+// One row of the printed table.
 struct Figure {
   std::string Name;
   Unit In;

@@ -18,6 +18,7 @@ namespace quillmark::bench {
 
 namespace {
 
+// A measurement by its name on the command line.
 struct Measurement {
   const char* Name;
   std::vector<Figure> (*Run)(Surroundings&);

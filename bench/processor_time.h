@@ -5,7 +5,7 @@
 namespace quillmark::bench {
 
 // A moment of this process: the monotonic time, and the processor time that all its threads have
-// used so far, in the kernel's name too. Child processes do not count.
+// used so far, kernel time included. Child processes do not count.
 struct Moment {
   Duration Wall{};
   Duration Processor{};

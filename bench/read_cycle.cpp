@@ -17,6 +17,7 @@ constexpr int baud = 19200;
 constexpr int thinkTime = 5;  // ms, from the radio's having a whole command to its reply
 constexpr int cycles = 3;
 
+// What one read sent and received.
 struct Counts {
   std::size_t Commands = 0;
   std::size_t Bytes = 0;   // in both directions
@@ -26,6 +27,7 @@ struct Counts {
   Duration Paused{};
 };
 
+// One read of all settings.
 struct Cycle {
   Moment Begin, End;
   Counts What;

@@ -18,7 +18,7 @@ struct Exchange {
 };
 
 // A serial port that remembers what passes through it, and when. The logic has it in place of the
-// port that it wraps, which outlives it.
+// port that it wraps.
 class RecordedPort : public SerialPort {
  public:
   explicit RecordedPort(SerialPort& wrapped) : port(wrapped) {

@@ -16,6 +16,7 @@ namespace {
 constexpr std::size_t starts = 5;
 constexpr int longestEnd = 10'000;  // ms
 
+// One start of a program.
 struct Start {
   double Time = 0;    // ms
   double Memory = 0;  // MB

@@ -13,6 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// A variable of the environment and the folder that it names.
 struct Folder {
   const char* Variable;
   const char* Name;

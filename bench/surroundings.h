@@ -7,7 +7,7 @@
 
 namespace quillmark::bench {
 
-// What all measurements share: folders of the bench's own in place of the person's, where the
+// What all measurements share: folders of the bench's own in place of the user's, where the
 // programs are, and the options of the run. main makes one before the application; it outlives all
 // measurements, and its folders go with it.
 class Surroundings {

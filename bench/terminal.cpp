@@ -26,6 +26,7 @@ namespace fs = std::filesystem;
 constexpr int plainSeconds = 5;
 constexpr double worstPace = 0.98;  // of the stream's rate; slower is no measurement
 
+// A process with a radio that streams known lines.
 struct Feeder {
   explicit Feeder(int seconds)
       : Process(Surroundings::ThisProgram(), {"--feed", std::to_string(seconds)}),
@@ -97,6 +98,7 @@ std::size_t FaultyBytes(const std::string& expected, const std::string& found) {
   return std::max(expected.size(), found.size()) - static_cast<std::size_t>(same);
 }
 
+// What came of one stream through the console.
 struct Streamed {
   double Share = 0;    // percent of a core
   double Seconds = 0;  // that the stream took

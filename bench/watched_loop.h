@@ -7,7 +7,7 @@
 namespace quillmark::bench {
 
 // The event loop that the logic gets: the real one, with the pauses counted that the logic asks
-// for. The wrapped loop outlives it.
+// for.
 class WatchedLoop : public EventLoop {
  public:
   explicit WatchedLoop(EventLoop& wrapped) : loop(wrapped) {}

@@ -19,7 +19,8 @@ constexpr Duration settlingTime = Seconds(4);
 constexpr Duration measuredTime = Seconds(12);
 constexpr Duration closingTime = Seconds(5);
 
-// Nobody looks at the main window meanwhile: the acts are timers.
+// What was seen of the window. Timers do the acts, because the click returns only when it is
+// closed.
 struct Watch {
   Moment Begin, End;
   std::size_t PollsBefore = 0, Polls = 0;

@@ -10,6 +10,7 @@ namespace quillmark::bench {
 
 namespace {
 
+// An empty window that reports its first painting.
 class BareWindow : public QMainWindow {
  protected:
   void paintEvent(QPaintEvent* event) override {

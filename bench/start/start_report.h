@@ -15,7 +15,7 @@ void PrintStart();
 
 // For measuring a start: closes the first window as soon as it is painted, as a key would, prints
 // the lines above when the main window is painted, and ends the program. Made before the first
-// window; everything given to it outlives it.
+// window.
 class StartReport : public QObject {
  public:
   StartReport(QtWindows& windows, EventLoop& events);

@@ -14,7 +14,6 @@
 namespace quillmark {
 
 // The menus of radio access and of the bench test mode: they open the windows that do the work.
-// Everything given to it outlives it.
 class AccessMenus {
  public:
   AccessMenus(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);

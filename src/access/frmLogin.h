@@ -15,9 +15,10 @@ namespace quillmark {
 
 // Asks for the radio's password, or for its encryption code, and sends it with the echo switched
 // off. Modal. While it is loaded it has the line to itself. While the port is closed its
-// handlers do nothing. Everything given to it outlives it.
+// handlers do nothing.
 class frmLogin : public Form {
  public:
+  // Which secret is asked for: the password or the encryption code.
   enum class Command { Pass, Code };
 
   frmLogin(Platform& platform, frmOrvalent& main, Conversation& radio, Command command);
@@ -27,7 +28,7 @@ class frmLogin : public Form {
   Button cmdOK, cmdCancel, NoneButton;
 
  protected:
-  // Whichever way out, the radio gets its echo back.
+  // However the window is left, the radio gets its echo back.
   void Form_Unload() override;
 
  private:

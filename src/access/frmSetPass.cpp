@@ -55,7 +55,7 @@ void frmSetPass::Form_Load() {
   SetEcho(false);
 }
 
-// What OK has begun must be judged before the echo comes back.
+// The reply to what OK has sent is judged before the echo comes back.
 void frmSetPass::Form_Close() {
   if (working && radio.Open()) {
     closeWanted = true;
@@ -122,7 +122,7 @@ void frmSetPass::SetPassword() {
   End("*** NEW PASSWORD ACCEPTED ***");
 }
 
-// The notice comes last: the way out brings further prompts.
+// The notice comes last: closing the window brings further prompts.
 void frmSetPass::End(const char* notice) {
   const int began = radio.Epoch();
   Unload();

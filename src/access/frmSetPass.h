@@ -15,8 +15,7 @@
 namespace quillmark {
 
 // Sets or removes the radio's customer password. Not modal. Switches the echo off for its life;
-// while it is loaded it has the line to itself, and the terminal takes no keys. Everything given to
-// it outlives it.
+// while it is loaded it has the line to itself, and the terminal takes no keys.
 class frmSetPass : public Form {
  public:
   frmSetPass(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);

@@ -125,7 +125,7 @@ void frmSetup::Press(Button& pressed, Button& other, const char* command) {
 
 void frmSetup::ExitButton_Click() {
   if (quillmark::Find(main.Mode.Text(), "M", 2) != 0) main.ButtonRSSI.Enabled = false;
-  // It goes out also behind the end of this window.
+  // It goes out even after this window has closed.
   radio.Turns.WhenFree([&talk = radio, &shared = session, &dialogs = platform.Dialogs] {
     WithLinkErrors(dialogs, [&talk] { talk.Say("quit"); });
     shared.RefreshRequested = true;

@@ -14,7 +14,6 @@ namespace quillmark {
 
 // Drives the radio's bench test mode: a fixed receive and a fixed transmit frequency in place of
 // hopping, and a transmitter that is keyed by hand. Not modal, so that the terminal stays usable.
-// Everything given to it outlives it.
 class frmSetup : public Form {
  public:
   frmSetup(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);
@@ -25,10 +24,11 @@ class frmSetup : public Form {
   Button Key, DKey, ExitButton;
 
  protected:
-  // The close box leaves the radio in its mode: its next prompt tells.
+  // The close box leaves the radio in setup mode. Its next prompt tells the mode.
   void Form_Unload() override { session.InSetupMode = false; }
 
  private:
+  // One of the two test frequencies: its controls, words and texts.
   struct Direction {
     ValueField frmSetup::*Field;
     Label frmSetup::*Caption;
@@ -47,7 +47,8 @@ class frmSetup : public Form {
   void Frequency_Click(const Direction& direction);
   void ShowInfo(const Direction& direction);
   void Press(Button& pressed, Button& other, const char* command);
-  // Runs `act` in its turn, under the rule for lost links; not when the window is gone by then.
+  // Runs `act` when the line is free, with a box when the link is lost; not when the window has
+  // closed meanwhile.
   void Talk(std::function<void()> act);
   void ExitButton_Click();
 

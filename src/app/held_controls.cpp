@@ -33,7 +33,7 @@ void HeldControls::HoldAgain() {
 
 HeldControls::~HeldControls() {
   for (const Held& each : held) {
-    // What goes with the link was switched off with it.
+    // Controls of the link stay off when the link is gone.
     if (each.WasEnabled && (!each.OfLink || main.tbr_Disconnect.Enabled())) {
       each.What->Enabled = true;
     }

@@ -8,7 +8,7 @@ namespace quillmark {
 
 // While it lives, everything on the main window is off that would talk to the radio or keep the
 // window waiting in a dialog: for long runs that have the line to themselves. Disconnecting and
-// leaving the program stay. The window outlives it.
+// leaving the program stay.
 class HeldControls {
  public:
   explicit HeldControls(frmOrvalent& main);
@@ -22,6 +22,7 @@ class HeldControls {
   void HoldAgain();
 
  private:
+  // A control that is held off, and what it goes back to.
   struct Held {
     Control* What;
     bool WasEnabled;

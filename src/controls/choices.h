@@ -52,6 +52,7 @@ class Scale : public Control {
   Property<int> Value;
 };
 
+// A scale that the user moves.
 class Slider : public Scale {
  public:
   using Scale::Scale;
@@ -63,6 +64,7 @@ class Slider : public Scale {
   bool UserSlide(int value);
 };
 
+// A scale that shows how far something has come.
 class ProgressBar : public Scale {
  public:
   using Scale::Scale;

@@ -7,6 +7,7 @@
 
 namespace quillmark {
 
+// The shape of the mouse pointer over a control.
 enum class Pointer { Default = 0, Arrow = 1, NoDrop = 12 };
 
 // A control with a text that a user can click on: its caption or its value. Kinds that need no more
@@ -31,11 +32,13 @@ class Clickable : public Control {
   virtual void Clicked() {}
 };
 
+// A text beside other controls.
 class Label : public Clickable {
  public:
   using Clickable::Clickable;
 };
 
+// A push button.
 class Button : public Clickable {
  public:
   using Clickable::Clickable;
@@ -47,11 +50,13 @@ class Button : public Clickable {
   bool RightClick();
 };
 
+// The lamp that shows whether the link is up.
 class Lamp : public Clickable {
  public:
   using Clickable::Clickable;
 };
 
+// A button of the toolbar.
 class ToolButton : public Clickable {
  public:
   using Clickable::Clickable;
@@ -63,16 +68,19 @@ class ValueField : public Clickable {
   using Clickable::Clickable;
 };
 
+// A box around other controls, with a caption.
 class Frame : public Clickable {
  public:
   using Clickable::Clickable;
 };
 
+// A field of the status bar.
 class StatusPanel : public Clickable {
  public:
   using Clickable::Clickable;
 };
 
+// An entry of a menu.
 class MenuItem : public Clickable {
  public:
   using Clickable::Clickable;

@@ -35,11 +35,12 @@ class Property {
 };
 
 // What every control of a window has. The logic owns the controls; a view is joined to them by name
-// and shows them. Two channels keep loops away: the program sets properties, the user acts through
-// the calls that each kind adds (Click, UserEdit, ...). A control lives as long as its form.
+// and shows them. The program sets properties; the user acts through the calls that each kind adds
+// (Click, UserEdit, ...). Setting a property calls no handler, so there are no loops. A control
+// lives as long as its form.
 class Control {
  public:
-  // `container` is the form itself or a frame; it outlives the control.
+  // `container` is the form itself or a frame.
   Control(Form& form, Control* container, std::string name);
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
@@ -53,7 +54,7 @@ class Control {
   Property<bool> Visible{*this, true};
   Property<std::string> ToolTip{*this, ""};
   Property<std::string> Tag{*this, ""};
-  // Twips from the container's edge, where the logic has a say in it.
+  // Twips from the container's edge, where the logic sets them.
   Property<double> Left{*this, 0};
   Property<double> Top{*this, 0};
   Property<double> Width{*this, 0};
@@ -69,7 +70,7 @@ class Control {
   // is loaded.
   bool Reachable() const;
 
-  // At most one; null takes it away. The view outlives its registration.
+  // At most one; null removes it. The view lives until it is removed.
   void SetView(ControlView* next) { view = next; }
 
  protected:

@@ -26,9 +26,9 @@ class FormView {
   ~FormView() = default;
 };
 
-// A window: its controls by name, its caption, its life. A form is held by a shared pointer; a
-// user's act holds it until its handler has returned, so that a handler may unload its own window
-// and still read its controls.
+// A window: its controls by name, its caption, whether it is loaded. A form is held by a shared
+// pointer; a user's act holds it until its handler has returned, so that a handler may unload its
+// own window and still read its controls.
 class Form : public Control, public std::enable_shared_from_this<Form> {
  public:
   explicit Form(std::string name);
@@ -36,7 +36,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   Property<std::string> Caption{*this, ""};
   Property<bool> AlwaysOnTop{*this, false};  // above all other windows
 
-  // All controls, in the order of their making; forms and timers included is the caller's business.
+  // All controls, timers included, in the order of their making.
   const std::vector<Control*>& Controls() const { return controls; }
   // The control of that name, or null.
   Control* Find(const std::string& controlName) const;

@@ -12,7 +12,7 @@ class OptionButton : public Clickable {
   using Clickable::Clickable;
 
   bool Checked() const { return checked; }
-  // Choosing one lets go of the others.
+  // Choosing one unchecks the others.
   void SetChecked(bool chosen);
 
  protected:

@@ -12,7 +12,7 @@ namespace quillmark {
 // enabled changes nothing; a new interval starts it anew. Unloading its window silences it.
 class Timer : public Control, private Ticker {
  public:
-  // `events` outlives the timer.
+  // `intervalMs` and `enabled` are the first values of the properties.
   Timer(Form& form, std::string name, EventLoop& events, int intervalMs, bool enabled);
   ~Timer() override;
 

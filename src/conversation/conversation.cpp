@@ -65,7 +65,7 @@ void Conversation::SeePrompt(PromptKind kind) {
   session.InSetupMode = kind == PromptKind::Setup;
 }
 
-// A prompt that was lost must not keep the terminal silent for good.
+// A prompt may be lost: the terminal is silent for a limited time only.
 void Conversation::EndOldSecret() {
   if (QuietFor() >= secretTime) secretDue = false;
 }
@@ -158,12 +158,12 @@ bool Conversation::SwitchEcho(bool on, std::string_view afterReturn) {
     if (echoSwitches != mine) return false;
     late += std::exchange(due, 0);
     Prime();
-    // Whatever becomes of it: a way out must know that the echo may be off.
+    // Set before the answer: whoever leaves meanwhile must know that the echo may be off.
     if (!on) link.EchoIsOff = true;
     port.Output(word + "\r" + std::string(afterReturn));
     Sent(1);
     const bool answered = AwaitText(echoTime, [this] { return due == 0; });
-    // Somebody may have switched it the other way meanwhile.
+    // Another exchange may have switched it the other way meanwhile.
     if (!port.PortOpen() || !answered || echoSwitches != mine) return false;
     if (EchoReplyIsGood(word)) {
       link.EchoIsOff = !on;

@@ -18,10 +18,10 @@ namespace quillmark {
 // replies, and asks again what was hurt on the line. There is one for the main window's port and
 // one for that of the store and restore window. Sending throws SerialError on a closed port.
 //
-// Only one exchange may run at a time: Turns tells whose turn it is. Everything given to a
-// conversation outlives it.
+// Only one exchange may run at a time: Turns tells whose turn it is.
 class Conversation {
  public:
+  // Who takes what the port has received.
   enum class Hears {
     ByEvents,  // the receive handler calls Hear, but for scripted runs, under DirectPortMode
     Itself,    // waits take the port's input themselves
@@ -77,6 +77,7 @@ class Conversation {
 
   // --- Exchanges ---
 
+  // A command that is answered by a value, and how its reply is judged.
   struct Question {
     std::string Command;
     Duration Limit = Seconds(4);
@@ -117,8 +118,8 @@ class Conversation {
   // Waits until every line has its prompt, or nothing has come for `quiet`, `limit` at most. From
   // then on no prompt is due; those that did not come are taken for late.
   void Settle(Duration quiet = Milliseconds(500), Duration limit = Seconds(10));
-  // Somebody else talks to the radio from here on: what it still says to them is waited past before
-  // the next question.
+  // Another program part talks to the radio from here on. What the radio still says to it is waited
+  // for before the next question.
   void HandOver() { handedOver = true; }
   // Prompts that did not come so far will not come any more.
   void ForgetLate() {
@@ -131,8 +132,8 @@ class Conversation {
   // --- The echo ---
 
   // "deco" or "eeco", followed up to its own prompt, 0.5 s at most, and said again once if the
-  // radio has not understood it. True when the radio has done it. Link.EchoIsOff tells what the
-  // radio did, and stays on the safe side when it did not say.
+  // radio has not understood it. True when the radio has done it. EchoIsOff tells what the radio
+  // did. Without an answer it is True after "deco" and as before after "eeco".
   bool SwitchEcho(bool on, std::string_view afterReturn = "");
 
   // --- The link ---

@@ -48,7 +48,7 @@ void LineTurns::WhenFree(const Control& entry, std::function<void()> act) {
 
 void LineTurns::Forget() { waiting.clear(); }
 
-// Not on the stack of the one that had the line: it is still about to end.
+// Later, from a timer: the one that had the line has not returned yet.
 void LineTurns::Release() {
   if (Free() && !running && !waiting.empty()) events.StartTimer(*this, soon);
 }

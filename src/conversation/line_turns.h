@@ -12,8 +12,7 @@ namespace quillmark {
 
 // Whose turn it is on the line. A read, a connect, a probe, a single setting or a long run takes a
 // turn for its length; what users ask for meanwhile waits and runs, in the order of their acts,
-// when nobody has the line any more. The link's state counts the turns, so that windows which keep
-// the line for themselves are told there too. Everything given to it outlives it.
+// when nobody has the line any more.
 class LineTurns : private Ticker {
  public:
   LineTurns(EventLoop& events, const LinkState& link);
@@ -25,7 +24,7 @@ class LineTurns : private Ticker {
   enum class For { Talk, Secret };
 
   // Holds the line for the length of a block. Turns may stand within each other: a reconnect at the
-  // end of a run, say.
+  // end of a run, say. While one is for a secret, no key that is typed reaches the line.
   class Turn {
    public:
     explicit Turn(LineTurns& turns, For what = For::Talk);
@@ -56,6 +55,7 @@ class LineTurns : private Ticker {
   void Forget();
 
  private:
+  // What waits for the line.
   struct Act {
     const Control* Entry;  // that the user clicked; null: none
     std::function<void()> Run;

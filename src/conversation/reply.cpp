@@ -13,6 +13,7 @@ namespace {
 constexpr std::string_view lineEnd = "\r\n";
 constexpr std::size_t nowhere = std::string_view::npos;
 
+// How each prompt is written.
 struct PromptText {
   PromptKind Kind;
   std::string_view Text;
@@ -112,7 +113,8 @@ Reply Judge(std::string_view body, bool headAhead, bool promptInText) {
   return reply;
 }
 
-// A late reply to the same command has brought its echo along, or the radio echoes in spite of all.
+// A late reply to the same command has brought its echo along, or the radio echoes although its
+// echo is off.
 bool BeginsWithEcho(std::string_view text, std::string_view command) {
   return !command.empty() && text.starts_with(command) &&
          text.substr(command.size()).starts_with(lineEnd);

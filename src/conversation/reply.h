@@ -7,9 +7,10 @@
 
 namespace quillmark {
 
-// What the radio says, taken apart: prompts, echoes, values. The conversation asks here, and nobody
-// else cuts replies. Pure functions of the text; every one takes any text. Positions count from 0.
+// What the radio says, taken apart: prompts, echoes, values. Pure functions of the text; every one
+// takes any text. Positions count from 0.
 
+// What a prompt tells about the radio: its level, or that a report goes on.
 enum class PromptKind { None, Command, Setup, Loader, More };
 
 // A prompt: ">", "SETUP>", "LOADER>" or "MORE>" at the head of a line. A line's head is the start
@@ -42,6 +43,7 @@ struct Reply {
   bool EchoSeen = false;
 };
 
+// What is known about a reply before it comes.
 struct ReplyForm {
   std::string_view Command;   // as it was sent; the echo has the same letters
   bool Echo = true;           // the radio echoes

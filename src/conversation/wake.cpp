@@ -28,7 +28,7 @@ bool PlayRound(Platform& platform, Conversation& radio, const WakeSteps& steps, 
   return true;
 }
 
-// A slow radio is still busy with what the bursts have asked: more of them would bury its prompt.
+// A slow radio still answers the bursts. More bursts would add text after its prompt.
 bool IsAwake(Conversation& radio) {
   if (radio.AtPrompt()) return true;
   if (FindPrompt(radio.Received(), 0, true).Kind == PromptKind::None) return false;

@@ -11,14 +11,16 @@ namespace quillmark {
 // rounds, 45 s at most against a dead one. The connect, the store and restore window and the
 // firmware upgrade wake with it. Throws SerialError.
 
+// How a wake attempt ended.
 enum class WakeEnd { Awake, Cancelled, NoAnswer };
 
+// What the caller of a wake attempt does at its steps.
 struct WakeSteps {
   // Delivers events, at the head of each round.
   std::function<void()> Pump;
-  // Asked ahead of each burst.
+  // Asked before each burst.
   std::function<bool()> Cancelled;
-  // Told behind each burst: the round, from 0, and the burst in it, 0 to 3.
+  // Told after each burst: the round, from 0, and the burst in it, 0 to 3.
   std::function<void(int round, int burst)> Sent{};
 };
 

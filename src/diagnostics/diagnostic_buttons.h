@@ -10,7 +10,7 @@
 namespace quillmark {
 
 // The main window's buttons that open the windows of the link's diagnostics. While one of these is
-// loaded it has the line to itself: no keep-alive and no read. Everything given to it outlives it.
+// loaded it has the line to itself: no keep-alive and no read.
 class DiagnosticButtons {
  public:
   DiagnosticButtons(Platform& platform, frmOrvalent& main, Conversation& radio);

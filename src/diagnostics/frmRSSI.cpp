@@ -58,7 +58,7 @@ void frmRSSI::Timer1_Timer() {
   if (!link.Open()) Timer1.Enabled = false;
   const std::string_view received = radio.Received();
   const std::size_t report = quillmark::Find(received, reportWord);
-  // A "dBm" in front of it belongs to a report that is gone.
+  // A "dBm" in front of it belongs to an earlier report.
   if (report == 0 || quillmark::Find(received, "dBm", report) == 0) return;
   const auto value = static_cast<std::ptrdiff_t>(report + reportWord.size());
   std::string level = Mid(received, value, valueLength).value_or("");

@@ -15,7 +15,7 @@ namespace quillmark {
 
 // The signal level that the radio receives, as it reports it by itself while this window is up: as
 // text and as a bar from -120 to -50 dBm. Modal, opened by ButtonRSSI. However it is closed, a
-// carriage return ends the reports. Everything given to it outlives it.
+// carriage return ends the reports.
 class frmRSSI : public Form {
  public:
   frmRSSI(Platform& platform, frmOrvalent& main, Conversation& radio);

@@ -11,7 +11,7 @@ namespace quillmark {
 
 // The packets that the radio has transmitted, received, and received with errors, zone by zone, as
 // numbers and as bars on a scale that grows and shrinks by powers of ten. Modal, opened by
-// ButtonZoneData; sends nothing when it is closed. Everything given to it outlives it.
+// ButtonZoneData; sends nothing when it is closed.
 class frmZoneData : public ZoneWindow {
  public:
   frmZoneData(Platform& platform, frmOrvalent& main, Conversation& radio);
@@ -26,6 +26,7 @@ class frmZoneData : public ZoneWindow {
 
  private:
   using Values = std::array<std::int64_t, ZoneCount>;
+  // One of the three counters of a zone: where it is shown, and its last values.
   struct Counter {
     std::deque<Label> frmZoneData::*Shown;
     std::deque<Shape> frmZoneData::*Bar;

@@ -111,7 +111,8 @@ bool frmZoneQuality::ParseZoneTotals() {
   return whole;
 }
 
-// The radio skips four zones at most; a reply that lists all of them must not divide by nothing.
+// The radio skips four zones at most; a reply that lists all of them must not lead to a division by
+// 0.
 frmZoneQuality::Base frmZoneQuality::AverageReceived() const {
   const auto sum = std::accumulate(RxTotals.begin(), RxTotals.end(), std::int64_t{0});
   return {sum, std::max(static_cast<int>(ZoneCount) - SkippedZoneCount, 1)};

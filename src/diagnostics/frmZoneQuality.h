@@ -10,8 +10,7 @@ namespace quillmark {
 
 // How much of what the radio receives is usable, in percent zone by zone, as numbers and as bars.
 // Normal averaging measures each zone by what it received itself; the filter for blocked
-// frequencies by what a zone receives on average. Modal, opened by frmZoneData. Everything given to
-// it outlives it.
+// frequencies by what a zone receives on average. Modal, opened by frmZoneData.
 class frmZoneQuality : public ZoneWindow {
  public:
   frmZoneQuality(Platform& platform, frmOrvalent& main, Conversation& radio);

@@ -16,8 +16,7 @@ void PolledLink::Send(const std::string& command, int prompts) {
     wasUp = true;
   } catch (const SerialError& error) {
     if (OnLost) OnLost();
-    // A port that vanished has its own notice up or on the way; the main window then shows it
-    // closed.
+    // A port that vanished is told by its own event. The main window then shows it closed.
     platform.Events.Pump();
     const bool told = std::exchange(wasUp, false) && !main.mnuOpen.Checked();
     if (!told || (asked && !open)) ShowLinkError(platform.Dialogs, error);

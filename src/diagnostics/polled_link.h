@@ -10,7 +10,7 @@
 namespace quillmark {
 
 // The line to the radio as a window uses it that goes on asking by itself: when it is lost the
-// window stops, and the user is told once. Everything given to it outlives it.
+// window stops, and the user is told once.
 class PolledLink {
  public:
   PolledLink(Platform& platform, const frmOrvalent& main, Conversation& radio);

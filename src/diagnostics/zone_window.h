@@ -19,7 +19,7 @@ namespace quillmark {
 // What the two windows have in common that poll the radio's zones: a frame with bars on a scale for
 // each zone, the menu entry that stops and starts the polling, the two timers, and the list of
 // skipped zones, which is asked for once, at the start. A radio that answers slowly is given more
-// time by resetTimer. Everything given to it outlives it.
+// time by resetTimer.
 class ZoneWindow : public Form {
  public:
   ZoneWindow(std::string name, Platform& platform, frmOrvalent& main, Conversation& radio,

@@ -18,7 +18,7 @@ namespace quillmark {
 class FirmwareFile {
  public:
   // Nothing when it is open; else the system's text for what is in the way. Only plain files are
-  // opened: a pipe would hold the program until somebody writes into it.
+  // opened: a pipe would hold the program until something is written into it.
   std::optional<std::string> Open(const std::filesystem::path& path);
   // The next bytes; fewer where the file ends or cannot be read. "" while it is not open.
   std::string Read(std::size_t bytes);
@@ -30,12 +30,14 @@ class FirmwareFile {
   void Close() { file.reset(); }
 
  private:
+  // Closes the file with the object.
   struct Closer {
     void operator()(std::FILE* open) const { std::fclose(open); }
   };
   std::unique_ptr<std::FILE, Closer> file;
 };
 
+// What is wrong with a file, if anything is.
 struct FirmwareFindings {
   std::optional<SRecordFault> Fault{};
   std::int64_t OutOfOrderLine = 0;  // the first data record out of address order; 0: none

@@ -16,8 +16,7 @@ namespace quillmark {
 
 // Sends a firmware file to a radio that is in its loader: changes the line to the loader's rate,
 // has the memory erased, and sends the file byte for byte, one block at a time. What the loader
-// makes of it, it says afterwards. The firmware upgrade makes one for each run; everything given to
-// it outlives it. Throws SerialError.
+// makes of it, it says afterwards. The firmware upgrade makes one for each run. Throws SerialError.
 class FirmwareTransfer {
  public:
   FirmwareTransfer(Platform& platform, Session& session, frmOrvalent& main, LoaderTalk& loader);
@@ -40,9 +39,9 @@ class FirmwareTransfer {
   FirmwareFile file;
 };
 
-// Changes the line's rate. What the port has against it is no reason to stop.
+// Changes the line's rate. A port that refuses is no reason to stop.
 void ChangeSettings(SerialPort& port, const std::string& settings);
-// The same where there is no other way: a port that refuses is closed and then takes it.
+// The same, but a port that refuses is closed: then it takes the rate.
 void RestoreSettings(SerialPort& port, const std::string& settings);
 
 }  // namespace quillmark

@@ -25,8 +25,8 @@ FirmwareUpgrade::FirmwareUpgrade(Platform& machine, Session& shared, frmOrvalent
     : platform(machine), session(shared), main(window), connection(link), radio(conversation) {}
 
 void FirmwareUpgrade::Wire() {
-  // Inside a read its replies would be taken for the loader's, and inside a connect the one at the
-  // end would not come about.
+  // Not during a read: its replies would be taken for the loader's. Not during a connect: the
+  // connect at the end of the upgrade would be refused.
   const auto wire = [this](Clickable& entry) {
     entry.OnClick = [this, &entry] {
       if (MayStart && !MayStart()) return;
@@ -52,7 +52,7 @@ void FirmwareUpgrade::mnuSendText_Click() {
     // From the first question on: what was checked must still be true when the file is sent.
     HeldControls controls(main);
     const auto chosen = ChooseFirmware();
-    // A read of the settings that ran behind the questions has switched some on.
+    // A read that ran while the questions were up has switched some on.
     controls.HoldAgain();
     if (chosen) reconnect = Load(*chosen);
   }
@@ -96,7 +96,7 @@ bool FirmwareUpgrade::PassesQuestions(FirmwareFile& file, Chosen& chosen) {
   for (const MessageBox& box : VersionQuestions(session.InstalledFirmwareVersion, header.Version)) {
     if (platform.Dialogs.Message(box) != Answer::Yes) return false;
   }
-  // Somebody who takes another kind of file at his own risk knows that it is no sound one.
+  // A user who goes on with a file of another kind has been warned already.
   const bool recognised = header.IsHeaderRecord && header.IsForThisRadio;
   return !recognised || AskAboutFaults(file, chosen);
 }
@@ -165,7 +165,7 @@ void FirmwareUpgrade::EndSession() {
   platform.Events.Sleep(Milliseconds(500));
 }
 
-// The line must not stay at the loader's rate: the next connect would find nobody there.
+// The line must not stay at the loader's rate: the next connect would get no answer.
 void FirmwareUpgrade::GiveUp(const SerialError& error) {
   session.TransferStop = true;
   main.ShowCommStatus = true;

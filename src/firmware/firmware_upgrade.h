@@ -17,7 +17,7 @@ namespace quillmark {
 
 // Loads a firmware file into the radio: lets the user choose it, asks at each doubt, brings the
 // radio into its loader, sends the file, tells how it went and connects anew. One handler from
-// start to end, during which the windows stay alive. Everything given to it outlives it.
+// start to end, during which the windows stay alive.
 class FirmwareUpgrade {
  public:
   FirmwareUpgrade(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,

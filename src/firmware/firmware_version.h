@@ -14,6 +14,7 @@ namespace quillmark {
 // How much of a file ReadFirmwareHeader wants to see.
 constexpr std::size_t FirmwareHeaderLength = 60;  // bytes
 
+// What the head of a firmware file says.
 struct FirmwareHeader {
   bool IsHeaderRecord = false;  // it begins as a file of S-records does
   bool IsForThisRadio = false;  // by the part number in it

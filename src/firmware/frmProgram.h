@@ -14,7 +14,7 @@ namespace quillmark {
 
 // The progress window of a long job at the radio. Not modal; it stays above all other windows, and
 // comes back when another one is made the active one. Whoever runs the job shows it, sets what it
-// says, and stops when TransferStop has become True. Everything given to it outlives it.
+// says, and stops when TransferStop has become True.
 class frmProgram : public Form {
  public:
   frmProgram(Platform& platform, Session& session);

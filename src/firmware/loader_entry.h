@@ -11,8 +11,7 @@
 namespace quillmark {
 
 // Brings a radio that runs its firmware into its loader: asks radio and user, has the firmware
-// erased, and wakes the loader up. The firmware upgrade makes one for each run; everything given to
-// it outlives it. Throws SerialError.
+// erased, and wakes the loader up. The firmware upgrade makes one for each run. Throws SerialError.
 class LoaderEntry {
  public:
   LoaderEntry(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,

@@ -12,8 +12,7 @@ namespace quillmark {
 // The talk with a radio's loader, word by word, and the time that each word is given. A loader that
 // keeps up with the row of carriage returns by which it finds the rate is quick: fixed pauses do
 // for it. One that lags behind is waited for at each word, as it would lose what comes too soon.
-// The firmware upgrade makes one for each run; everything given to it outlives it. Throws
-// SerialError.
+// The firmware upgrade makes one for each run. Throws SerialError.
 class LoaderTalk {
  public:
   LoaderTalk(Platform& platform, const Session& session, Conversation& radio);

@@ -9,8 +9,10 @@ namespace quillmark {
 
 namespace {
 
+// What a type of record is for.
 enum class Role { Header, Data, Count, End };
 
+// A type of record: the digit behind its "S", and how long its address is.
 struct RecordType {
   char Digit;
   std::size_t AddressBytes;
@@ -55,6 +57,7 @@ std::string HexText(unsigned value) {
 
 }  // namespace
 
+// A sound record.
 struct SRecordCheck::Record {
   RecordType Type;
   std::uint64_t Address = 0;

@@ -10,6 +10,7 @@ namespace {
 
 using Kind = CommNotice::Kind;
 
+// A code of the serial control and what it means.
 struct Row {
   int Code;
   Kind What;

@@ -19,7 +19,7 @@ Connection::Connection(Platform& machine, Session& shared, frmOrvalent& window,
                        Conversation& conversation)
     : platform(machine), session(shared), main(window), radio(conversation) {}
 
-// A second connect in the middle of one would wake the radio under the first one's feet.
+// A second connect during the first one would disturb it.
 void Connection::ConnectRadio() {
   if (connecting) return;
   const auto underWay = Raised(connecting);
@@ -62,8 +62,7 @@ void Connection::Open() {
       DisconnectRadio();
       return;
     }
-    // A port that vanished has its own notice on the way; once that has come there is no more to
-    // say.
+    // A port that vanished is told by its own event. After that no second box is shown.
     platform.Events.Pump();
     if (!main.NotConnected) ShowLinkError(platform.Dialogs, error);
   }
@@ -153,7 +152,7 @@ void Connection::WakeLink() {
 }
 
 void Connection::SendClos() {
-  // A radio must not be left without its echo; nobody is there to wait for it.
+  // A radio must not be left without its echo. Its answer is not waited for.
   if (main.EchoIsOff) radio.Say("eeco");
   main.EchoIsOff = false;
   radio.Say("CLOS");
@@ -166,7 +165,7 @@ void Connection::DisconnectRadio() {
   StopConnectTimer();
   StopPortTimeout();
   main.ConnectCancelled = true;
-  // Nobody waits for that reconnect any more; it would come on top of the next one.
+  // The user has disconnected: the reconnect that was to follow is dropped.
   session.RestoreLinkFailed = false;
   main.txtTerm.Text = "";
   try {

@@ -8,9 +8,8 @@
 namespace quillmark {
 
 // Opens and closes the link to the radio: the port, the burst of characters that wakes the radio,
-// the reset of its command session, and what the main window shows of it. Everything given to it
-// outlives it. Serial failures are shown here; none gets out, but for WakeLink's, which its callers
-// meet.
+// the reset of its command session, and what the main window shows of it. Serial failures are shown
+// here; only WakeLink throws them.
 class Connection {
  public:
   Connection(Platform& platform, Session& session, frmOrvalent& main, Conversation& radio);

@@ -13,8 +13,7 @@ namespace quillmark {
 class frmOrvalent;
 
 // The set-up window: which serial port the radio is on. Shown modally by the main window's
-// "Setup..."; everything given to it outlives it. `session.PortChanged` tells its caller whether a
-// port was stored.
+// "Setup...". `session.PortChanged` tells its caller whether a port was stored.
 class frmProperties : public Form {
  public:
   // `closeSession` shows that the session on the old port is over.
@@ -34,7 +33,7 @@ class frmProperties : public Form {
   void ShowDevice();
   void cmdOK_Click();
   void cmdCancel_Click();
-  // False when the user keeps the old port, or the new one fails; the box has been shown by then.
+  // False when the user keeps the old port or the new one fails; the box has been shown.
   bool ChangePort(int number);
   bool ConfirmChange();
 

@@ -62,7 +62,7 @@ Receiver::Receiver(Platform& machine, Session& shared, frmOrvalent& window, Conn
 Receiver::~Receiver() { platform.Events.StopTimer(*this); }
 
 void Receiver::MSComm1_OnComm() {
-  // A scripted run reads the port itself; that the port is gone concerns everybody.
+  // A scripted run reads the port itself. The loss of the port is handled here all the same.
   if (main.DirectPortMode && platform.MSComm1.CommEvent() != comm::PortVanished) return;
   CommEventText.clear();
   CommErrorText.clear();
@@ -86,8 +86,9 @@ void Receiver::MSComm1_OnComm() {
   });
 }
 
-// A box would stop a firmware transfer in its middle, and the loader gives up then. Noise is normal
-// there: the rate changes. The loader itself tells in the end what it took.
+// No box during a firmware transfer: it would stop the transfer, and the loader would give up. Line
+// errors are normal there, because the rate changes. The loader tells at the end whether the image
+// is whole.
 bool Receiver::SparesTransfer() const {
   return !main.ShowCommStatus && radio.Turns.Taken() && platform.MSComm1.PortOpen();
 }
@@ -106,7 +107,7 @@ void Receiver::ReportError(const std::string& wording) {
   const bool vanished = !platform.MSComm1.PortOpen();
   if (vanished) {
     connection.ShowDisconnected();
-    // One loss, one box.
+    // The loss is told in one box.
     connection.StopPortTimeout();
   }
   const Answer answer =
@@ -115,7 +116,7 @@ void Receiver::ReportError(const std::string& wording) {
                                 .Choice = Buttons::OkCancel,
                                 .Details = vanished ? VanishedDetails("click Connect...") : ""});
   errorBoxUp = false;
-  // A port that closed itself is gone, whatever the answer.
+  // A port that closed itself is gone for any answer.
   if (answer == Answer::Cancel || !platform.MSComm1.PortOpen()) {
     connection.DisconnectRadio();
     main.NotConnected = true;
@@ -157,10 +158,11 @@ char Receiver::txtTerm_KeyPress(char key) {
   return 0;
 }
 
-// Characters that come into somebody's exchange wait for its end, all in one piece. A line that was
-// begun has the line until its end, or until the user has thought about it for too long.
+// Characters that are typed during an exchange wait for its end and go out together. While a
+// command is half typed, the terminal has the line: until its carriage return, or until the user
+// has typed nothing for too long.
 void Receiver::SendTyped(char key) {
-  // What was typed at another link is not meant for this one.
+  // What was typed before a reconnect is not sent after it.
   if (typedEpoch != radio.Epoch()) ForgetTyped();
   typedEpoch = radio.Epoch();
   if (typed.size() == mostTyped) {

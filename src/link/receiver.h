@@ -14,7 +14,7 @@ namespace quillmark {
 class Connection;
 
 // What becomes of each piece of text that the radio sends, and of the events of the serial control:
-// RxBuffer, the terminal, the log, the status panel. Everything given to it outlives it.
+// RxBuffer, the terminal, the log, the status panel.
 class Receiver : private Ticker {
  public:
   Receiver(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
@@ -29,14 +29,14 @@ class Receiver : private Ticker {
   // changed by the filters.
   void ReceiveText(TextBox& term, std::string& data);
   // A key typed into the terminal goes to the radio while the port is open, else into the box.
-  // While somebody else has the line it waits.
+  // While another part of the program has the line it waits.
   char txtTerm_KeyPress(char key);
 
  private:
   void SendTyped(char key);
   void SendAllTyped();
   void ForgetTyped();
-  // The user has not gone on with a line that they began: it is taken back.
+  // The user has typed nothing for too long: the half-typed command is taken back.
   void Tick() override;
   void ShowCommStatusText(const std::string& wording);
   void ReportError(const std::string& wording);

@@ -12,8 +12,7 @@
 
 namespace quillmark {
 
-// The copy of the terminal's text in a file. One for the main window, which it belongs to and
-// which, like the dialogs, outlives it.
+// The copy of the terminal's text in a file. There is one, for the main window.
 class TerminalLog {
  public:
   TerminalLog(frmOrvalent& main, Dialogs& dialogs);
@@ -22,12 +21,13 @@ class TerminalLog {
   void mnuCloseLog_Click();
 
   bool Open() const { return file != nullptr; }
-  // Writes the text when a log is open. When that fails, the user may try again as often as he
-  // likes, or give the log up; text that arrives while he is asked is written behind it. What
-  // goes beyond 1 MiB is lost, and the log says how much.
+  // Writes the text when a log is open. When that fails, the user may try again as often as they
+  // like, or close the log; text that arrives while they are asked is written after it. What goes
+  // beyond 1 MiB is lost, and the log says how much.
   void Write(std::string_view text);
 
  private:
+  // Closes the file when the log lets go of it.
   struct Closer {
     void operator()(std::FILE* stream) const { std::fclose(stream); }
   };

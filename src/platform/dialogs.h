@@ -10,6 +10,7 @@ namespace quillmark {
 // The boxes and dialogs that a handler asks the user with. Each call returns when the user has
 // answered; timers and the serial port go on meanwhile. Texts are single-byte (Latin-1) and plain.
 
+// The symbol and the buttons of a box, and what the user has answered.
 enum class Icon { None, Information, Question, Exclamation, Critical };
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore };
 enum class Answer { Ok, Cancel, Yes, No, Abort, Retry, Ignore };
@@ -31,6 +32,7 @@ struct MessageBox {
   bool Irreversible = false;  // a Yes cannot be undone
 };
 
+// A box that asks for one line of text.
 struct InputBox {
   std::string Prompt;
   std::string Title;
@@ -51,6 +53,7 @@ struct PrintTarget {
   std::shared_ptr<void> Settings{};  // what else was chosen; only the desktop knows it
 };
 
+// Shows boxes and dialogs.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;

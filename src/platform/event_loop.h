@@ -31,6 +31,7 @@ class Ticker {
   ~Ticker() = default;
 };
 
+// What runs the program: delivers events and timers, waits, and tells the time.
 class EventLoop {
  public:
   virtual ~EventLoop() = default;
@@ -57,8 +58,8 @@ class EventLoop {
   virtual void Quit() = 0;
   virtual bool Quitting() const = 0;
 
-  // The edge at which a loop or a view calls the logic. Catches Shutdown; anything else that
-  // escapes `handler` goes to Defect with its text. Never throws.
+  // How a loop or a view calls the logic. Catches Shutdown; anything else that escapes `handler`
+  // goes to Defect with its text. Never throws.
   void Deliver(const std::function<void()>& handler) noexcept;
 
  protected:

@@ -12,8 +12,8 @@
 
 namespace quillmark {
 
-// The machine, as the logic sees it. Everything referred to outlives the program's windows. Code
-// takes the member that it needs; only what opens windows takes the whole.
+// The machine, as the logic sees it. All members outlive the program's windows. Code that needs one
+// or two members takes those; code that needs more takes the whole.
 struct Platform {
   EventLoop& Events;
   quillmark::Dialogs& Dialogs;

@@ -5,7 +5,7 @@
 
 namespace quillmark {
 
-// What stands behind a port's number, for the list in the set-up window.
+// What a port's number stands for, in the list of the set-up window.
 struct PortDescription {
   std::string Device;   // "/dev/ttyUSB0"; empty when the number is free
   std::string Adapter;  // the adapter's name, where the system knows one

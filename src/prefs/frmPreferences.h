@@ -9,8 +9,7 @@
 
 namespace quillmark {
 
-// The program's preferences. Modal; OK puts them into force and stores them. Everything given to it
-// outlives it.
+// The program's preferences. Modal; OK puts them into force and stores them.
 class frmPreferences : public Form {
  public:
   frmPreferences(PreferenceStore& store, Session& session, TextBox& terminal);

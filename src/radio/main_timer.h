@@ -12,7 +12,7 @@
 namespace quillmark {
 
 // What happens once a second: the connect time, the connect at launch, the keep-alive, and, when it
-// was asked for, a read of the radio. Everything given to it outlives it.
+// was asked for, a read of the radio. While the line is taken, no keep-alive and no read starts.
 class MainTimer {
  public:
   MainTimer(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,

@@ -209,6 +209,7 @@ class Bench : public ::testing::Test {
   std::unique_ptr<SimRadio> radio;
   std::unique_ptr<SimLine> line;
   std::unique_ptr<Console> console;
+  // An act that waits for a command.
   struct Awaited {
     std::string Command;
     std::function<void()> Act;

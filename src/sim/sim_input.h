@@ -14,6 +14,7 @@ namespace quillmark::sim {
 // its turn and when it is echoed: a byte may be echoed long before it has its turn.
 class SimInput {
  public:
+  // A byte that has arrived at the radio.
   struct Byte {
     Time At;  // when it had wholly arrived
     char Value;

@@ -16,6 +16,7 @@ namespace quillmark::sim {
 // What went over a line: every byte in both directions with its time, the last 4 MiB of each.
 class LineLog {
  public:
+  // What went one way.
   struct Direction {
     std::string Bytes;
     std::vector<Time> Times;  // when each byte had wholly arrived
@@ -38,7 +39,7 @@ class LineLog {
 
 // The radio on its line: paces both directions and plays the faults. The virtual serial port uses
 // it on virtual time, the pseudo-terminal program on real time. It takes the radio's hooks for
-// itself; the radio must outlive it. Times given to it never go back.
+// itself. Times given to it never go back.
 class SimLine {
  public:
   explicit SimLine(SimRadio& itsRadio, LineFaults faults = {});
@@ -77,6 +78,7 @@ class SimLine {
   SimRadio& Radio() { return radio; }
 
  private:
+  // A byte of the host that is on its way to the radio.
   struct Arrival {
     Time At;
     char Byte;

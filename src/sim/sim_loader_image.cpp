@@ -8,8 +8,10 @@ namespace quillmark::sim {
 
 namespace {
 
+// What a type of record is for.
 enum class Role { Header, Data, Count, End };
 
+// A type of record: the digit behind its "S", and how long its address is.
 struct RecordType {
   char Digit;
   std::size_t AddressBytes;
@@ -60,6 +62,7 @@ bool EndsAnImage(std::string_view line) {
 
 }  // namespace
 
+// A record whose length, digits and checksum are right.
 struct SimLoaderImage::Record {
   RecordType Type;
   std::uint64_t Address = 0;

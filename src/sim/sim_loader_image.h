@@ -21,7 +21,7 @@ class SimLoaderImage {
 
   int Records() const { return records; }
   std::int64_t DataBytes() const { return dataBytes; }
-  // Of the header record: 5 characters such as 3.2.0, and 7 such as 77-1234.
+  // Of the header record: 5 characters such as 3.2.0.
   const std::string& Version() const { return version; }
 
  private:

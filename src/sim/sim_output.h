@@ -14,6 +14,7 @@ namespace quillmark::sim {
 // by SimRadio. Holds at most 1 MiB; what comes on top of that is lost, as in any full buffer.
 class SimOutput {
  public:
+  // A byte that the radio sends.
   struct Byte {
     Time Leaves;
     char Value;

@@ -21,6 +21,7 @@
 
 namespace quillmark::sim {
 
+// A line that the radio took.
 struct ReceivedLine {
   Time at;           // when its carriage return had arrived
   std::string text;  // without it; passwords included, so this stays in memory

@@ -37,7 +37,7 @@ struct SimSession {
 };
 
 // Carries out the lines that the radio takes at its command level and in setup mode. It answers; it
-// knows nothing of bytes and pacing. What it is given must outlive it.
+// knows nothing of bytes and pacing.
 class SimRadioCommands {
  public:
   SimRadioCommands(SimSession& itsSession, SimRadioSettings& itsSettings, SimZoneCounters& itsZones,

@@ -38,6 +38,7 @@ struct SimRadioOptions {
   SimLoaderOptions Loader{};
 };
 
+// Which commands the radio takes: those of daily use, of setup mode, or of its loader.
 enum class Level { Command, Setup, Loader };
 
 }  // namespace quillmark::sim

@@ -15,7 +15,6 @@ constexpr int r2 = 20000;
 constexpr int r3 = 30000;
 constexpr int r32 = 30200;
 
-// clang-format off
 constexpr RadioSetting rows[] = {
     {.Word = "unit",
      .Label = "UNIT",

@@ -43,6 +43,7 @@ enum class Rule {
   SoftwareRtu        // only with the software RTU feature
 };
 
+// A row of the table.
 struct RadioSetting {
   std::string_view Word;     // as typed, small letters
   std::string_view Label{};  // printed in front of the value with a blank; "" for the value alone

@@ -24,6 +24,7 @@ class SimZoneCounters {
   std::string Text() const;
 
  private:
+  // The counters of one zone.
   struct Zone {
     std::int64_t Tx = 0;
     std::int64_t Rx = 0;

@@ -47,7 +47,7 @@ Console::Console(Platform& machine)
   quickConfig.Wire();
   upgrade.MayStart = [this] { return directRun.MayStart(); };
   upgrade.Wire();
-  // The bench test mode does not mind it.
+  // It may run together with the bench test mode.
   restore.MayStart = [this] { return !access.PasswordWindowOpen() || directRun.MayStart(); };
   restore.Wire();
   diagnostics.Wire();
@@ -102,6 +102,7 @@ void Console::WireShell() {
 }
 
 void Console::tbrToolBar_ButtonClick(std::string_view key) {
+  // A button of the toolbar and what it does.
   struct Row {
     const char* Key;
     std::function<void()> Run;
@@ -121,7 +122,7 @@ void Console::tbrToolBar_ButtonClick(std::string_view key) {
 }
 
 void Console::Disconnect() {
-  // Only a run that is under way has to be told.
+  // Only a run that is under way asks for it.
   main->LinkLetGo = directRun.UnderWay();
   connection.DisconnectRadio();
 }
@@ -130,7 +131,7 @@ void Console::Logout() {
   radio.Turns.WhenFree(main->tbr_Logout, [this] { connection.LogoutRadio(); });
 }
 
-// Not in the middle of a long run, which connects by itself when that is its way.
+// Not during a long run: it connects by itself when it needs to.
 void Console::Connect() {
   if (!directRun.UnderWay() && !upgrade.UnderWay()) connection.ConnectRadio();
 }
@@ -227,7 +228,7 @@ bool Console::LogOutAndDrain() {
 
 void Console::SendLogout() {
   try {
-    // Nobody waits for what the radio says to it.
+    // The answer is not waited for.
     if (platform.MSComm1.PortOpen() && main->EchoIsOff) radio.Say("eeco");
     main->EchoIsOff = false;
     // A loader would take it for a part of the firmware.
@@ -235,7 +236,7 @@ void Console::SendLogout() {
     if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);
     radio.Say("PASS NONE");
   } catch (const SerialError&) {
-    return;  // nobody is there to be logged out
+    return;  // there is no radio to log out
   }
 }
 

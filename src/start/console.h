@@ -30,8 +30,7 @@
 namespace quillmark {
 
 // The whole application: makes the main window and the classes that work for it, joins its controls
-// to them, starts and ends. `platform` and all that it refers to outlive it; the serial ports'
-// OnComm must not be called after its end.
+// to them, starts and ends. The serial ports' OnComm must not be called after its end.
 class Console {
  public:
   explicit Console(Platform& platform);

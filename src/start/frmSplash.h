@@ -12,15 +12,14 @@
 namespace quillmark {
 
 // The splash window: up for about 0.6 s at start, with a progress bar, and for 2.4 s as About box.
-// Any key or click closes it at once, but for a click on the address, which opens that. Everything
-// given to it outlives it.
+// Any key or click closes it at once, but for a click on the address, which opens that.
 class frmSplash : public Form {
  public:
-  // `onUnload` gives the main window back.
+  // `onUnload` is called when the window closes: it shows or enables the main window.
   frmSplash(EventLoop& events, Desktop& desktop, const Session& session,
             std::function<void()> onUnload);
 
-  // Closes it for good: nobody is left to give the main window back to.
+  // Closes it without a call of `onUnload`: the program ends.
   void Dismiss();
 
   ProgressBar pBar1;

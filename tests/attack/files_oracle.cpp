@@ -59,6 +59,7 @@ struct Compared {
   std::string Wrong{};  // the first line that is not right
 };
 
+// Compares the lines of a file with those that it should have.
 class Comparison {
  public:
   Comparison(const World& bench, const Fault& struck, bool mayHaveGaps)
@@ -120,6 +121,7 @@ std::optional<std::string> At(const Tree& tree, const std::string& path) {
   return found == tree.end() ? std::nullopt : std::optional(found->second);
 }
 
+// Judges all files after a case.
 class FilesJudge {
  public:
   FilesJudge(World& bench, const Fault& struck, const Meant& wanted, const Tree& past)

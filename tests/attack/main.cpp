@@ -46,6 +46,7 @@ void RunCell(Attack& attack, const Cell& cell, unsigned last, std::FILE* out) {
   }
 }
 
+// Runs the cells in child processes and counts what failed.
 class Runner {
  public:
   Runner(unsigned firstSeed, unsigned lastSeed) : first(firstSeed), last(lastSeed) {}
@@ -85,6 +86,7 @@ class Runner {
   }
 
  private:
+  // A child process and the file that it writes its report into.
   struct Child {
     Cell* Of;
     std::FILE* Out;

@@ -69,7 +69,7 @@ class World : public sim::Bench, private sim::TimeSource {
   std::vector<std::string> BoxTexts() const;
   // Whether the user has been told anything but the usual boxes.
   bool Told(const std::set<std::string>& usual) const;
-  // Texts that no one may read, and those that somebody could have.
+  // Texts that must not be readable, and those that were.
   std::set<std::string> Secrets;
   const std::set<std::string>& Leaks() const { return leaks; }
   void LookForSecrets(const std::string& where, std::string_view text);

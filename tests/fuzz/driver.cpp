@@ -16,6 +16,7 @@ constexpr std::string_view pieces[] = {"\r\n>", "\r",    "\n",   "SETUP>", "LOAD
                                        "PWR ",  "ERROR", ":",    "(",      " ",       "\0",
                                        "own",   "SKIP ", "ZONE", "#",      "-1",      "CLOSED"};
 
+// Makes inputs by small changes to the seeds of a target.
 class Mutator {
  public:
   explicit Mutator(unsigned seed) : random(seed) {}

@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::string_view words[] = {"pwr", "own", "show sync", "srev"};
 
+// A bench outside of a test.
 class IdleBench : public sim::Bench {
   void TestBody() override {}
 };

@@ -25,8 +25,8 @@ class TimeSource {
 };
 
 // The event loop of the virtual bench: a queue of due events and a clock that stands still but for
-// waits and sleeps. The same acts give the same events at the same times in every run, and no time
-// passes for the person who waits for the test.
+// waits and sleeps. The same acts give the same events at the same times in every run, and no real
+// time passes.
 class VirtualLoop : public EventLoop {
  public:
   void Pump() override;

@@ -17,6 +17,7 @@ namespace quillmark::sim {
 // The rest of the virtual machine: a store in memory, folders of its own, a desktop that remembers
 // what it was asked for, and a random source that gives the same numbers in every run.
 
+// Preferences that last as long as the bench.
 class MemoryStore : public PreferenceStore {
  public:
   std::string Read(const std::string& section, const std::string& key,
@@ -49,6 +50,7 @@ class ScratchFiles : public ProgramFiles {
   std::filesystem::path root;
 };
 
+// Does nothing, and remembers what it was asked to do.
 class RecordingDesktop : public Desktop {
  public:
   void OpenAddress(const std::string& address) override { Addresses.push_back(address); }
@@ -73,6 +75,7 @@ class RecordingDesktop : public Desktop {
   std::string Date = "11/22/2026";
 };
 
+// The same numbers in every run, or one fixed number.
 class RepeatableRandom : public RandomSource {
  public:
   // The seed from the clock is remembered, not used.

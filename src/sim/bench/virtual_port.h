@@ -19,6 +19,7 @@ class VirtualPort;
 // The serial sockets of a virtual machine, numbered 1 to 16: what is plugged in, and who holds it.
 class VirtualSockets : public PortList {
  public:
+  // What a socket of the machine holds, and who may open it.
   enum class State { Empty, Free, TakenByOthers, Forbidden };
   struct Socket {
     State Is = State::Empty;

@@ -17,6 +17,7 @@ namespace quillmark::sim {
 
 namespace {
 
+// A rate as the system names it, and in baud.
 struct Rate {
   speed_t Code;
   int Baud;

@@ -11,6 +11,7 @@
 
 namespace quillmark::sim {
 
+// The options of a served line.
 struct PtyOptions {
   std::string Link;              // a symbolic link to keep beside the device; "": none
   unsigned Mode = 0666;          // of the device, for clients
@@ -19,8 +20,8 @@ struct PtyOptions {
 
 // Serves a radio's line on a pseudo-terminal in real time. It sleeps until a client sends something
 // or the line has something due, so that waiting costs nothing. A client that leaves changes
-// nothing at the radio; bytes that come while nobody listens are lost, as on a real line. The line
-// must outlive it. The constructor and Run throw std::system_error.
+// nothing at the radio; bytes that come while nobody listens are lost, as on a real line. The
+// constructor and Run throw std::system_error.
 class PtyServer {
  public:
   PtyServer(SimLine& itsLine, PtyOptions itsOptions);

@@ -15,6 +15,7 @@
 namespace quillmark::sim {
 namespace {
 
+// The options of the program.
 struct ProgramOptions {
   SimRadioOptions Radio;
   LineFaults Faults;
