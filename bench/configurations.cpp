@@ -4,9 +4,13 @@
 // the two counts.
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "child.h"
 #include "desk.h"

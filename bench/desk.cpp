@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QTimer>
 #include <QWidget>
+#include <chrono>
 #include <fstream>
 #include <stdexcept>
+#include <utility>
 
 #include "surroundings.h"
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "controls/form.h"
 #include "platform/platform.h"
 #include "qt/machine.h"
 #include "recorded_port.h"

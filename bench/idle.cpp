@@ -1,5 +1,7 @@
 // Processor time of a console that is connected and has nothing to do.
 
+#include <vector>
+
 #include "child.h"
 #include "desk.h"
 #include "measurements.h"

@@ -7,7 +7,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "firmware_radio.h"
 #include "line_feeder.h"

@@ -2,6 +2,8 @@
 
 #include <sys/resource.h>
 
+#include <chrono>
+
 namespace quillmark::bench {
 
 namespace {

@@ -2,7 +2,10 @@
 // the line, the radio and the pauses between take by themselves.
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 #include "child.h"
 #include "desk.h"

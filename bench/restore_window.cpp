@@ -5,8 +5,12 @@
 
 #include <QTimer>
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
+#include <functional>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "child.h"
 #include "desk.h"

@@ -2,7 +2,11 @@
 // beside it the same of a bare window. The splash window is painted, then closed as by a key.
 
 #include <algorithm>
+#include <cstddef>
+#include <filesystem>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "child.h"
 #include "measurements.h"

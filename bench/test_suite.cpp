@@ -1,8 +1,11 @@
 // How long all tests take as ./dev test runs them; beside it the test programs by themselves, one
 // after the other, without a process for each test.
 
-#include <algorithm>
+#include <cstddef>
+#include <filesystem>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "child.h"
 #include "measurements.h"

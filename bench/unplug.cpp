@@ -1,6 +1,7 @@
 // Processor time after the adapter was pulled out, from that very moment on.
 
 #include <stdexcept>
+#include <vector>
 
 #include "child.h"
 #include "desk.h"

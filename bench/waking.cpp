@@ -1,5 +1,8 @@
 // Processor time while the console tries to wake a radio that says nothing.
 
+#include <string>
+#include <vector>
+
 #include "child.h"
 #include "desk.h"
 #include "measurements.h"

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "child.h"
 #include "desk.h"

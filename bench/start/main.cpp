@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <string_view>
+#include <variant>
 
 #include "bare_window.h"
 #include "qt/dialogs/store_trouble_boxes.h"

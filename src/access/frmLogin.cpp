@@ -1,6 +1,6 @@
 #include "access/frmLogin.h"
 
-#include <functional>
+#include <utility>
 
 #include "link/serial_failure.h"
 #include "text/at_end.h"

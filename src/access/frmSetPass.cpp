@@ -1,5 +1,7 @@
 #include "access/frmSetPass.h"
 
+#include <utility>
+
 #include "link/serial_failure.h"
 #include "platform/utilities.h"
 #include "text/at_end.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <string>
 
 #include "app/frmOrvalent.h"
 #include "controls/clickable.h"

@@ -1,5 +1,7 @@
 #include "app/frmOrvalent.h"
 
+#include <cstddef>
+
 namespace quillmark {
 
 namespace {

@@ -10,6 +10,7 @@
 #include "controls/form.h"
 #include "controls/text_box.h"
 #include "controls/timer.h"
+#include "platform/event_loop.h"
 #include "session/session.h"
 
 namespace quillmark {

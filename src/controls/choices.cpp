@@ -1,6 +1,7 @@
 #include "controls/choices.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/form.h"
 

@@ -1,6 +1,7 @@
 #include "controls/form.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace quillmark {
 

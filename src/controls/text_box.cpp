@@ -1,6 +1,7 @@
 #include "controls/text_box.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/form.h"
 

@@ -1,5 +1,8 @@
 #include "controls/timer.h"
 
+#include <string>
+#include <utility>
+
 #include "controls/form.h"
 #include "text/at_end.h"
 

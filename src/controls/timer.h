@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "controls/control.h"
 #include "platform/event_loop.h"

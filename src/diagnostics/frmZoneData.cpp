@@ -1,6 +1,7 @@
 #include "diagnostics/frmZoneData.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 

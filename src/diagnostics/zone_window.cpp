@@ -1,5 +1,7 @@
 #include "diagnostics/zone_window.h"
 
+#include <utility>
+
 #include "text/text.h"
 
 namespace quillmark {

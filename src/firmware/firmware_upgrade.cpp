@@ -1,7 +1,5 @@
 #include "firmware/firmware_upgrade.h"
 
-#include <algorithm>
-
 #include "app/held_controls.h"
 #include "firmware/firmware_transfer.h"
 #include "firmware/firmware_version.h"

@@ -1,5 +1,7 @@
 #include "firmware/frmProgram.h"
 
+#include <chrono>
+
 namespace quillmark {
 
 frmProgram::frmProgram(Platform& machine, Session& shared)

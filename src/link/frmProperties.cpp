@@ -1,7 +1,6 @@
 #include "link/frmProperties.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>

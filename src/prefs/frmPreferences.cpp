@@ -1,6 +1,5 @@
 #include "prefs/frmPreferences.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>

@@ -1,8 +1,6 @@
 #include "prefs/stored_preferences.h"
 
 #include <cstdint>
-#include <optional>
-#include <string>
 
 #include "text/numbers.h"
 

@@ -1,5 +1,6 @@
 #include "radio/main_timer.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <string>
 

@@ -2,19 +2,26 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <stdexcept>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "controls/clickable.h"
+#include "controls/form.h"
 #include "platform/platform.h"
+#include "session/session.h"
 #include "sim/bench/scripted_user.h"
 #include "sim/bench/virtual_loop.h"
 #include "sim/bench/virtual_machine.h"
 #include "sim/bench/virtual_port.h"
+#include "sim/line_faults.h"
 #include "sim/sim_line.h"
 #include "sim/sim_radio.h"
+#include "sim/sim_radio_options.h"
 #include "start/console.h"
 
 namespace quillmark::sim {

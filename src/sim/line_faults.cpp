@@ -1,5 +1,7 @@
 #include "sim/line_faults.h"
 
+#include <chrono>
+
 namespace quillmark::sim {
 
 namespace {

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "sim/sim_radio.h"
 #include "sim/sim_time.h"

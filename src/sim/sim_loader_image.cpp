@@ -1,8 +1,8 @@
 #include "sim/sim_loader_image.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
-#include <vector>
 
 namespace quillmark::sim {
 

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstddef>
 #include <deque>
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "sim/sim_time.h"

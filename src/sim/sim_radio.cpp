@@ -1,6 +1,7 @@
 #include "sim/sim_radio.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "sim/sim_words.h"

@@ -1,6 +1,7 @@
 #include "sim/sim_radio_commands.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "sim/sim_radio_reports.h"
 #include "sim/sim_words.h"

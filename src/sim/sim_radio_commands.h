@@ -7,6 +7,7 @@
 #include "sim/sim_answer.h"
 #include "sim/sim_radio_options.h"
 #include "sim/sim_radio_settings.h"
+#include "sim/sim_radio_table.h"
 #include "sim/sim_time.h"
 #include "sim/sim_zone_counters.h"
 

@@ -1,4 +1,7 @@
 #include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "sim/sim_radio.h"

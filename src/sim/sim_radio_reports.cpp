@@ -1,5 +1,7 @@
 #include "sim/sim_radio_reports.h"
 
+#include <initializer_list>
+
 namespace quillmark::sim {
 
 namespace {

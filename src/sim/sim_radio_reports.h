@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "sim/sim_radio_commands.h"
+#include "sim/sim_radio_options.h"
 #include "sim/sim_radio_settings.h"
 
 namespace quillmark::sim {

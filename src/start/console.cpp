@@ -1,7 +1,6 @@
 #include "start/console.h"
 
 #include <cstdint>
-#include <string>
 
 #include "config/temp_folder.h"
 #include "link/frmProperties.h"

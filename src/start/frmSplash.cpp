@@ -1,7 +1,8 @@
 #include "start/frmSplash.h"
 
 #include <algorithm>
-#include <initializer_list>
+#include <string>
+#include <utility>
 
 #include "app/version.h"
 

@@ -7,6 +7,7 @@
 #include "controls/form.h"
 #include "controls/timer.h"
 #include "platform/desktop.h"
+#include "platform/event_loop.h"
 #include "session/session.h"
 
 namespace quillmark {

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <string>
+#include <utility>
+
 #include "window_bench.h"
 
 namespace quillmark {

@@ -1,6 +1,9 @@
 #include "attack/attack_case.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <random>
 
 namespace quillmark::attack {
 

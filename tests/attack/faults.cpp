@@ -1,6 +1,11 @@
 #include "attack/faults.h"
 
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <initializer_list>
 #include <numeric>
+#include <utility>
 
 namespace quillmark::attack {
 

@@ -1,5 +1,11 @@
 #include <algorithm>
+#include <cstddef>
 #include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "attack/damage.h"
 #include "attack/oracle.h"

@@ -6,8 +6,15 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <iostream>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "attack/attack_case.h"
 

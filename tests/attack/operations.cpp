@@ -1,6 +1,10 @@
 #include "attack/operations.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <iterator>
+#include <string>
+#include <vector>
 
 #include "restore/frmRestore.h"
 #include "sim/firmware_image.h"

@@ -1,7 +1,9 @@
 #include "attack/oracle.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
+#include <set>
 
 #include "attack/damage.h"
 #include "attack/rows.h"

@@ -1,9 +1,11 @@
 #include "attack/world.h"
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <utility>
 
 #include "attack/rows.h"
 #include "odd_settings.h"

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "sim/bench.h"
 

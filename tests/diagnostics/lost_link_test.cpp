@@ -1,5 +1,11 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <utility>
+
 #include "sim/bench.h"
 
 namespace quillmark {

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <string>
+
 #include "window_bench.h"
 
 namespace quillmark {

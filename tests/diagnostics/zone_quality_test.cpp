@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 
-#include <array>
 #include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "sim/bench.h"
 

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <string>
+#include <string_view>
+
 #include "sim/firmware_image.h"
 
 namespace quillmark {

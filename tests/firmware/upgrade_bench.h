@@ -2,7 +2,12 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <filesystem>
 #include <fstream>
+#include <functional>
+#include <string>
+#include <utility>
 
 #include "sim/bench.h"
 #include "sim/firmware_image.h"

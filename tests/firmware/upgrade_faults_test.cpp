@@ -1,6 +1,13 @@
 // What can go wrong while an image is sent, at every block of it, and what the user can do
 // meanwhile. The line takes no time here, so that whole images are quick to send.
 
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <utility>
+
 #include "firmware/upgrade_bench.h"
 
 namespace quillmark {

@@ -1,5 +1,11 @@
 // What radio and file can do while an upgrade is under way.
 
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+
 #include "firmware/upgrade_bench.h"
 
 namespace quillmark {

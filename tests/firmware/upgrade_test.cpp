@@ -1,5 +1,11 @@
 #include <sys/stat.h>
 
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "firmware/upgrade_bench.h"
 
 namespace quillmark {

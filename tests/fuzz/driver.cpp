@@ -2,9 +2,12 @@
 // fuzzer of their own, and as a short test. The same seed gives the same inputs.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "fuzz/fuzz_target.h"
 

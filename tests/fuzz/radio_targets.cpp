@@ -1,5 +1,6 @@
 #include <gtest/gtest-spi.h>
 
+#include <iterator>
 #include <string>
 
 #include "config/direct_run.h"

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <string>
+#include <vector>
+
 #include "sim/bench.h"
 
 namespace quillmark {

@@ -2,6 +2,12 @@
 
 #include <gtest/gtest-spi.h>
 
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
 #include "controls/timer.h"
 
 namespace quillmark {

@@ -2,6 +2,14 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "talk.h"
 
 namespace quillmark::sim {

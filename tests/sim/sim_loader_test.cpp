@@ -2,6 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
 #include "sim/firmware_image.h"
 #include "talk.h"
 

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <string>
+
 #include "sim/sim_words.h"
 #include "talk.h"
 

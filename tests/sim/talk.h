@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "sim/line_faults.h"
 #include "sim/sim_line.h"
 #include "sim/sim_radio.h"
+#include "sim/sim_radio_options.h"
+#include "sim/sim_time.h"
 
 namespace quillmark::sim {
 

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
+#include <string>
 
 #include "window_bench.h"
 

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
+#include <optional>
+#include <string>
 
 #include "text/numbers.h"
 #include "text/path_text.h"

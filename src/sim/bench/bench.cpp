@@ -1,8 +1,14 @@
 #include "sim/bench.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <iterator>
+#include <memory>
 #include <stdexcept>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "controls/option_button.h"
 

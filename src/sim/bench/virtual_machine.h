@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <random>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "platform/desktop.h"
+#include "platform/dialogs.h"
 #include "platform/preference_store.h"
 #include "platform/program_files.h"
 #include "platform/random_source.h"

@@ -2,11 +2,11 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/event_loop.h"
 #include "platform/port_list.h"
 #include "platform/serial_port.h"
 #include "sim/bench/virtual_loop.h"

@@ -1,6 +1,8 @@
 // quillmark-radio: the simulated radio on a pseudo-terminal, for people and for end-to-end tests.
 
 #include <CLI/CLI.hpp>
+#include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <fstream>
