@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # clang-tidy over our sources, two files at a time. A file that was found clean is looked at again
-# only when it, any header, the list of checks or the way of compiling has changed.
+# only when something has changed that its findings depend on: itself, a header of ours that it
+# includes at any depth, the way it is compiled, the list of checks.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/files.sh
@@ -23,17 +24,53 @@ fi
 
 # clang can't read the other compiler's precompiled headers. Without them a forgotten include shows.
 sed -E 's/ -include [^ "]*cmake_pch\.hxx//; s/ -Winvalid-pch//; s/ -fpch-preprocess//' \
-  build/dev/compile_commands.json >"$work/compile_commands.new"
-if cmp -s "$work/compile_commands.new" "$work/compile_commands.json"; then
-  rm "$work/compile_commands.new"
-else
-  mv "$work/compile_commands.new" "$work/compile_commands.json"
-fi
+  build/dev/compile_commands.json >"$work/compile_commands.json"
 
-newestInput=$({ project_files 'src/*.h' 'src/*.ui'; printf '%s\n' .clang-tidy; } |
-              tr '\n' '\0' | xargs -0 ls -t "$work/compile_commands.json" -- | head -n 1 || true)
+# facts: what findings depend on, as lines "NAME is DIGEST", "NAME needs NAME", "PATH wanted". Names
+# are file names without their folders. Files of one name count as one, which is on the safe side.
+facts() {
+  project_files '*.h' '*.cpp' '*.ui' | tr '\n' '\0' | xargs -0 sha1sum -- |
+    sed -E 's|^([0-9a-f]+) +(.*/)?([^/]+)$|\3 is \1|'
+  sed -nE 's|^ *"command": ".*[ /]([^/]+)",$|\1\t&|p' "$work/compile_commands.json" |
+    while IFS=$'\t' read -r name command; do
+      printf '%s is %s\n' "$name" "${command//[[:space:]]/}"
+    done
+  project_files '*.h' '*.cpp' | matches '^#include "' |
+    sed -E 's|^(.*/)?([^/:]+):[0-9]+:#include "(.*/)?([^/"]+)".*|\2 needs \4|
+            s| needs ui_(.*)\.h$| needs \1.ui|'
+  source_files | sed -n 's|\.cpp$|& wanted|p'
+}
 
-# tidy_one FILE: prints the findings of one file in one piece, or leaves its mark as clean.
+# A line for each source: its path, a tab, and its fingerprint: digests of all that is behind it.
+fingerprints() {
+  local checks
+  checks=$({ clang-tidy --version; project_files | grep '\.clang-tidy$' | xargs cat; } | sha1sum)
+  facts | awk -v checks="${checks%% *}" '
+    function take(name,    names, count, i) {
+      if (name in taken) return
+      taken[name] = 1
+      text = text " " digests[name]
+      count = split(needs[name], names, " ")
+      for (i = 1; i <= count; ++i) take(names[i])
+    }
+    $2 == "is" { digests[$1] = digests[$1] $3 }
+    $2 == "needs" { needs[$1] = needs[$1] " " $3 }
+    $2 == "wanted" { sources[++last] = $1 }
+    END {
+      for (source = 1; source <= last; ++source) {
+        name = sources[source]
+        sub(/.*\//, "", name)
+        split("", taken)
+        text = checks
+        take(name)
+        print sources[source] "\t" text
+      }
+    }'
+}
+
+mark_of() { printf '%s' "$work/clean/${1//\//+}"; }
+
+# tidy_one FILE FINGERPRINT: prints the findings of one file in one piece, or marks it as clean.
 tidy_one() {
   local output code=0
   output=$(clang-tidy -p "$work" --quiet --extra-arg=-Wno-unknown-warning-option "$1" 2>&1) ||
@@ -43,17 +80,14 @@ tidy_one() {
   if [ "$code" != 0 ] || [ -n "$output" ]; then
     printf '%s: clang-tidy ended with code %s\n%s\n' "$1" "$code" "$output"
   else
-    touch "$work/clean/${1//\//+}"
+    printf '%s' "$2" >"$(mark_of "$1")"
   fi
 }
-export -f tidy_one
+export -f tidy_one mark_of
 export work
 
-is_clean() {
-  local mark="$work/clean/${1//\//+}"
-  [ "$mark" -nt "$1" ] && [ "$mark" -nt "$newestInput" ]
-}
-
-report tidy "$(project_files 'src/*.cpp' | while IFS= read -r file; do
-  is_clean "$file" || printf '%s\0' "$file"
-done | xargs -0 -r -P2 -n1 bash -c 'tidy_one "$1"' tidy)"
+report tidy "$(fingerprints | while IFS=$'\t' read -r file fingerprint; do
+  mark=$(mark_of "$file")
+  { [ -f "$mark" ] && [ "$(<"$mark")" = "$fingerprint" ]; } ||
+    printf '%s\0%s\0' "$file" "$fingerprint"
+done | xargs -0 -r -P2 -n2 bash -c 'tidy_one "$1" "$2"' tidy)"
