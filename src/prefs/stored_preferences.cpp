@@ -8,8 +8,8 @@ namespace quillmark {
 
 namespace {
 
-constexpr std::uint32_t defaultTextColor = 0x990000;
-constexpr std::uint32_t defaultBackColor = 0xFFFFFF;
+constexpr std::uint32_t defaultTextColour = 0x990000;
+constexpr std::uint32_t defaultBackColour = 0xFFFFFF;
 
 int PortNumber(const PreferenceStore& store) {
   const auto number = NumericValue(store.Read("Properties", "CommPort", "1"));
@@ -26,18 +26,18 @@ int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBo
   const int port = PortNumber(store);
   const auto passEnabled = BooleanValue(read("PassEnabled", "false"));
   const auto bold = BooleanValue(read("BoldText", "True"));
-  const auto textColor = ColourValue(read("TextColor", "&H990000"));
-  const auto backColor = ColourValue(read("BackColor", "&HFFFFFF"));
+  const auto textColour = ColourValue(read("TextColor", "&H990000"));
+  const auto backColour = ColourValue(read("BackColor", "&HFFFFFF"));
   const auto connectOnLaunch = BooleanValue(read("ConnectOnLaunch", "False"));
   const auto keepAlive = BooleanValue(read("KeepAlive", "True"));
   const auto logoutOnQuit = BooleanValue(read("LogoutOnQuit", "True"));
 
-  const bool sound =
-      passEnabled && bold && textColor && backColor && connectOnLaunch && keepAlive && logoutOnQuit;
+  const bool sound = passEnabled && bold && textColour && backColour && connectOnLaunch &&
+                     keepAlive && logoutOnQuit;
   session.PassEnabled = sound && *passEnabled;
   terminal.Bold = sound ? *bold : true;
-  terminal.ForeColor = sound ? *textColor : defaultTextColor;
-  terminal.BackColor = sound ? *backColor : defaultBackColor;
+  terminal.ForeColor = sound ? *textColour : defaultTextColour;
+  terminal.BackColor = sound ? *backColour : defaultBackColour;
   session.ConnectOnLaunch = sound && *connectOnLaunch;
   session.KeepAlive = sound ? *keepAlive : true;
   session.LogoutOnQuit = sound ? *logoutOnQuit : true;
