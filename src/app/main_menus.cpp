@@ -4,6 +4,26 @@
 
 namespace quillmark {
 
+namespace {
+
+void SetToolTips(MainMenus& menus) {
+  menus.tbr_OpenLogFile.ToolTip = "Open log file...";
+  menus.tbr_CloseLogFile.ToolTip = "Close log file";
+  menus.tbr_Connect.ToolTip = "Connect...";
+  menus.tbr_Disconnect.ToolTip = "Disconnect...";
+  menus.tbr_Properties.ToolTip = "Setup...";
+  menus.tbr_TransmitTextFile.ToolTip = "Upgrade radio firmware...";
+  menus.tbr_Login.ToolTip = "Login with a radio password...";
+  menus.tbr_Logout.ToolTip = "Logout of the radio to prevent unauthorized changes...";
+  menus.tbr_Terminal.ToolTip = "Show/Hide the Terminal Screen";
+  menus.pnl_Status.ToolTip = "Communications Port Status";
+  menus.pnl_Settings.ToolTip = "Communications Port Settings";
+  menus.pnl_ConnectTime.ToolTip = "Connect Time";
+  menus.barRun.ToolTip = "Settings done and to do";
+}
+
+}  // namespace
+
 MainMenus::MainMenus(Form& form)
     : mnuFile(form, &form, "mnuFile", "&File"),
       mnuPort(form, &form, "mnuPort", "Serial &Port"),
@@ -43,19 +63,7 @@ MainMenus::MainMenus(Form& form)
       pnl_Settings(form, &sbrStatus, "pnl_Settings", "Settings: "),
       pnl_ConnectTime(form, &sbrStatus, "pnl_ConnectTime"),
       barRun(form, &sbrStatus, "barRun", 0, 1, 0) {
-  tbr_OpenLogFile.ToolTip = "Open log file...";
-  tbr_CloseLogFile.ToolTip = "Close log file";
-  tbr_Connect.ToolTip = "Connect...";
-  tbr_Disconnect.ToolTip = "Disconnect...";
-  tbr_Properties.ToolTip = "Setup...";
-  tbr_TransmitTextFile.ToolTip = "Upgrade radio firmware...";
-  tbr_Login.ToolTip = "Login with a radio password...";
-  tbr_Logout.ToolTip = "Logout of the radio to prevent unauthorized changes...";
-  tbr_Terminal.ToolTip = "Show/Hide the Terminal Screen";
-  pnl_Status.ToolTip = "Communications Port Status";
-  pnl_Settings.ToolTip = "Communications Port Settings";
-  pnl_ConnectTime.ToolTip = "Connect Time";
-  barRun.ToolTip = "Settings done and to do";
+  SetToolTips(*this);
   barRun.Visible = false;
   // Until a radio is connected and a log is open.
   for (Control* control : std::initializer_list<Control*>{
