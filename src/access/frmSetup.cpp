@@ -128,7 +128,7 @@ void frmSetup::ExitButton_Click() {
   // It goes out even after this window has closed.
   radio.Turns.WhenFree([&talk = radio, &shared = session, &dialogs = platform.Dialogs] {
     WithLinkErrors(dialogs, [&talk] { talk.Say("quit"); });
-    shared.RefreshRequested = true;
+    shared.AskForRead();
   });
   Unload();
 }

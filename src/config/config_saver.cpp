@@ -49,7 +49,7 @@ ConfigSaver::ConfigSaver(Platform& machine, frmOrvalent& window, Connection& lin
 void ConfigSaver::WriteConfigToFile(std::filesystem::path path, bool report) {
   run.Begin();
   if (!ChooseFile(path)) {
-    main.DirectPortMode = false;
+    main.ReleasePort();
     return;
   }
   try {
@@ -101,7 +101,7 @@ void ConfigSaver::Write(const std::filesystem::path& path, bool report) {
   file.Complete();
   main.Timer2.Enabled = true;
   SwitchEchoOn();
-  main.DirectPortMode = false;
+  main.ReleasePort();
   ReportWritten = true;
 }
 
@@ -224,7 +224,7 @@ void ConfigSaver::Fail(const std::string& why) {
     // Nobody is there whose echo could be off.
   }
   run.Sleep(100);
-  main.DirectPortMode = false;
+  main.ReleasePort();
   main.PortTimedOut = false;
   run.ShowStatus("");
   if (!why.empty()) {

@@ -73,7 +73,7 @@ void ConfigSender::SendConfigLines(bool checkUnit) {
     // The watchdog, or the loss of the port, has told the user.
   }
   connection.StopPortTimeout();
-  main.DirectPortMode = false;
+  main.ReleasePort();
   run.ReadRadioAgain();
 }
 
@@ -158,19 +158,19 @@ void ConfigSender::CheckUnit(std::string& line) {
 
 void ConfigSender::ProgramFromFile(const std::filesystem::path& path) {
   bool loaded = false;
-  main.DirectPortMode = true;
+  main.HoldPort();
   LoadConfigLines({}, true, loaded);
   SendConfigLines(false);
   // Without a port there is nobody to send to, or to ask a unit number for.
   if (main.LinkLetGo || !platform.MSComm1.PortOpen()) {
-    main.DirectPortMode = false;
+    main.ReleasePort();
     return;
   }
   // The first stage may have ended in its failure path.
-  main.DirectPortMode = true;
+  main.HoldPort();
   LoadConfigLines(path, false, loaded);
   SendConfigLines(true);
-  main.DirectPortMode = false;
+  main.ReleasePort();
   run.ReadRadioAgain();
 }
 

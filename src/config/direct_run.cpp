@@ -18,7 +18,7 @@ DirectRun::DirectRun(Platform& machine, frmOrvalent& window, Connection& link,
     : platform(machine), main(window), connection(link), radio(conversation) {}
 
 void DirectRun::Begin() {
-  main.DirectPortMode = true;
+  main.HoldPort();
   main.PortTimedOut = false;
 }
 

@@ -173,6 +173,16 @@ bool Conversation::SwitchEcho(bool on, std::string_view afterReturn) {
   return false;
 }
 
+void Conversation::LeaveEchoOn() {
+  if (link.EchoIsOff && Open()) Say("eeco");
+  link.EchoIsOff = false;
+}
+
+void Conversation::BeginLink() {
+  link.EchoIsOff = false;
+  Restart();
+}
+
 void Conversation::Restart() {
   ++epoch;
   due = 0;

@@ -136,7 +136,13 @@ class Conversation {
   // did. Without an answer it is True after "deco" and as before after "eeco".
   bool SwitchEcho(bool on, std::string_view afterReturn = "");
 
+  // Before the end of a link: says "eeco" when the echo may be off; the answer is not waited for.
+  void LeaveEchoOn();
+
   // --- The link ---
+
+  // The port is about to be opened: Restart, and the radio is taken to echo.
+  void BeginLink();
 
   // The port was opened or closed: nothing is due any more, and runs of before are over.
   void Restart();

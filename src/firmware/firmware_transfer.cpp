@@ -55,7 +55,7 @@ void FirmwareTransfer::ForceSettings() {
 }
 
 std::string FirmwareTransfer::SendFile(const std::filesystem::path& path) {
-  session.TransferStop = false;
+  session.BeginTransfer();
   progress = std::make_shared<frmProgram>(platform, session);
   const AtEnd stopped([this] { progress->Stop(); });
   progress->Caption = "Downloading Firmware to the radio...";

@@ -155,7 +155,7 @@ void FirmwareUpgrade::Judge(LoaderTalk& loader, const std::string& missing,
 
 void FirmwareUpgrade::EndSession() {
   EnableEntries(true);
-  session.TransferStop = true;
+  session.StopTransfer();
   RestoreSettings(platform.MSComm1, sessionSettings);
   main.pnl_Settings.Text = "Settings: " + platform.MSComm1.Settings();
   connection.DisconnectRadio();
@@ -165,7 +165,7 @@ void FirmwareUpgrade::EndSession() {
 
 // The line must not stay at the loader's rate: the next connect would get no answer.
 void FirmwareUpgrade::GiveUp(const SerialError& error) {
-  session.TransferStop = true;
+  session.StopTransfer();
   main.ShowCommStatus = true;
   RestoreSettings(platform.MSComm1, sessionSettings);
   main.pnl_Settings.Text =

@@ -32,13 +32,13 @@ void frmProgram::ShowBytes(std::int64_t sent, std::int64_t length, Duration elap
 }
 
 void frmProgram::Stop() {
-  session.TransferStop = true;
+  session.StopTransfer();
   Unload();
 }
 
 void frmProgram::Form_Activate() {
   AlwaysOnTop = true;
-  session.TransferStop = false;
+  session.BeginTransfer();
 }
 
 void frmProgram::Form_Deactivate() {

@@ -30,7 +30,7 @@ bool LoaderEntry::Enter(const std::string& newVersion, const std::string& note) 
   if (!Contains(session.RxBuffer, question)) return true;
   if (!UserConfirms(newVersion, note)) {
     radio.Say("NO");
-    session.TransferStop = true;
+    session.StopTransfer();
     return false;
   }
   radio.Say("YES");

@@ -71,8 +71,7 @@ void Connection::Open() {
 void Connection::OpenAndWake() {
   SerialPort& port = platform.MSComm1;
   if (port.PortOpen()) SendClos();
-  main.EchoIsOff = false;
-  radio.Restart();
+  radio.BeginLink();
   port.SetPortOpen(!port.PortOpen());
   main.mnuOpen.Checked = port.PortOpen();
   if (!port.PortOpen()) {
@@ -116,14 +115,14 @@ void Connection::AwaitPrompt() {
   radio.AwaitText(Seconds(4), [this] { return Contains(session.RxBuffer, ">"); });
   if (!platform.MSComm1.PortOpen()) return;
   if (Contains(session.RxBuffer, "LOADER>")) {
-    session.RefreshRequested = false;
+    session.DropRead();
     platform.Dialogs.Message(
         {"ERROR - This radio needs software!\r\rUse the 'Radio Firmware Upgrade' option to upload "
          "a .s28 firmware file to the radio.\r\rVisit the Kelvor website to obtain the most recent "
          "release of firmware.",
          "Radio Error", Icon::Critical});
   } else {
-    session.RefreshRequested = true;
+    session.AskForRead();
   }
 }
 
@@ -152,9 +151,7 @@ void Connection::WakeLink() {
 }
 
 void Connection::SendClos() {
-  // A radio must not be left without its echo. Its answer is not waited for.
-  if (main.EchoIsOff) radio.Say("eeco");
-  main.EchoIsOff = false;
+  radio.LeaveEchoOn();
   radio.Say("CLOS");
   main.txtTerm.Text = main.txtTerm.Text() +
                       "*** CLOS command sent to the radio before disabling the COMM port. ***\r\n";
@@ -166,7 +163,7 @@ void Connection::DisconnectRadio() {
   StopPortTimeout();
   main.ConnectCancelled = true;
   // The user has disconnected: the reconnect that was to follow is dropped.
-  session.RestoreLinkFailed = false;
+  session.DropReconnect();
   main.txtTerm.Text = "";
   try {
     if (platform.MSComm1.PortOpen()) SendClos();
@@ -177,7 +174,7 @@ void Connection::DisconnectRadio() {
   ShowDisconnected();
   main.txtTerm.Text = main.txtTerm.Text() + "Disconnected";
   main.pnl_Status.Text = "Status: ";
-  main.DirectPortMode = false;
+  main.ReleasePort();
   main.NotConnected = true;
 }
 
@@ -192,7 +189,7 @@ void Connection::LogoutRadio() {
 
 void Connection::ButtonRefresh_Click() {
   if (platform.MSComm1.PortOpen()) {
-    session.RefreshRequested = true;
+    session.AskForRead();
   } else {
     ConnectRadio();
   }

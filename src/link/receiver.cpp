@@ -119,7 +119,6 @@ void Receiver::ReportError(const std::string& wording) {
   // A port that closed itself is gone for any answer.
   if (answer == Answer::Cancel || !platform.MSComm1.PortOpen()) {
     connection.DisconnectRadio();
-    main.NotConnected = true;
     platform.MSComm1.SetPortOpen(false);
   }
   main.Timer2.Enabled = true;

@@ -41,7 +41,7 @@ void MainTimer::Timer1_Timer() {
 void MainTimer::OneSecond() {
   main.pnl_ConnectTime.Text = ClockText(platform.Events.LocalSeconds() - main.ConnectStart) + " ";
   if (session.RestoreLinkFailed) {
-    session.RestoreLinkFailed = false;
+    session.DropReconnect();
     if (CloseRestoreWindow) CloseRestoreWindow();
     connection.mnuOpen_Click();
     return;
@@ -76,7 +76,7 @@ void MainTimer::KeepAlive() {
   }
   main.NextKeepAlive = platform.Events.Now() + keepAliveInterval;
   if (main.KeepAliveCount == keepAliveLimit) {
-    session.RefreshRequested = true;
+    session.AskForRead();
   } else {
     radio.Say("");
     ++main.KeepAliveCount;

@@ -107,7 +107,7 @@ ReadCycle::ReadCycle(Platform& machine, Session& shared, frmOrvalent& window, Co
     : platform(machine), session(shared), main(window), connection(link), radio(conversation) {}
 
 void ReadCycle::Run() {
-  session.RefreshRequested = false;
+  session.DropRead();
   const int began = radio.Epoch();
   if (!CheckRadio()) return;
   for (const ReadRow& read : reads) {

@@ -37,7 +37,7 @@ frmRestore::frmRestore(Platform& machine, Session& shared, frmOrvalent& window,
       loader(machine, shared, *this, *this),
       saver(machine, shared, *this, link, *this) {
   Caption = "Configuration Store/Restore";
-  session.RestoreLinkFailed = false;
+  session.DropReconnect();
   session.RxBuffer = " ";
   LayOut();
   ApplyRevision(session.SoftwareRevision);
@@ -89,7 +89,7 @@ void frmRestore::Form_Unload() {
   link.Close();
   main.Enabled = true;
   main.SetFocus();
-  session.RefreshRequested = true;
+  session.AskForRead();
   // The main window has lost its link meanwhile and shows so; only a connect may open the port.
   if (main.NotConnected) return;
   try {
@@ -248,7 +248,7 @@ void frmRestore::ProgramSelected() {
 
 void frmRestore::SaveConfiguration() {
   ReadIdle = false;
-  session.RefreshRequested = true;
+  session.AskForRead();
   platform.Events.Pump();
   const auto path = saver.ChooseFile();
   if (path && Loaded()) SaveTo(*path);

@@ -112,7 +112,7 @@ bool RestoreLink::AwaitPrompt(const LossTeller& lost) {
       {"There was an error communicating with the radio. Please reconnect and try again", "Error",
        Icon::Exclamation, Buttons::Ok, details});
   // While the box was up, the main window may have closed this one and connected anew.
-  if (window.Loaded()) session.RestoreLinkFailed = true;
+  if (window.Loaded()) session.AskForReconnect();
   throw RestoreLinkLost{};
 }
 

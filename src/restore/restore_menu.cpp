@@ -47,7 +47,7 @@ void RestoreMenu::mnuConfigRestore_Click() {
   }
   WithLinkErrors(platform.Dialogs, [this] {
     if (platform.MSComm1.PortOpen() && !MayBeOpened()) {
-      session.RefreshRequested = true;
+      session.AskForRead();
       return;
     }
     ShowWindow();

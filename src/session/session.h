@@ -32,41 +32,78 @@ bool HasVersionForm(std::string_view version);
 // Its first, third and last character.
 Revision RevisionOf(std::string_view version);
 
-// The values that every window shares; they live for the whole run.
-struct Session {
-  ReceivedText RxBuffer;
-  Revision SoftwareRevision;
-  std::string InstalledFirmwareVersion;  // five characters, such as 3.2.0
-  bool RefreshRequested = false;         // the next tick reads the radio
-  bool InSetupMode = false;              // the radio answers with "SETUP>"
-  bool RestoreLinkFailed = false;        // the store and restore window lost the radio
-  bool TransferStop = false;             // the progress window closes, what it shows stops
-  bool SplashAboutMode = false;
-  bool PortChanged = false;  // the set-up window stored a port
-  bool LocalEcho = false;
+// A flag that all may read and that only its owner changes, by a verb. It begins as False.
+template <class Owner>
+class FlagOf {
+ public:
+  operator bool() const { return raised; }  // NOLINT(google-explicit-constructor)
 
+ private:
+  friend Owner;
+  bool raised = false;
+};
+
+// What the user wants to be kept between runs. Written by prefs/; PassEnabled also by the window
+// that sets the radio's password.
+struct StoredPreferences {
   bool ConnectOnLaunch = false;
   bool KeepAlive = true;
   bool LogoutOnQuit = true;
   bool PassEnabled = false;
 };
 
+// The values that every window shares; they live for the whole run.
+struct Session : StoredPreferences {
+  // --- What the radio says. Written by the conversation and the read cycle ---
+  ReceivedText RxBuffer;
+  Revision SoftwareRevision;
+  std::string InstalledFirmwareVersion;  // five characters, such as 3.2.0
+  bool InSetupMode = false;              // it answers with "SETUP>"; access/ sets it in advance
+
+  // --- What the main window's timer does at its next tick. Asked for anywhere ---
+  FlagOf<Session> RefreshRequested;  // read the radio
+  void AskForRead() { RefreshRequested.raised = true; }
+  void DropRead() { RefreshRequested.raised = false; }  // it begins, or there is nothing to read
+  FlagOf<Session> RestoreLinkFailed;  // connect again: the store and restore window lost the radio
+  void AskForReconnect() { RestoreLinkFailed.raised = true; }
+  void DropReconnect() { RestoreLinkFailed.raised = false; }
+
+  // --- A firmware transfer. Written by firmware/ ---
+  FlagOf<Session> TransferStop;  // its window closes, and what that shows stops
+  void BeginTransfer() { TransferStop.raised = false; }
+  void StopTransfer() { TransferStop.raised = true; }
+
+  // --- Windows ---
+  bool SplashAboutMode = false;  // the splash window is up as About box; written by start/
+  bool PortChanged = false;      // written by the set-up window when it stores a port
+  bool LocalEcho = false;        // the terminal also shows typed keys by itself; always False
+};
+
 // The main window's part of the link's state.
 struct LinkState {
-  bool ShowCommStatus = true;           // comm events may write the status panel
-  bool TerminalEcho = true;             // received text goes into the terminal
-  bool DiscardReceived = false;         // received text is thrown away
-  bool EchoIsOff = false;               // the radio's, by our own "deco"
-  bool LinkLetGo = false;               // the user closed it: a run that is under way ends with it
-  bool NotConnected = false;            // the last connect failed, or the user closed the link
-  bool ConnectCancelled = false;        // stop the wake attempt
-  bool ConnectOnLaunchPending = false;  // the first tick connects
-  bool LoginProbePending = false;       // the read cycle must find out who is logged in
-  bool DirectPortMode = false;          // a scripted run reads the port itself
-  bool PortTimedOut = false;            // the watchdog of a scripted run has fired
-  int KeepAliveCount = 0;               // carriage returns sent to keep the link alive
-  Duration NextKeepAlive{};             // monotonic
-  std::int64_t ConnectStart = 0;        // local seconds; 0 before the first connect
+  // --- Written by the connection ---
+  bool NotConnected = false;       // the last connect failed, or the user closed the link
+  bool ConnectCancelled = false;   // stop the wake attempt
+  bool DiscardReceived = false;    // received text is thrown away
+  bool TerminalEcho = true;        // received text goes into the terminal
+  bool LoginProbePending = false;  // the read cycle must find out who is logged in, and clears it
+  std::int64_t ConnectStart = 0;   // local seconds; 0 before the first connect
+  Duration NextKeepAlive{};        // monotonic; moved on by the main window's timer
+  int KeepAliveCount = 0;          // carriage returns that this timer has sent
+  bool ConnectOnLaunchPending = false;  // set at the start; its first tick connects
+
+  // --- Written by the conversation ---
+  bool EchoIsOff = false;  // the radio's, by our own "deco"
+
+  // --- Scripted runs ---
+  FlagOf<LinkState> DirectPortMode;  // one reads the port itself
+  void HoldPort() { DirectPortMode.raised = true; }
+  void ReleasePort() { DirectPortMode.raised = false; }
+  bool PortTimedOut = false;  // their watchdog has fired; they clear it
+  bool LinkLetGo = false;     // the user closed the link: the run that is under way ends with it
+
+  // --- Written by the firmware upgrade ---
+  bool ShowCommStatus = true;  // comm events may write the status panel
 };
 
 }  // namespace quillmark

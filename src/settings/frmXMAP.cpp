@@ -49,7 +49,7 @@ void frmXMAP::ProgramButton_Click() {
   std::string map;
   for (auto box = Check1.rbegin(); box != Check1.rend(); ++box) map += box->Checked() ? '1' : '0';
   Send("xmap " + BinToHex(map));
-  session.RefreshRequested = true;
+  session.AskForRead();
   Unload();
 }
 

@@ -20,7 +20,7 @@ OptionRows::OptionRows(Platform& machine, Session& shared, frmOrvalent& window,
 void OptionRows::Wire() {
   const auto show = [this](const std::shared_ptr<Form>& form) {
     platform.Windows.ShowModal(form, main);
-    session.RefreshRequested = true;
+    session.AskForRead();
   };
   main.DTYPE.OnClick = [this, show] {
     show(std::make_shared<frmDTYPEOptions>(platform, main, radio));

@@ -131,7 +131,7 @@ void SettingProgrammer::Talk(const Control* entry, std::function<void()> act) {
 
 void SettingProgrammer::Program(const std::string& command, std::string_view awaited) {
   radio.CommandExchange(command, awaited, timeOut);
-  session.RefreshRequested = true;
+  session.AskForRead();
 }
 
 void SettingProgrammer::ShowSync_Click() {

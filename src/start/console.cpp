@@ -227,9 +227,7 @@ bool Console::LogOutAndDrain() {
 
 void Console::SendLogout() {
   try {
-    // The answer is not waited for.
-    if (platform.MSComm1.PortOpen() && main->EchoIsOff) radio.Say("eeco");
-    main->EchoIsOff = false;
+    radio.LeaveEchoOn();
     // A loader would take it for a part of the firmware.
     if (!session.LogoutOnQuit || upgrade.Loading()) return;
     if (!platform.MSComm1.PortOpen()) platform.MSComm1.SetPortOpen(true);

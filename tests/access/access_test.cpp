@@ -71,7 +71,7 @@ TEST_F(AccessTest, NothingIsReadWhileALoginIsOpen) {
   StartConnected();
   EXPECT_EQ(InWindow("mnuAccessCode", "frmLogin",
                      [&] {
-                       Shared().RefreshRequested = true;
+                       Shared().AskForRead();
                        Run(Seconds(600));
                        EXPECT_TRUE(Click("cmdCancel"));
                      }),

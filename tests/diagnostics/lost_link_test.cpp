@@ -81,7 +81,7 @@ TEST_F(LostLinkTest, AnHourOfPollingTakesNoMoreRoom) {
   Line().SetLogLimit(65536);
   InZoneData([&] {
     const std::size_t controls = As<Form>("frmZoneData").Controls().size();
-    Shared().RefreshRequested = true;  // waits
+    Shared().AskForRead();  // waits
     std::size_t longest = 0;
     for (int minute = 0; minute < 60; ++minute) {
       Run(Seconds(60));

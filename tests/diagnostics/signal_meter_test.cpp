@@ -28,7 +28,7 @@ TEST_F(SignalMeterTest, TheLevelIsShownLiveAndACarriageReturnEndsIt) {
                        Run(Milliseconds(400));
                        EXPECT_EQ(Bar(), 110);
                        // Half an hour: the reports go on, and no keep-alive ends them.
-                       Shared().RefreshRequested = true;
+                       Shared().AskForRead();
                        Run(Seconds(1800));
                        Radio().SetRssi(-61);
                        Run(Milliseconds(400));

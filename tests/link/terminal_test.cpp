@@ -59,7 +59,7 @@ TEST_F(TerminalTest, TheFlagsThatGuardTheBox) {
   EXPECT_EQ(Shared().RxBuffer.View(), "  ");
   EXPECT_EQ(FileText(log), "hidden\r\n ");
   Main().DiscardReceived = false;
-  Main().DirectPortMode = true;
+  Main().HoldPort();
   RadioSays("for a script");
   EXPECT_EQ(FileText(log), "hidden\r\n ");
   EXPECT_EQ(Port().Input(), "for a script");

@@ -73,7 +73,7 @@ TEST_F(ReadCycleTest, TheCommandsByRevisionAndMode) {
 
 TEST_F(ReadCycleTest, TheLineOfAWholeReadAndItsRows) {
   StartConnected({.Mode = 'M'});
-  Shared().RefreshRequested = true;
+  Shared().AskForRead();
   const Duration began = Now();
   ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
   // Every exchange in one: nothing in front, one carriage return behind, no line feed.
@@ -224,11 +224,11 @@ TEST_F(ReadCycleTest, TheTickKeepsTheLinkAlive) {
   Run(Seconds(500));
   EXPECT_EQ(Sent(), "");
   Shared().KeepAlive = true;
-  Main().DirectPortMode = true;
-  Shared().RefreshRequested = true;
+  Main().HoldPort();
+  Shared().AskForRead();
   Run(Seconds(500));
   EXPECT_EQ(Sent(), "");
-  Main().DirectPortMode = false;
+  Main().ReleasePort();
   Run(Seconds(10));
   EXPECT_EQ(ReadCycles(), 4);
 }

@@ -80,7 +80,7 @@ TEST_F(RestoreLoad, LinesBecomeRows) {
       LoadText("");
       EXPECT_EQ(EnabledBoxes(), "");
     });
-    Shared().RefreshRequested = false;
+    Shared().DropRead();
   }
 }
 
@@ -113,7 +113,7 @@ TEST_F(RestoreLoad, OneNoticeForAFileOfAnOlderRadio) {
       LoadText(each.Lines);
       EXPECT_EQ(Loaded(), "pwr=PWR 21+");
     });
-    Shared().RefreshRequested = false;
+    Shared().DropRead();
   }
 }
 

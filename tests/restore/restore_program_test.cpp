@@ -51,7 +51,7 @@ TEST_F(RestoreProgram, TheBytesInTheirOrder) {
       for (RestoreRowControls& row : Window().Rows) row.Check.Checked = true;
       EXPECT_EQ(Programmed(), each.Sent);
     });
-    Shared().RefreshRequested = false;
+    Shared().DropRead();
   }
 }
 

@@ -205,7 +205,7 @@ TEST_F(RestoreWindow, NoPortNoReadButAWayOut) {
       "There was an error communicating with the radio. Please reconnect");
   InWindow([&] {
     Port().FailOpening(1);
-    Shared().RestoreLinkFailed = true;
+    Shared().AskForReconnect();
   });
   EXPECT_FALSE(Shared().RestoreLinkFailed);
   EXPECT_TRUE(Enabled("tbr_Connect"));

@@ -61,7 +61,7 @@ void WindowPictures::TakeRestoreWindow() {
   console.Main().mnuConfigRestore.Click();
   dialogs.FileToOpen.reset();
   // Nothing was programmed, so that no read is needed.
-  console.Shared().RefreshRequested = false;
+  console.Shared().DropRead();
 }
 
 }  // namespace quillmark

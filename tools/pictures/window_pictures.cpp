@@ -256,7 +256,7 @@ void WindowPictures::TakeModal(const char* formName, const std::string& name,
   look.start(modalLook);
   open();
   // Nothing was programmed, so that no read is needed.
-  console.Shared().RefreshRequested = false;
+  console.Shared().DropRead();
 }
 
 void WindowPictures::TakeShown(const char* formName, const std::string& name,
@@ -266,7 +266,7 @@ void WindowPictures::TakeShown(const char* formName, const std::string& name,
   if (form == nullptr) return;
   Picture(*form, name);
   Leave(*form);
-  console.Shared().RefreshRequested = false;
+  console.Shared().DropRead();
 }
 
 void WindowPictures::TakeBox(const std::string& name, Answer answer,

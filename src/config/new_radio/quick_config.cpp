@@ -99,7 +99,7 @@ void QuickConfig::ProgramRole(const Role& role, const Entries& entries) {
   } catch (const SerialError&) {
     // The loss of the port has told the user.
   }
-  main.DirectPortMode = false;
+  main.ReleasePort();
   run.ReadRadioAgain();
 }
 
@@ -108,12 +108,12 @@ void QuickConfig::ClearUnit(const Role& role) {
   if (role.StatusFirst) run.ShowStatus(status);
   run.ShowTitle("PROGRAMMING.");
   if (!role.StatusFirst) run.ShowStatus(status);
-  main.DirectPortMode = true;
+  main.HoldPort();
   bool loaded = false;
   sender.LoadConfigLines({}, true, loaded);
   sender.SendConfigLines(false);
   // Its failure path gives the line away, but the role still follows.
-  main.DirectPortMode = true;
+  main.HoldPort();
 }
 
 void QuickConfig::SendRole(const Role& role, const Entries& entries) {
