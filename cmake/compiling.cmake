@@ -81,14 +81,13 @@ function(quillmark_program name)
   quillmark_compile(${name} LINK ${arg_LINK} PRECOMPILE ${arg_PRECOMPILE})
 endfunction()
 
-# quillmark_uses_qt(target [RESOURCES]): moc, uic and rcc for a target.
-# The resources belong to programs: the linker would drop them from a static library.
+# quillmark_uses_qt(target [RESOURCES] [FORMS form.ui...]): moc and rcc for a target, uic for its
+# forms. The resources belong to programs: the linker would drop them from a static library.
 function(quillmark_uses_qt target)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "RESOURCES" "" "")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "RESOURCES" "" "FORMS")
   set_target_properties(${target} PROPERTIES
-    AUTOMOC ON AUTOUIC ON AUTORCC ON
-    AUTOGEN_ORIGIN_DEPENDS OFF  # no generator reads what a library of ours has built
-    AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/src/qt/forms")
+    AUTOMOC ON AUTORCC ON
+    AUTOGEN_ORIGIN_DEPENDS OFF)  # no generator reads what a library of ours has built
   target_compile_definitions(${target} PRIVATE QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
 
   # Generated code is not ours to mend.
@@ -99,4 +98,29 @@ function(quillmark_uses_qt target)
   if(arg_RESOURCES)
     target_sources(${target} PRIVATE "${CMAKE_SOURCE_DIR}/src/qt/resources.qrc")
   endif()
+  if(arg_FORMS)
+    quillmark_forms(${target} ${arg_FORMS})
+  endif()
+endfunction()
+
+# quillmark_forms(target form.ui...): turns each form into ui_NAME.h, for the sources of that target.
+# AUTOUIC is not used: it declares another path for these headers than the one it writes to, so the
+# build does not see that a header is new, and the program gets a changed form one build too late.
+# A rule for each header names the file that it writes. The target <target>_forms makes them alone.
+function(quillmark_forms target)
+  set(folder "${CMAKE_CURRENT_BINARY_DIR}/${target}_forms")
+  file(MAKE_DIRECTORY "${folder}")
+  foreach(form IN LISTS ARGN)
+    cmake_path(GET form STEM name)
+    set(header "${folder}/ui_${name}.h")
+    add_custom_command(OUTPUT "${header}" DEPENDS "${form}" VERBATIM
+                       COMMAND Qt6::uic --output "${header}" "${form}"
+                       COMMENT "Making ui_${name}.h")
+    list(APPEND headers "${header}")
+  endforeach()
+  set_source_files_properties(${headers} PROPERTIES SKIP_AUTOGEN ON)
+  target_sources(${target} PRIVATE ${headers})
+  target_include_directories(${target} SYSTEM PRIVATE "${folder}")
+  add_custom_target(${target}_forms DEPENDS ${headers})
+  add_dependencies(${target} ${target}_forms)
 endfunction()

@@ -15,7 +15,7 @@ prepare() {
   local generators
   cmake --preset dev || return 1
   mapfile -t generators < <(ninja -C build/dev -t targets all |
-                            sed -n 's/^\([^ :/]*_autogen\): .*/\1/p')
+                            sed -nE 's/^([^ :/]*_(autogen|forms)): .*/\1/p')
   [ ${#generators[@]} -eq 0 ] || ninja -C build/dev "${generators[@]}"
 }
 if ! prepare >"$work/prepare.log" 2>&1; then
