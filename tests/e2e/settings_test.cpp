@@ -5,13 +5,9 @@
 #include <QLineEdit>
 #include <algorithm>
 
-#include "access/frmLogin.h"
-#include "access/frmSetPass.h"
-#include "access/frmSetup.h"
 #include "e2e/program_fixture.h"
-#include "prefs/frmPreferences.h"
+#include "qt/window_forms.h"
 #include "settings/frmDLINKOptions.h"
-#include "settings/frmDTYPEOptions.h"
 
 namespace quillmark {
 namespace {
@@ -87,38 +83,32 @@ TEST_F(Program, TheTabKeyFollowsTheEye) {
   Prefer("False");
   BoxAnswerer boxes;
   Launch();
-  frmOrvalent& main = console->Main();
-  Session& session = console->Shared();
-  Conversation& talk = console->Talk();
-  main.DLINK.Text = "DLINK 19200 (OFF)";
-  const auto code = frmLogin::Command::Code;
+  console->Main().DLINK.Text = "DLINK 19200 (OFF)";
   struct Case {
-    std::shared_ptr<Form> Shown;
+    const char* Window;
     const char* Order;
   };
   const Case cases[] = {
-      {std::make_shared<frmLogin>(*platform, main, talk, code),
-       "txtPassword NoneButton cmdOK cmdCancel"},
-      {std::make_shared<frmSetPass>(*platform, session, main, talk),
-       "PassRadio_1 OKButton CancelButton"},
-      {std::make_shared<frmSetup>(*platform, session, main, talk),
-       "RxFrequency TxFrequency Key ExitButton"},
-      {std::make_shared<frmDTYPEOptions>(*platform, main, talk),
-       "NodeButton CancelButton RootButton"},
-      {std::make_shared<frmPreferences>(machine->Store, session, main.txtTerm),
+      {"frmLogin", "txtPassword NoneButton cmdOK cmdCancel"},
+      {"frmSetPass", "PassRadio_1 OKButton CancelButton"},
+      {"frmSetup", "RxFrequency TxFrequency Key ExitButton"},
+      {"frmDTYPEOptions", "NodeButton CancelButton RootButton"},
+      {"frmPreferences",
        "ConnectOnLaunchCheck KeepAliveCheck LogoutCheck BoldCheck TextColorList "
        "BackgroundColorList OKButton CancelButton"},
-      {std::make_shared<frmDLINKOptions>(*platform, main, talk),
-       "OnOption_1 BaudRate_4 OKButton CancelButton"},
+      {"frmDLINKOptions", "OnOption_1 BaudRate_4 OKButton CancelButton"},
   };
+  WindowForms forms{*platform, *console};
+  std::vector<std::shared_ptr<Form>> all;
   for (const Case& each : cases) {
-    machine->Shown.Show(each.Shown);
-    QWidget* shown = machine->Shown.WindowOf(*each.Shown);
+    all.push_back(forms.Make(each.Window));
+    machine->Shown.Show(all.back());
+    QWidget* shown = machine->Shown.WindowOf(*all.back());
     ASSERT_TRUE(Until([&] { return QApplication::activeWindow() == shown; }, 2));
-    EXPECT_EQ(TabOrder(*shown), each.Order) << each.Shown->Name();
+    EXPECT_EQ(TabOrder(*shown), each.Order) << each.Window;
   }
   // The arrow keys move among those that exclude each other.
-  auto& dlink = static_cast<frmDLINKOptions&>(*std::rbegin(cases)->Shown);
+  auto& dlink = static_cast<frmDLINKOptions&>(*all.back());
   auto* rate = machine->Shown.WindowOf(dlink)->findChild<QWidget*>("BaudRate_4");
   rate->setFocus();
   Press(*rate, Qt::Key_Down);

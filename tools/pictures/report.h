@@ -41,7 +41,7 @@ class ReportDialogs : public Dialogs {
 std::string RowTable(const frmOrvalent& main);
 
 // Waits until the radio has been read once, prints the rows, leaves pictures of the windows in a
-// folder, and ends the program. Everything given to it outlives it.
+// folder, and ends the program.
 class Report {
  public:
   Report(Console& console, Platform& platform, QtWindows& windows, ReportDialogs& dialogs,

@@ -1,20 +1,20 @@
 #include "pictures/window_pictures.h"
 
 #include <QDir>
-#include <QMenu>
-#include <QPainter>
 #include <QPixmap>
 #include <QTimer>
 #include <QWidget>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 #include "config/presets/frmViewer.h"
 #include "firmware/frmProgram.h"
 #include "pictures/report.h"
 #include "qt/binding/qt_windows.h"
+#include "qt/binding/window_registry.h"
 #include "qt/dialogs/message_window.h"
-#include "qt/text/latin1.h"
 #include "settings/frmSimpleRptrSetup.h"
 #include "settings/frmSimpleXMAP.h"
 #include "start/console.h"
@@ -29,9 +29,6 @@ constexpr Duration settleTime = Milliseconds(60);
 // The status bar has come to rest when the timer that clears it is off.
 constexpr Duration longestStatus = Seconds(3);
 
-// A save, a print and the read that follows take some seconds at the slowest rate.
-constexpr Duration longestRun = Seconds(60);
-
 constexpr const char* samplePreset =
     "#PresetFile1\r\n#Name:Sub-remote behind the north ridge\r\n#PresetCaption:North ridge\r\n"
     "\r\nUNIT 1234\r\nMODE R\r\nPWR 30 dBm\r\nBAUD 9600 8N1\r\nADDR 1000\r\n"
@@ -42,15 +39,6 @@ constexpr Duration longestReport = Seconds(5);
 
 constexpr int modalLook = 10;  // ms between looks for a window that is about to open
 
-// For a file name: "Radio Settings 1" as "radio-settings-1".
-std::string FileName(std::string title) {
-  for (char& c : title) {
-    if (c == ' ') c = '-';
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  }
-  return title;
-}
-
 void Click(Form& form, const std::string& name) {
   if (auto* control = dynamic_cast<Clickable*>(form.Find(name))) control->Click();
 }
@@ -59,12 +47,10 @@ void Type(Form& form, const char* name, const char* text) {
   if (auto* box = dynamic_cast<TextBox*>(form.Find(name))) box->UserEdit(text);
 }
 
-// By the button that gives up, where the window has one.
+// As a user does who changes nothing.
 void Leave(Form& form) {
-  for (const char* name :
-       {"cmdCancel", "CancelButton", "CloseButton", "ExitButton", "cmdClose", "Command1"}) {
-    Click(form, name);
-  }
+  const WindowRow* row = WindowNamed(form.Name());
+  if (row != nullptr) Click(form, std::string(row->EscapeClicks));
   if (form.Loaded()) form.UserClose();
 }
 
@@ -94,19 +80,17 @@ bool WindowPictures::Take() {
   TakeRestoreWindow();
   TakePrint();
   TakeProgressWindow();
+  TellMissing();
   return sound;
 }
 
-void WindowPictures::TakeMain() {
-  frmOrvalent& main = console.Main();
-  Picture(main, "quick-tasks");
-  main.ButtonAdv.Click();
-  for (int tab = 1; tab <= static_cast<int>(main.SettingsTab.Tabs.size()); ++tab) {
-    main.SettingsTab.UserSelect(tab);
-    const std::string title = main.SettingsTab.Tabs[static_cast<std::size_t>(tab - 1)];
-    Picture(main, "tab-" + std::to_string(tab) + "-" + FileName(title));
+void WindowPictures::TellMissing() {
+  for (const WindowRow& row : AllWindows()) {
+    const std::string name(row.Name);
+    if (pictured.contains(name)) continue;
+    std::fprintf(stderr, "quillmark-console: there is no picture of %s\n", name.c_str());
+    sound = false;
   }
-  main.ButtonAdv.Click();
 }
 
 void WindowPictures::TakeBoxes() {
@@ -152,7 +136,12 @@ void WindowPictures::TakeAccessWindows() {
       "frmLogin", "encryption-code", [&] { main.mnuEncryptCode.Click(); }, typeSecret);
   TakeShown("frmSetPass", "set-password", [&] { main.mnuSetPass.Click(); });
   TakeBox("box-warning", Answer::Yes, [&] { main.mnuSetupMode.Click(); });
-  TakeShown("frmSetup", "setup-mode", [] {});
+  Form* setup = windows.FormNamed("frmSetup");
+  if (setup == nullptr) return;
+  Picture(*setup, "setup-mode");
+  // Only this button ends the radio's setup mode.
+  Click(*setup, "ExitButton");
+  console.Shared().RefreshRequested = false;
 }
 
 void WindowPictures::TakeConfigurationWindows() {
@@ -166,46 +155,6 @@ void WindowPictures::TakeConfigurationWindows() {
   TakeShown("frmSimpleRptrSetup", "repeater-setup",
             [&] { platform.Windows.Show(std::make_shared<frmSimpleRptrSetup>()); });
   TakePresetMenu();
-}
-
-// A grab of the window lacks what stands over it.
-void WindowPictures::TakePresetMenu() {
-  frmOrvalent& main = console.Main();
-  QWidget* window = windows.WindowOf(main);
-  if (window == nullptr) return;
-  auto* menu = window->findChild<QMenu*>(ToQt(main.mnuPreset.Name()));
-  auto* place = window->findChild<QWidget*>(ToQt(main.cmdPre[0].Name()));
-  Button& preset = main.cmdPre[0];
-  const std::string caption = preset.Text();
-  const double fontSize = preset.FontSize();
-  const bool enabled = preset.Enabled();
-  preset.Text = "North ridge";
-  preset.FontSize = 9;
-  preset.Enabled = true;
-  main.PopupMenu(main.mnuPreset, preset);
-  Settle();
-  QPixmap picture = window->grab();
-  QPainter(&picture).drawPixmap(place->mapTo(window, place->rect().bottomLeft()), menu->grab());
-  menu->hide();
-  preset.Text = caption;
-  preset.FontSize = fontSize;
-  preset.Enabled = enabled;
-  Save(picture, "preset-menu");
-}
-
-void WindowPictures::TakePrint() {
-  frmOrvalent& main = console.Main();
-  dialogs.PdfFile = FileOf("report.pdf");
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, &look, [&] {
-    if (!main.barRun.Visible() || main.barRun.Value() * 3 < main.barRun.Max()) return;
-    look.stop();
-    Picture(main, "run-under-way");
-  });
-  look.start(modalLook);
-  if (!main.cmdPrint.Click()) return;
-  sound = sound && std::filesystem::exists(dialogs.PdfFile);
-  WaitUntil(platform.Events, longestRun, [this] { return !console.Shared().RefreshRequested; });
 }
 
 // As half-way through a firmware file; nothing is sent.
@@ -287,7 +236,10 @@ void WindowPictures::TakeBox(const std::string& name, Answer answer,
 }
 
 void WindowPictures::Picture(const Form& form, const std::string& name) {
-  if (QWidget* window = windows.WindowOf(form)) Picture(*window, name);
+  QWidget* window = windows.WindowOf(form);
+  if (window == nullptr) return;
+  Picture(*window, name);
+  pictured.insert(form.Name());
 }
 
 void WindowPictures::Picture(QWidget& window, const std::string& name) {

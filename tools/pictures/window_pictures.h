@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 
 #include "platform/dialogs.h"
@@ -16,20 +17,22 @@ class Form;
 class QtWindows;
 class ReportDialogs;
 
-// Leaves a picture of every window in a folder, as the windows look while a radio is connected: it
+// Leaves pictures of all windows in a folder, as the windows look while a radio is connected. It
 // opens each as a user would, and closes it again without programming anything. The report makes
-// one. Everything given to it outlives it.
+// one.
 class WindowPictures {
  public:
   WindowPictures(Console& console, Platform& platform, QtWindows& windows, ReportDialogs& dialogs,
                  std::string folder);
 
-  // False when a picture could not be written.
+  // False, with the reason on stderr, when a picture could not be written or a window of the
+  // registry has none.
   bool Take();
 
  private:
   using Prepare = std::function<void(Form&)>;
 
+  void TellMissing();
   void TakeMain();
   void TakeBoxes();
   void TakeOptionWindows();
@@ -61,6 +64,7 @@ class WindowPictures {
   QtWindows& windows;
   ReportDialogs& dialogs;
   std::string folder;
+  std::set<std::string> pictured;  // names of windows
   bool sound = true;
 };
 

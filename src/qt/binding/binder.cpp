@@ -42,8 +42,8 @@ bool TakesActs(const QObject* object) {
 
 }  // namespace
 
-Binder::Binder(Form& boundForm, QWidget& boundWindow, Acts& windowActs)
-    : form(boundForm), window(boundWindow), acts(windowActs) {}
+Binder::Binder(Form& boundForm, QWidget& boundWindow, Acts& windowActs, bool windowPaints)
+    : form(boundForm), window(boundWindow), acts(windowActs), paints(windowPaints) {}
 
 Binder::~Binder() {
   for (const auto& [control, widget] : widgets) const_cast<Control*>(control)->SetView(nullptr);
@@ -68,24 +68,31 @@ bool Binder::TryJoin(Control& control) {
   return true;
 }
 
-// What painted widgets draw has no widgets of its own.
+// What a painted widget draws has no widget of its own.
 void Binder::JoinPainted() {
+  bool found = false;
   for (QWidget* widget : window.findChildren<QWidget*>()) {
     auto* painted = dynamic_cast<PaintedControls*>(widget);
     if (painted == nullptr) continue;
-    const std::size_t problemsBefore = problems.size();
-    for (const std::string& name : painted->Drawn()) {
-      Control* control = form.Find(name);
-      if (control == nullptr) {
-        problems.push_back(name + " is drawn, but has no control");
-        continue;
-      }
-      widgets[control] = widget;
-      shows[control] = [painted, control] { painted->ControlChanged(*control); };
-      control->SetView(this);
-    }
-    if (problems.size() == problemsBefore) painted->Join(form);
+    found = true;
+    JoinDrawn(*painted, *widget);
   }
+  if (!found) problems.emplace_back("no widget paints controls");
+}
+
+void Binder::JoinDrawn(PaintedControls& painted, QWidget& widget) {
+  const std::size_t problemsBefore = problems.size();
+  for (const std::string& name : painted.Drawn()) {
+    Control* control = form.Find(name);
+    if (control == nullptr) {
+      problems.push_back(name + " is drawn, but has no control");
+      continue;
+    }
+    widgets[control] = &widget;
+    shows[control] = [&painted, control] { painted.ControlChanged(*control); };
+    control->SetView(this);
+  }
+  if (problems.size() == problemsBefore) painted.Join(form);
 }
 
 bool Binder::Ignore(Control& control) { return dynamic_cast<Timer*>(&control) != nullptr; }
@@ -112,7 +119,7 @@ void Binder::Join() {
       &Binder::TryJoin<Shape, ColorBlock, &Binder::JoinShape>,
       &Binder::Ignore,
   };
-  JoinPainted();
+  if (paints) JoinPainted();
   for (Control* control : form.Controls()) {
     if (widgets.count(control) != 0) continue;
     if (const auto tip = LockTip(*control)) lockTips[control] = *tip;

@@ -35,6 +35,7 @@ namespace quillmark {
 
 class CaptionLabel;
 class ColorBlock;
+class PaintedControls;
 class RowStack;
 class TerminalView;
 class ValueBox;
@@ -57,7 +58,8 @@ class Acts {
 // then reads the control again. Form, window and acts outlive it.
 class Binder : public QObject, public ControlView {
  public:
-  Binder(Form& form, QWidget& window, Acts& acts);
+  // `paints`: some of the widgets are PaintedControls.
+  Binder(Form& form, QWidget& window, Acts& acts, bool paints = false);
   ~Binder() override;
 
   // Throws std::logic_error with all problems: a control without its widget, a widget of the wrong
@@ -77,6 +79,7 @@ class Binder : public QObject, public ControlView {
   bool TryJoin(Control& control);
   bool Ignore(Control& control);
   void JoinPainted();
+  void JoinDrawn(PaintedControls& painted, QWidget& widget);
 
   void JoinMenuItem(MenuItem& control, QAction& action);
   void JoinMenu(Menu& control, QMenu& menu);
@@ -120,6 +123,7 @@ class Binder : public QObject, public ControlView {
   Form& form;
   QWidget& window;
   Acts& acts;
+  bool paints;
   std::map<const Control*, std::function<void()>> shows;
   std::map<const Control*, QObject*> widgets;
   std::map<const Control*, std::string> lockTips;

@@ -1,17 +1,16 @@
 #include "qt/binding/form_window.h"
 
-#include <QAction>
 #include <QDialog>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMainWindow>
-#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
 
+#include "qt/binding/window_registry.h"
 #include "qt/desktop/form_size.h"
 #include "qt/desktop/qt_event_loop.h"
 #include "qt/text/latin1.h"
@@ -24,29 +23,16 @@ namespace {
 constexpr double helpDistance = 120;  // twips between a dialog and the window that explains it
 constexpr int mouseLook = 20;         // ms between looks for the release of a mouse button
 
-// What Escape does: it clicks the button or the menu entry by which one leaves the window without
-// a change, whatever that is called. False where the window has none.
-bool LeaveByEscape(const QWidget& window) {
-  for (const char* name : {"cmdCancel", "CancelButton", "CloseButton", "cmdClose", "Command1"}) {
-    if (auto* button = window.findChild<QPushButton*>(QLatin1String(name))) {
-      button->click();
-      return true;
-    }
-  }
-  auto* exit = window.findChild<QAction*>(QStringLiteral("mnuExitScreen"));
-  if (exit != nullptr) exit->trigger();
-  return exit != nullptr;
-}
-
 }  // namespace
 
-FormWindow::FormWindow(std::shared_ptr<Form> shownForm, QWidget* shownWindow, QtEventLoop& loop,
-                       std::function<bool()> isBlocked)
+FormWindow::FormWindow(std::shared_ptr<Form> shownForm, const WindowRow& itsRow, QWidget* parent,
+                       QtEventLoop& loop, std::function<bool()> isBlocked)
     : form(std::move(shownForm)),
-      window(shownWindow),
+      row(itsRow),
+      window(MakeWindow(row, parent)),
       events(loop),
       blocked(std::move(isBlocked)),
-      binder(std::make_unique<Binder>(*form, *shownWindow, *this)) {}
+      binder(std::make_unique<Binder>(*form, *window, *this, row.Paints)) {}
 
 FormWindow::~FormWindow() {
   form->SetFormView(nullptr);
@@ -86,12 +72,11 @@ void FormWindow::StayOnTop() {
   window->setWindowFlag(Qt::WindowStaysOnTopHint, form->AlwaysOnTop());
 }
 
-// The form's own size where it has one, the layout's otherwise; in the middle of its owner, or of
-// the screen.
+// A window is never smaller than its layout wants, nor larger than the screen.
 void FormWindow::TakeSize() {
   sizing = true;
   window->ensurePolished();
-  if (form->Width() > 0) {
+  if (row.Size == FirstSize::OfForm) {
     const QSize wanted(ToPixels(form->Width()), ToPixels(form->Height()));
     window->resize(wanted.expandedTo(window->sizeHint()));
   } else {
@@ -108,12 +93,11 @@ void FormWindow::TakeSize() {
   sizing = false;
 }
 
-// A window that helps with a dialog stands to its left, the others in the middle of their owner.
+// Beside an owner that is no dialog there is nothing to explain.
 QPoint FormWindow::PlaceOn(const QRect& screen) const {
   const QWidget* owner = window->parentWidget();
   if (owner == nullptr || !owner->isVisible()) return screen.center() - window->rect().center();
-  const bool helps = window->property("besideOwner").toBool();
-  if (!helps || qobject_cast<const QDialog*>(owner) == nullptr) {
+  if (row.Stands == Place::OverOwner || qobject_cast<const QDialog*>(owner) == nullptr) {
     return owner->geometry().center() - window->rect().center();
   }
   const int left = owner->frameGeometry().left() - ToPixels(helpDistance) - window->width();
@@ -193,17 +177,17 @@ void FormWindow::RunPostponed() {
   });
 }
 
-// A key that no control took. Escape does not leave a dialog without a Cancel button, unless it has
-// nothing but something to look at.
+// A key that no control took. True when the window itself must not see it.
 bool FormWindow::KeyPressed(int key) {
-  if (qobject_cast<QDialog*>(window.data()) == nullptr) {
+  if (row.TakesKeys == Keys::ToForm) {
     Act([this] { form->UserKey(); });
     return false;
   }
   if (key != Qt::Key_Escape) return false;
-  // A picture has nothing to click.
-  if (!LeaveByEscape(*window) && window->findChild<QAbstractButton*>() == nullptr) {
+  if (row.TakesKeys == Keys::EscapeEnds) {
     Act([this] { form->UserClose(); });
+  } else {
+    ClickEscape(row, *window);
   }
   return true;
 }

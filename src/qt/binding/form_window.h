@@ -14,15 +14,18 @@ namespace quillmark {
 
 class QtEventLoop;
 
-// A form on the screen: its window, its binder, its close box, its size. QtWindows makes one when
-// the logic shows a form. It goes when the form is unloaded: hidden at once, deleted when no act of
-// its user is on the stack any more. It keeps its form alive that long.
+struct WindowRow;
+
+// A form on the screen: its window, its binder, its close box, its keys, its size. QtWindows makes
+// one when the logic shows a form. When the form is unloaded, the window is hidden at once and
+// deleted as soon as no act of its user is on the stack. It keeps its form alive that long.
 class FormWindow : public QObject, public FormView, public ControlView, public Acts {
   Q_OBJECT
 
  public:
-  // Takes the window. `blocked` tells whether a modal window stands in the way.
-  FormWindow(std::shared_ptr<Form> form, QWidget* window, QtEventLoop& events,
+  // Draws the window of that row. `parent` may be null. `blocked` tells whether a modal window
+  // stands in the way. Throws std::logic_error when the window lacks what the row names.
+  FormWindow(std::shared_ptr<Form> form, const WindowRow& row, QWidget* parent, QtEventLoop& events,
              std::function<bool()> blocked);
   ~FormWindow() override;
 
@@ -33,6 +36,7 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
   void ShowAgain();
 
   Form& Shown() const { return *form; }
+  const WindowRow& Row() const { return row; }
   QWidget* Window() const { return window.data(); }
 
   void Unloaded(Form& unloaded) override;
@@ -62,6 +66,7 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
   void Die();
 
   std::shared_ptr<Form> form;
+  const WindowRow& row;
   QPointer<QWidget> window;
   QtEventLoop& events;
   std::function<bool()> blocked;

@@ -1,10 +1,12 @@
 #include "qt/binding/qt_windows.h"
 
-#include <QMainWindow>
+#include <QWidget>
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "qt/binding/form_window.h"
+#include "qt/binding/window_registry.h"
 #include "qt/desktop/qt_event_loop.h"
 
 namespace quillmark {
@@ -40,12 +42,12 @@ Form* QtWindows::FormNamed(const std::string& name) const {
 }
 
 std::unique_ptr<FormWindow> QtWindows::Make(const std::shared_ptr<Form>& form, QWidget* parent) {
-  QWidget* drawn = MakeWindow(form->Name(), parent);
-  if (drawn == nullptr) throw std::logic_error("There is no window for " + form->Name());
+  const WindowRow* row = WindowNamed(form->Name());
+  if (row == nullptr) throw std::logic_error("There is no window for " + form->Name());
   // The window asks about itself, so it must know its own address.
   const auto self = std::make_shared<FormWindow*>(nullptr);
-  auto window =
-      std::make_unique<FormWindow>(form, drawn, events, [this, self] { return Blocked(*self); });
+  auto window = std::make_unique<FormWindow>(form, *row, parent, events,
+                                             [this, self] { return Blocked(*self); });
   *self = window.get();
   window->Join();
   return window;
@@ -87,7 +89,7 @@ void QtWindows::NoteActive(FormWindow* window) {
 // A window that is shown beside the main one stays in front of it.
 QWidget* QtWindows::MainWindow() const {
   for (const FormWindow* window : open) {
-    if (qobject_cast<QMainWindow*>(window->Window()) != nullptr) return window->Window();
+    if (window->Row().Main) return window->Window();
   }
   return nullptr;
 }

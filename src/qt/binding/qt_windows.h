@@ -15,8 +15,8 @@ namespace quillmark {
 class FormWindow;
 class QtEventLoop;
 
-// Puts the logic's forms on the screen, each in the window that was drawn for it. The program makes
-// one; it is closed (CloseAll) before the logic dies. The event loop outlives it.
+// Puts the logic's forms on the screen, each in the window that the registry has for it. The
+// program makes one, and closes it (CloseAll) before the logic dies.
 class QtWindows : public QObject, public Windows {
  public:
   explicit QtWindows(QtEventLoop& events);
@@ -30,6 +30,9 @@ class QtWindows : public QObject, public Windows {
   QWidget* WindowOf(const Form& form) const;
   // The form of that name that is shown, or null.
   Form* FormNamed(const std::string& name) const;
+  // The main window, or null as long as it is not shown.
+  QWidget* MainWindow() const;
+  // Deletes all windows.
   void CloseAll();
   // What is wrong with a window, line by line; empty as long as all fit.
   const std::string& Misfit() const { return misfit; }
@@ -37,7 +40,6 @@ class QtWindows : public QObject, public Windows {
  private:
   FormWindow& Open(const std::shared_ptr<Form>& form, QWidget* parent);
   std::unique_ptr<FormWindow> Make(const std::shared_ptr<Form>& form, QWidget* parent);
-  QWidget* MainWindow() const;
   bool Blocked(const FormWindow* asking) const;
   void NoteActive(FormWindow* window);
 
@@ -48,8 +50,5 @@ class QtWindows : public QObject, public Windows {
   std::vector<QPointer<FormWindow>> modal;  // the last is in front
   QPointer<FormWindow> active;
 };
-
-// The window drawn for a form of that name, not yet joined; null when none is.
-QWidget* MakeWindow(const std::string& formName, QWidget* parent);
 
 }  // namespace quillmark

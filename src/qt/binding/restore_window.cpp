@@ -141,7 +141,7 @@ void AddKeys(QDialog& window, const Ui::frmRestore& ui) {
 
 }  // namespace
 
-QWidget* MakeRestoreWindow(QWidget* parent) {
+QWidget* DrawRestoreWindow(QWidget* parent) {
   auto* window = new QDialog(parent);
   Ui::frmRestore ui;
   ui.setupUi(window);

@@ -10,6 +10,7 @@
 #include <QRegularExpression>
 
 #include "platform/event_loop.h"
+#include "qt/binding/window_registry.h"
 #include "qt/desktop/printing.h"
 #include "qt/dialogs/message_window.h"
 #include "qt/text/latin1.h"
@@ -18,13 +19,16 @@ namespace quillmark {
 
 namespace {
 
-// The window that a box belongs to: the topmost of ours, but not the one that closes by itself.
+bool Passes(const QWidget& window) {
+  const WindowRow* row = WindowNamed(FromQt(window.objectName()));
+  return row != nullptr && row->Passes;
+}
+
+// The window that a box belongs to: the topmost of ours, but none that goes away without the user.
 QWidget* OwnerWindow() {
   QWidget* top = QApplication::activeModalWidget();
   if (top == nullptr) top = QApplication::activeWindow();
-  while (top != nullptr && top->objectName() == QLatin1String("frmSplash")) {
-    top = top->parentWidget();
-  }
+  while (top != nullptr && Passes(*top)) top = top->parentWidget();
   return top;
 }
 

@@ -27,9 +27,7 @@ StoreTroubleBoxes::StoreTroubleBoxes(IniPreferenceStore& preferences, const QtWi
 StoreTroubleBoxes::~StoreTroubleBoxes() { store.TellTroubles(nullptr); }
 
 void StoreTroubleBoxes::ShowNext() {
-  if (windows.FormNamed("frmOrvalent") == nullptr || QApplication::activeModalWidget() != nullptr) {
-    return;
-  }
+  if (windows.MainWindow() == nullptr || QApplication::activeModalWidget() != nullptr) return;
   const IniPreferenceStore::Trouble trouble = std::move(waiting.front());
   waiting.pop_front();
   if (waiting.empty()) look.stop();

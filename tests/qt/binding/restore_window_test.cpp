@@ -16,7 +16,7 @@ namespace {
 
 // The row of the radio mode, on the page that is in front.
 struct RestoreWindow : testing::Test {
-  RestoreWindow() : window(MakeRestoreWindow(nullptr)) {
+  RestoreWindow() : window(DrawRestoreWindow(nullptr)) {
     Find<QStackedWidget>("pages").setCurrentIndex(1);
     window->show();
     mark = window->findChild<QWidget*>("ModeCheck")->parentWidget()->findChild<QLabel*>();

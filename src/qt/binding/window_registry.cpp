@@ -1,0 +1,209 @@
+#include "qt/binding/window_registry.h"
+
+#include <QAction>
+#include <QPushButton>
+#include <QWidget>
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "qt/binding/drawn_windows.h"
+#include "qt/binding/main_window.h"
+#include "qt/binding/restore_window.h"
+#include "ui_frmDLINKOptions.h"
+#include "ui_frmDTYPEOptions.h"
+#include "ui_frmLogin.h"
+#include "ui_frmPreferences.h"
+#include "ui_frmProgram.h"
+#include "ui_frmProperties.h"
+#include "ui_frmRSSI.h"
+#include "ui_frmRTUOptions.h"
+#include "ui_frmSetPass.h"
+#include "ui_frmSetup.h"
+#include "ui_frmSimpleRptrSetup.h"
+#include "ui_frmSimpleXMAP.h"
+#include "ui_frmXMAP.h"
+#include "ui_frmZoneData.h"
+#include "ui_frmZoneQuality.h"
+
+namespace quillmark {
+
+namespace {
+
+constexpr WindowRow windows[] = {
+    {
+        .Name = "frmOrvalent",
+        .Draw = DrawMainWindow,
+        .Main = true,
+        .Size = FirstSize::OfForm,
+        .TakesKeys = Keys::ToForm,
+    },
+    {
+        .Name = "frmSplash",
+        .Draw = DrawSplash,
+        .Passes = true,
+        .TakesKeys = Keys::ToForm,
+    },
+    {
+        .Name = "frmPreferences",
+        .Draw = DrawDialog<Ui::frmPreferences>,
+        .DefaultButton = "OKButton",
+        .EscapeClicks = "CancelButton",
+    },
+    {
+        .Name = "frmProperties",
+        .Draw = DrawDialog<Ui::frmProperties>,
+        .DefaultButton = "cmdOK",
+        .EscapeClicks = "cmdCancel",
+    },
+    {
+        .Name = "frmDLINKOptions",
+        .Draw = DrawDialog<Ui::frmDLINKOptions>,
+        .DefaultButton = "OKButton",
+        .EscapeClicks = "CancelButton",
+    },
+    {
+        .Name = "frmDTYPEOptions",
+        .Draw = DrawDialog<Ui::frmDTYPEOptions>,
+        .DefaultButton = "NodeButton",
+        .EscapeClicks = "CancelButton",
+    },
+    {
+        .Name = "frmRTUOptions",
+        .Draw = DrawDialog<Ui::frmRTUOptions>,
+        .DefaultButton = "OKButton",
+        .EscapeClicks = "CancelButton",
+    },
+    {
+        .Name = "frmXMAP",
+        .Draw = DrawDialog<Ui::frmXMAP>,
+        .DefaultButton = "ProgramButton",
+        .EscapeClicks = "CloseButton",
+    },
+    {
+        .Name = "frmSimpleXMAP",
+        .Draw = DrawDialog<Ui::frmSimpleXMAP>,
+        .DefaultButton = "cmdSet",
+        .EscapeClicks = "cmdCancel",
+    },
+    {
+        .Name = "frmSimpleRptrSetup",
+        .Draw = DrawDialog<Ui::frmSimpleRptrSetup>,
+        .Stands = Place::BesideOwner,
+        .TakesKeys = Keys::EscapeEnds,
+    },
+    {
+        .Name = "frmLogin",
+        .Draw = DrawDialog<Ui::frmLogin>,
+        .DefaultButton = "cmdOK",
+        .EscapeClicks = "cmdCancel",
+    },
+    {
+        .Name = "frmSetPass",
+        .Draw = DrawDialog<Ui::frmSetPass>,
+        .DefaultButton = "OKButton",
+        .EscapeClicks = "CancelButton",
+    },
+    {
+        .Name = "frmSetup",
+        .Draw = DrawDialog<Ui::frmSetup>,
+        .DefaultButton = "ExitButton",
+    },
+    {
+        .Name = "frmProgram",
+        .Draw = DrawDialog<Ui::frmProgram>,
+        .EscapeClicks = "Command1",
+    },
+    {
+        .Name = "frmRSSI",
+        .Draw = DrawDialog<Ui::frmRSSI>,
+        .Paints = true,
+        .DefaultButton = "Command1",
+        .EscapeClicks = "Command1",
+    },
+    {
+        .Name = "frmZoneData",
+        .Draw = DrawDialog<Ui::frmZoneData>,
+        .Paints = true,
+        .EscapeClicks = "mnuExitScreen",
+    },
+    {
+        .Name = "frmZoneQuality",
+        .Draw = DrawDialog<Ui::frmZoneQuality>,
+        .Paints = true,
+        .EscapeClicks = "mnuExitScreen",
+    },
+    {
+        .Name = "frmViewer",
+        .Draw = DrawViewer,
+        .DefaultButton = "cmdClose",
+        .EscapeClicks = "cmdClose",
+    },
+    {
+        .Name = "frmRestore",
+        .Draw = DrawRestoreWindow,
+        .EscapeClicks = "CloseButton",
+    },
+};
+
+constexpr bool EachStandsOnce() {
+  return std::ranges::all_of(windows, [](const WindowRow& row) {
+    return std::ranges::count(windows, row.Name, &WindowRow::Name) == 1;
+  });
+}
+static_assert(EachStandsOnce());
+static_assert(std::ranges::count(windows, true, &WindowRow::Main) == 1);
+
+QString ToName(std::string_view name) {
+  return QLatin1String(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+template <class Kind>
+Kind* Find(const QWidget& window, std::string_view name) {
+  return window.findChild<Kind*>(ToName(name));
+}
+
+[[noreturn]] void TellMissing(const WindowRow& row, std::string_view name) {
+  throw std::logic_error("The window " + std::string(row.Name) + " has no " + std::string(name));
+}
+
+void SetDefaultButton(const WindowRow& row, const QWidget& window) {
+  if (row.DefaultButton.empty()) return;
+  auto* button = Find<QPushButton>(window, row.DefaultButton);
+  if (button == nullptr) TellMissing(row, row.DefaultButton);
+  button->setDefault(true);
+}
+
+void CheckEscape(const WindowRow& row, const QWidget& window) {
+  if (row.EscapeClicks.empty() || Find<QPushButton>(window, row.EscapeClicks) != nullptr) return;
+  if (Find<QAction>(window, row.EscapeClicks) == nullptr) TellMissing(row, row.EscapeClicks);
+}
+
+}  // namespace
+
+std::span<const WindowRow> AllWindows() { return windows; }
+
+const WindowRow* WindowNamed(std::string_view name) {
+  const auto* const found = std::ranges::find(windows, name, &WindowRow::Name);
+  return found == std::end(windows) ? nullptr : found;
+}
+
+QWidget* MakeWindow(const WindowRow& row, QWidget* parent) {
+  std::unique_ptr<QWidget> window(row.Draw(parent));
+  SetDefaultButton(row, *window);
+  CheckEscape(row, *window);
+  return window.release();
+}
+
+bool ClickEscape(const WindowRow& row, const QWidget& window) {
+  if (row.EscapeClicks.empty()) return false;
+  if (auto* button = Find<QPushButton>(window, row.EscapeClicks)) {
+    button->click();
+  } else if (auto* entry = Find<QAction>(window, row.EscapeClicks)) {
+    entry->trigger();
+  }
+  return true;
+}
+
+}  // namespace quillmark

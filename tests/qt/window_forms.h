@@ -1,0 +1,80 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "access/frmLogin.h"
+#include "access/frmSetPass.h"
+#include "access/frmSetup.h"
+#include "config/presets/frmViewer.h"
+#include "diagnostics/frmRSSI.h"
+#include "diagnostics/frmZoneData.h"
+#include "diagnostics/frmZoneQuality.h"
+#include "firmware/frmProgram.h"
+#include "link/connection.h"
+#include "link/frmProperties.h"
+#include "platform/platform.h"
+#include "prefs/frmPreferences.h"
+#include "restore/frmRestore.h"
+#include "settings/frmDLINKOptions.h"
+#include "settings/frmDTYPEOptions.h"
+#include "settings/frmRTUOptions.h"
+#include "settings/frmSimpleRptrSetup.h"
+#include "settings/frmSimpleXMAP.h"
+#include "settings/frmXMAP.h"
+#include "start/console.h"
+#include "start/frmSplash.h"
+
+namespace quillmark {
+
+// How the logic makes the form of each window, for tests that go through all windows or show some
+// without the acts that lead there.
+struct WindowForms {
+  quillmark::Platform& Platform;
+  quillmark::Console& Console;
+  frmOrvalent& Main = Console.Main();
+  Session& Shared = Console.Shared();
+  Conversation& Talk = Console.Talk();
+  quillmark::Connection Connection{Platform, Shared, Main, Talk};
+
+  // Null when the table below has no row of that name.
+  std::shared_ptr<Form> Make(const std::string& name) {
+    const auto code = frmLogin::Command::Code;
+    const std::map<std::string, std::function<std::shared_ptr<Form>()>> makers{
+        {"frmOrvalent", [&] { return Main.shared_from_this(); }},
+        {"frmSplash",
+         [&] { return Of<frmSplash>(Platform.Events, Platform.Desktop, Shared, [] {}); }},
+        {"frmPreferences",
+         [&] { return Of<frmPreferences>(Platform.Preferences, Shared, Main.txtTerm); }},
+        {"frmProperties", [&] { return Of<frmProperties>(Platform, Shared, Main, [] {}); }},
+        {"frmDLINKOptions", [&] { return Of<frmDLINKOptions>(Platform, Main, Talk); }},
+        {"frmDTYPEOptions", [&] { return Of<frmDTYPEOptions>(Platform, Main, Talk); }},
+        {"frmRTUOptions", [&] { return Of<frmRTUOptions>(Platform, Main, Talk); }},
+        {"frmXMAP", [&] { return Of<frmXMAP>(Platform, Shared, Main, Talk, "0000000F"); }},
+        {"frmSimpleXMAP", [&] { return Of<frmSimpleXMAP>(Platform, Main, Talk); }},
+        {"frmSimpleRptrSetup", [] { return Of<frmSimpleRptrSetup>(); }},
+        {"frmLogin", [&] { return Of<frmLogin>(Platform, Main, Talk, code); }},
+        {"frmSetPass", [&] { return Of<frmSetPass>(Platform, Shared, Main, Talk); }},
+        {"frmSetup", [&] { return Of<frmSetup>(Platform, Shared, Main, Talk); }},
+        {"frmProgram", [&] { return Of<frmProgram>(Platform, Shared); }},
+        {"frmRSSI", [&] { return Of<frmRSSI>(Platform, Main, Talk); }},
+        {"frmZoneData", [&] { return Of<frmZoneData>(Platform, Main, Talk); }},
+        {"frmZoneQuality", [&] { return Of<frmZoneQuality>(Platform, Main, Talk); }},
+        {"frmViewer", [] { return Of<frmViewer>(); }},
+        {"frmRestore", [&] { return Of<frmRestore>(Platform, Shared, Main, Connection); }},
+    };
+    const auto found = makers.find(name);
+    return found == makers.end() ? nullptr : found->second();
+  }
+
+ private:
+  template <class Made, class... Given>
+  static std::shared_ptr<Form> Of(Given&&... given) {
+    return std::make_shared<Made>(std::forward<Given>(given)...);
+  }
+};
+
+}  // namespace quillmark
