@@ -20,7 +20,18 @@ Machine::Machine(const std::string& device)
 Platform Machine::AsPlatform(Dialogs& dialogs) {
   Screen.TellThrough(dialogs);
   PreferenceStore& kept = Named ? static_cast<PreferenceStore&>(*Named) : Store;
-  return {Events, dialogs, Shown, First, Second, Numbers, kept, Files, Screen, Chance};
+  return {
+      .Events = Events,
+      .Dialogs = dialogs,
+      .Windows = Shown,
+      .MSComm1 = First,
+      .MSComm2 = Second,
+      .Ports = Numbers,
+      .Preferences = kept,
+      .Files = Files,
+      .Desktop = Screen,
+      .Random = Chance,
+  };
 }
 
 bool Machine::PortInUse(int number) const {

@@ -19,7 +19,7 @@ bool FoldersAreSound();
 class Shell {
  public:
   // With a device named, this run uses that one and connects at once. With `boxes` given, those
-  // answer in place of the desktop's; they outlive the shell.
+  // answer in place of the desktop's.
   explicit Shell(const std::string& device, Dialogs* boxes = nullptr);
   // Closes all windows.
   ~Shell();

@@ -1,8 +1,9 @@
 // quillmark-pictures: reads a radio once, prints its rows, leaves a picture of every window in a
-// folder, and ends. It drives the console's own windows and needs no person. It is not installed.
+// folder, and ends. It drives the console's own windows and needs no user. It is not installed.
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <string>
 
 #include "pictures/report.h"
 #include "qt/desktop/theme.h"
@@ -12,6 +13,7 @@ namespace quillmark {
 
 namespace {
 
+// What the command line asks for.
 struct Wanted {
   std::string Folder;
   std::string Port;

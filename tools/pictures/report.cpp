@@ -13,6 +13,7 @@ namespace {
 
 constexpr auto longestReading = std::chrono::seconds(90);
 
+// A row of the settings view.
 struct TextRow {
   double Top;
   std::string Label;

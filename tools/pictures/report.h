@@ -16,7 +16,7 @@ class Console;
 class frmOrvalent;
 class QtWindows;
 
-// For a run without a person: boxes are told on stderr and answered as if they had been closed,
+// For a run without a user. Boxes are told on stderr and answered as if they had been closed,
 // unless they are wanted for their pictures.
 class ReportDialogs : public Dialogs {
  public:

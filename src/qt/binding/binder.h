@@ -40,8 +40,8 @@ class RowStack;
 class TerminalView;
 class ValueBox;
 
-// Where the acts of a window's user go: it decides whether the window takes any now, and calls the
-// logic at its edge.
+// Where the acts of a window's user go. It decides whether the window takes any now, and calls the
+// logic.
 class Acts {
  public:
   virtual void Act(const std::function<void()>& act) = 0;
@@ -54,16 +54,16 @@ class Acts {
 };
 
 // Joins the controls of a form to the widgets of its window by their names. The program sets a
-// control and the widget follows; the user acts on the widget, the control is told, and the widget
-// then reads the control again. Form, window and acts outlive it.
+// control, and the widget follows. The user acts on the widget, the control is told, and the widget
+// then reads the control again.
 class Binder : public QObject, public ControlView {
  public:
   // `paints`: some of the widgets are PaintedControls.
   Binder(Form& form, QWidget& window, Acts& acts, bool paints = false);
   ~Binder() override;
 
-  // Throws std::logic_error with all problems: a control without its widget, a widget of the wrong
-  // kind, a widget for clicking or typing without its control, a lock that does not fit.
+  // Throws std::logic_error that names all problems: a control without its widget, a widget of the
+  // wrong kind, a widget for clicking or typing without its control, a lock that does not fit.
   void Join();
 
   void Changed(Control& control) override;

@@ -67,6 +67,7 @@ void ShowSecrecy(const TextBox& control, QLineEdit& line) {
                                       : QString());
 }
 
+// How the terminal writes.
 struct Style {
   std::uint32_t Ink, Paper;  // &HBBGGRR
   bool Bold;
@@ -117,7 +118,7 @@ void Binder::JoinTerminal(TextBox& control, TerminalView& terminal) {
   });
   Follow(control, [this, &control, &terminal, shown = std::optional<Style>()]() mutable {
     ShowCommon(control, terminal);
-    // It is told of each arrival, and hardly ever of another style.
+    // This runs for each text that arrives. The style rarely changes.
     const Style style{control.ForeColor(), control.BackColor(), control.Bold()};
     if (shown != style) SetStyle(terminal, style);
     shown = style;

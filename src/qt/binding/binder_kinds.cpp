@@ -38,7 +38,7 @@ void ShowFont(const Clickable& control, QWidget& widget) {
   widget.setFont(font);
 }
 
-// The blue of an address gives way to the theme's own colour of links.
+// An address has the theme's own colour of links in place of the logic's blue.
 void ShowColor(const Clickable& control, QWidget& widget) {
   if (control.ForeColor() == 0) return;
   QPalette palette = widget.palette();
@@ -121,7 +121,7 @@ void Binder::JoinLamp(Lamp& control, QToolButton& button) {
 void Binder::JoinButton(Button& control, QPushButton& button) {
   JoinClick(control, button);
   JoinRightClick(control, button);
-  // A caption from a file has no mnemonic.
+  // In a caption from a file "&" is no mnemonic.
   const bool literal = qobject_cast<ElidingButton*>(&button) != nullptr;
   Follow(control, [this, &control, &button, literal] {
     ShowCommon(control, button);
@@ -144,7 +144,7 @@ void Binder::JoinCheckBox(CheckBox& control, QCheckBox& box) {
 }
 
 // The buttons that exclude each other are a group, so that the arrow keys move between them. The
-// controls have the last word: a click that did not reach its control is taken back from all.
+// group shows what the controls say: a click that did not reach its control changes nothing.
 void Binder::JoinOption(OptionButton& control, QRadioButton& button) {
   const QString name = ToQt(control.Name()).section(QLatin1Char('_'), 0, -2);
   auto* group = window.findChild<QButtonGroup*>(name);
@@ -200,7 +200,7 @@ void Binder::JoinLabel(Label& control, CaptionLabel& label) {
     ShowFont(control, label);
     ShowColor(control, label);
     label.setText(InLines(control.Text()));
-    // A label that nothing happens at promises nothing.
+    // A label that can't be clicked has no tool tip.
     if (!control.OnClick) label.setToolTip({});
     label.SetClickable(control.OnClick && !Locked(control));
   });
@@ -237,7 +237,7 @@ void Binder::JoinSlider(Slider& control, QSlider& slider) {
   Follow(control, [this, &control, &slider] {
     ShowCommon(control, slider);
     {
-      // A value that the new bounds push aside is no act of the user's.
+      // When the new bounds change the value, the user has not moved the slider.
       const QSignalBlocker quiet(slider);
       slider.setRange(control.Min(), control.Max());
     }

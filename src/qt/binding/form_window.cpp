@@ -80,7 +80,7 @@ void FormWindow::TakeSize() {
     const QSize wanted(ToPixels(form->Width()), ToPixels(form->Height()));
     window->resize(wanted.expandedTo(window->sizeHint()));
   } else {
-    // It holds itself to a part of the screen, which is too little for a picture.
+    // adjustSize keeps to a part of the screen, which can be too little.
     window->adjustSize();
     window->resize(window->size().expandedTo(window->sizeHint()));
   }
@@ -147,7 +147,7 @@ void FormWindow::Unloaded(Form&) {
   Die();
 }
 
-// The widget whose click is on the stack must outlive it.
+// The widget whose click is on the stack must not be deleted before the click has returned.
 void FormWindow::Die() {
   if (dying && acting == 0) deleteLater();
 }

@@ -11,6 +11,7 @@ namespace quillmark {
 
 namespace {
 
+// A control that is locked, and what will make it work.
 struct Lock {
   std::string_view Control;  // "Form.Control"; a name that ends in "*" stands for all that begin so
   std::string_view What;

@@ -10,7 +10,7 @@ class Control;
 class Form;
 
 // Controls whose feature is not built yet. The view shows them locked, with a tool tip that says
-// so, so that none does nothing in silence. When a feature comes its rows go.
+// so: a control that does nothing says why. A feature that is built takes its rows out.
 
 // What the tool tip of a locked control says; nothing for a control that works, or that a user
 // would not try to click.

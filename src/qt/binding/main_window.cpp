@@ -90,6 +90,7 @@ void HoldSizes(const QMainWindow& window, const Ui::frmOrvalent& ui) {
 }
 
 void AddKeys(QMainWindow& window, const Ui::frmOrvalent& ui) {
+  // A key that clicks a button.
   struct Key {
     const char* Sequence;
     QPushButton* Button;

@@ -105,6 +105,7 @@ void QtWindows::ShowModal(const std::shared_ptr<Form>& form, Form& owner) {
   FormWindow& window = Open(form, WindowOf(owner));
   window.Window()->setWindowModality(Qt::ApplicationModal);
   modal.emplace_back(&window);
+  // Takes the window off the stack, whatever ends the loop.
   struct Ended {
     std::vector<QPointer<FormWindow>>& stack;
     ~Ended() { stack.pop_back(); }

@@ -24,6 +24,7 @@ constexpr int pageCount = 7;
 constexpr int blockCount = 10;
 constexpr int lastPage = pageCount - 1;
 
+// The columns of the table, from the left.
 enum Column { checkColumn, currentColumn, markColumn, newColumn, columnCount };
 
 template <class Widget>
@@ -127,6 +128,7 @@ void FinishToolbar(QToolBar& bar) {
 }
 
 void AddKeys(QDialog& window, const Ui::frmRestore& ui) {
+  // A key that does what a button of the toolbar does.
   struct Key {
     QKeySequence Sequence;
     QAction* Action;

@@ -25,7 +25,7 @@ void Handle(int signal, void (*handler)(int)) {
   sigaction(signal, &action, nullptr);
 }
 
-// Someone who started the program with "nohup" wants it to go on.
+// A user who started the program with "nohup" wants it to go on.
 bool Ignored(int signal) {
   struct sigaction before {};
   return sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_IGN;
@@ -44,7 +44,7 @@ EndSignals::EndSignals(std::function<void()> ended) {
   pipeEnd = ends[1];
   auto* notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [this, ended = std::move(ended)] {
-    // One at a time: a second signal must reach whatever the first one is held up in.
+    // One at a time: a second signal must be read while the first one is still handled.
     char byte = 0;
     if (read(ends[0], &byte, 1) > 0) ended();
   });

@@ -13,7 +13,7 @@ namespace quillmark {
 
 namespace {
 
-// Points; the lines of the body need some air to be read on paper.
+// In points. The lines of the body stand apart, so that they can be read on paper.
 constexpr double titleSize = 14;
 constexpr double bodySize = 10;
 constexpr double smallSize = 8.5;

@@ -28,7 +28,7 @@ QString NameOf(const std::filesystem::path& path) {
   return QFile::decodeName(QByteArray::fromStdString(path.string()));
 }
 
-// The C library knows the paper of a country; Qt only knows inches from millimetres.
+// The C library knows the paper of a country. Qt knows only whether it measures in inches.
 QPageSize UsualPaper() {
   const auto height =
       static_cast<int>(reinterpret_cast<std::intptr_t>(nl_langinfo(_NL_PAPER_HEIGHT)));

@@ -24,12 +24,12 @@ PrintTarget TargetOf(const std::shared_ptr<QPrinter>& printer);
 // or, without such a folder, at home.
 std::filesystem::path SuggestedPdf(const std::filesystem::path& file);
 
-// Prints; tells what went wrong, or nothing. A PDF that fails leaves the file of that name as it
-// was.
+// What went wrong, for the user.
 struct PrintTrouble {
   std::string Text;
   std::string Details;
 };
+// Prints. Nothing when all went well. A PDF that fails leaves the file of that name as it was.
 std::optional<PrintTrouble> PrintReport(const PrintedReport& report, const PrintTarget& target);
 
 }  // namespace quillmark

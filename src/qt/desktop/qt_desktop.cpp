@@ -79,7 +79,11 @@ void QtDesktop::Print(const PrintTarget& target, const std::filesystem::path& fi
                       const std::string& title) {
   const auto trouble = PrintFile(target, file, title);
   if (!trouble || dialogs == nullptr) return;
-  dialogs->Message({trouble->Text, "Print", Icon::Exclamation, Buttons::Ok, trouble->Details});
+  dialogs->Message({.Text = trouble->Text,
+                    .Title = "Print",
+                    .Symbol = Icon::Exclamation,
+                    .Choice = Buttons::Ok,
+                    .Details = trouble->Details});
 }
 
 std::string QtDesktop::ShortDate() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <random>
@@ -11,10 +12,10 @@
 
 namespace quillmark {
 
-// The person's desktop, through Qt. Made once by the program.
+// The user's desktop, through Qt. Made once by the program.
 class QtDesktop : public Desktop {
  public:
-  // Where it tells of trouble; silent without. The dialogs outlive it.
+  // Where it tells of trouble. Without it nothing is told.
   void TellThrough(Dialogs& next) { dialogs = &next; }
 
   void OpenAddress(const std::string& address) override;
@@ -30,13 +31,14 @@ class QtDesktop : public Desktop {
 };
 
 // Shipped files lie in share/quillmark-console, beside the program's folder when it is installed
-// and inside it in a build folder; the person's own under $XDG_DATA_HOME, else ~/.local/share.
+// and inside it in a build folder; the user's own under $XDG_DATA_HOME, else ~/.local/share.
 class QtProgramFiles : public ProgramFiles {
  public:
   std::filesystem::path Shipped() const override;
   std::filesystem::path Data() const override;
 };
 
+// Chance that can be repeated: the same seed gives the same numbers.
 class QtRandom : public RandomSource {
  public:
   void Seed(std::uint32_t seed) override { generator.seed(seed); }

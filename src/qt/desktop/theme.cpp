@@ -7,6 +7,7 @@ namespace quillmark {
 
 namespace {
 
+// A part of the palette and its colours.
 struct Role {
   QPalette::ColorRole Colored;
   QRgb Color;

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "qt/text/latin1.h"
 
@@ -18,6 +19,7 @@ namespace {
 
 using Standard = QDialogButtonBox::StandardButton;
 
+// A button of a message box, and what it answers.
 struct Choice {
   Buttons Row;
   Standard Button;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QString>
 
 #include "platform/dialogs.h"
 
@@ -11,15 +12,15 @@ class QLineEdit;
 namespace quillmark {
 
 // A message box: symbol, text, and the details as a second paragraph that can be copied. All texts
-// are plain. Its object names ("MessageBox", "messageText", "messageDetails", and the buttons' own
-// "Ok", "Cancel", "Yes", ...) are for whoever looks for them from outside.
+// are plain. Tests find it by its object names: "MessageBox", "messageText", "messageDetails", and
+// for the buttons "Ok", "Cancel", "Yes" and so on.
 class MessageWindow : public QDialog {
   Q_OBJECT
 
  public:
   MessageWindow(const MessageBox& box, QWidget* parent);
 
-  // Shows the box until it is answered; closing it answers what CloseAnswer says.
+  // Shows the box until it is answered. Closing it gives CloseAnswer of its buttons.
   Answer Ask();
 
  private:
@@ -29,7 +30,7 @@ class MessageWindow : public QDialog {
   Answer answer;
 };
 
-// Asks for one line.
+// Asks the user for one line.
 class InputWindow : public QDialog {
   Q_OBJECT
 

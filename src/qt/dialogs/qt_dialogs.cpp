@@ -32,7 +32,7 @@ QWidget* OwnerWindow() {
   return top;
 }
 
-// A dialog that may die with its owner while it is up.
+// Holds a dialog that may be deleted with its owner while it is up.
 template <class Dialog>
 class Held {
  public:
@@ -91,7 +91,7 @@ QFileDialog* MakeFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode pu
   return window;
 }
 
-// Nobody else asks whether a PDF may take the place of another.
+// Here the dialog itself asks before a PDF replaces another.
 QFileDialog* MakePdfDialog(const std::filesystem::path& suggested) {
   auto* window =
       MakeFileDialog({"Save Report as PDF", "PDF Files (*.pdf)|*.pdf"}, QFileDialog::AcceptSave);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
+#include <optional>
+#include <string>
 
 #include "platform/dialogs.h"
 
@@ -10,10 +13,9 @@ namespace quillmark {
 
 class EventLoop;
 
-// The boxes and dialogs of the desktop. Timers and the serial ports go on while one is up. Once the
-// program quits none comes up any more: the call answers as if the user had closed it. One that
-// loses the window it belongs to comes up again, as nobody has answered it. The event loop outlives
-// it.
+// The boxes and dialogs of the desktop. Timers and the serial ports go on while one is up. When the
+// program quits, none comes up any more: the call answers as if the user had closed it. A box that
+// loses the window it belongs to comes up again, because nobody has answered it.
 class QtDialogs : public Dialogs {
  public:
   explicit QtDialogs(const EventLoop& events) : events(events) {}

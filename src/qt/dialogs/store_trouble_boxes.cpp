@@ -32,7 +32,11 @@ void StoreTroubleBoxes::ShowNext() {
   waiting.pop_front();
   if (waiting.empty()) look.stop();
   events.Deliver([&] {
-    dialogs.Message({trouble.Text, ProgramTitle, Icon::Exclamation, Buttons::Ok, trouble.Details});
+    dialogs.Message({.Text = trouble.Text,
+                     .Title = ProgramTitle,
+                     .Symbol = Icon::Exclamation,
+                     .Choice = Buttons::Ok,
+                     .Details = trouble.Details});
   });
 }
 

@@ -11,9 +11,8 @@ class Dialogs;
 class EventLoop;
 class QtWindows;
 
-// Tells the person in a box of each trouble with the preferences file, once the main window is up
-// and nothing else is being asked. The program makes one before the console starts; everything
-// given to it outlives it.
+// Tells the user in a box of each trouble with the preferences file, as soon as the main window is
+// up and no other window waits for an answer. The program makes one before the console starts.
 class StoreTroubleBoxes {
  public:
   StoreTroubleBoxes(IniPreferenceStore& store, const QtWindows& windows, Dialogs& dialogs,

@@ -6,8 +6,8 @@
 
 namespace quillmark {
 
-// The person's preferences for a run with a port named on the command line: that port, connected at
-// once. What is written goes to the store as ever, which outlives it.
+// The user's preferences for a run with a port named on the command line: that port, connected at
+// once. What is written goes to the store.
 class NamedPortPreferences : public PreferenceStore {
  public:
   NamedPortPreferences(PreferenceStore& kept, int portNumber) : store(kept), number(portNumber) {}

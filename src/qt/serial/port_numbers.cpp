@@ -139,7 +139,7 @@ int PortNumbers::NumberFor(const std::string& device) {
   Entry* entry = Holder(port);
   if (entry == nullptr) {
     entry = FreeEntry();
-    // Sixteen present ports: the last one gives way to the one that the user names.
+    // All sixteen ports are present: the one that the user names takes the place of the last.
     if (entry == nullptr) entry = &entries.back();
     *entry = {device, 0, surroundings.Exists(device), {}};
     Store();

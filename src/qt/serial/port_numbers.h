@@ -27,11 +27,12 @@ std::vector<FoundPort> FindPorts();
 // lowest free number, USB adapters before on-board ports, and keeps it: section "Ports" of the
 // store, key "Com1" and so on, value the persistent device path. Paths put there by hand are used
 // as they are. When all are taken, the number of the port absent longest (section "PortsSeen") is
-// given again. The set-up window and the serial controls ask; the store outlives it.
+// given again. The set-up window and the serial controls ask.
 class PortNumbers : public PortList {
  public:
   static constexpr int Count = 16;
 
+  // How it looks at the machine and at the program.
   struct Surroundings {
     std::function<std::vector<FoundPort>()> Find;
     std::function<bool(const std::string&)> Exists;  // whether there is such a device node
@@ -48,6 +49,7 @@ class PortNumbers : public PortList {
   int NumberFor(const std::string& device);
 
  private:
+  // What is known of one number.
   struct Entry {
     std::string Path;
     std::int64_t Seen = 0;  // seconds; when it was last present

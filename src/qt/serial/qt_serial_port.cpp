@@ -128,7 +128,7 @@ void QtSerialPort::OpenDevice() {
   pace.Start(line.Baud);
 }
 
-// A port that has just vanished is closed too: what it has still to report is void then.
+// A port that has just vanished is closed too, so that what it still reports is dropped.
 void QtSerialPort::CloseDevice() {
   if (engine == nullptr) return;
   Drain();
@@ -192,7 +192,7 @@ void QtSerialPort::FinishDrained() {
   if (left > Duration::zero()) QThread::usleep(static_cast<unsigned long>(left.count()));
 }
 
-// Holds the thread until the last byte has left, but not for ever: a line may be stuck.
+// Holds the thread until the last byte has left, or longestDrain has passed: a line may be stuck.
 void QtSerialPort::Drain() {
   const Duration deadline = events.Now() + longestDrain;
   while (OutBufferCount() > 0 && events.Now() < deadline) {

@@ -17,8 +17,7 @@ namespace quillmark {
 class QtEventLoop;
 
 // A serial control over a real device. The device lives on a thread of its own (SerialWorker), with
-// locked queues between; every call here, and OnComm, is on the logic's thread. The event loop
-// outlives it.
+// locked queues between; every call here, and OnComm, is on the logic's thread.
 class QtSerialPort : public QObject, public SerialPort {
   Q_OBJECT
 

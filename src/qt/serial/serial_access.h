@@ -8,6 +8,7 @@ namespace quillmark {
 // Why a port cannot be opened, told apart by what the system says of the device node and of the
 // locks, never by translated texts. The serial port asks before and after it tries.
 
+// What is told to the user.
 struct PortTrouble {
   std::string Text;     // one short sentence
   std::string Details;  // the cause and the cure, in full sentences

@@ -11,6 +11,7 @@ namespace {
 
 #ifdef __linux__
 
+// Asks the driver behind an open device.
 class DriverStatus : public LineStatusSource {
  public:
   std::optional<LineCounts> Counts(int handle) const override {
@@ -40,6 +41,7 @@ class DriverStatus : public LineStatusSource {
 
 #else
 
+// Tells nothing.
 class DriverStatus : public LineStatusSource {
  public:
   std::optional<LineCounts> Counts(int) const override { return std::nullopt; }

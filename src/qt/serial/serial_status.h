@@ -30,6 +30,7 @@ struct LineLevels {
   bool Ring = false;
 };
 
+// Who is asked about the line of an open device.
 class LineStatusSource {
  public:
   virtual ~LineStatusSource() = default;

@@ -25,6 +25,7 @@ class LineWatch {
   std::vector<int> Look();
 
  private:
+  // What the driver told at one look.
   struct Told {
     std::optional<LineCounts> Counts;
     std::optional<LineLevels> Levels;

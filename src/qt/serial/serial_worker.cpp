@@ -24,16 +24,7 @@ constexpr int lineCheckInterval = 250;     // ms
 // So many errors in a span are taken for trouble with another program, more for a dead device.
 constexpr int mostForgiven = 5;
 constexpr qint64 longestErrorSpan = 1000;  // ms
-// How long bytes are gathered: short replies are handed over soon, long ones in larger parts. A
-// reply's prompt, or a silence, ends it at once.
-constexpr qint64 shortestGathering = 8000;  // microseconds
-constexpr qint64 longestGathering = 30'000;
-constexpr unsigned long shortNap = 3000;  // microseconds, between two looks at a reply
-constexpr unsigned long longNap = 5000;
 constexpr char prompt = '>';
-constexpr qint64 shortReply = 30'000;  // microseconds from its first byte to its last
-constexpr qint64 gatheringShare = 4;   // of the time behind that
-constexpr qint64 streamGap = 20;       // ms without a byte, which end a reply
 // The oldest input is cut off in pieces, so that a flood is not moved in memory at each arrival.
 constexpr std::size_t inputSlack = 64 * 1024;  // bytes
 
@@ -86,7 +77,7 @@ OpenOutcome SerialWorker::Open(const std::string& device, const LineSettings& se
     port.reset();
     return {OpenOutcome::Kind::Busy, {}};
   }
-  // What came before the opening is nobody's.
+  // What came before the opening belongs to no session.
   port->clear();
   // Not every device has these lines; a pseudo-terminal refuses.
   port->setDataTerminalReady(true);
@@ -152,7 +143,7 @@ void SerialWorker::SendOutgoing() {
     const std::lock_guard lock(queues->Lock);
     bytes.swap(queues->Outgoing);
   }
-  stream.invalidate();
+  gatheringTime.NoteSending();
   if (port != nullptr && !bytes.empty()) {
     port->write(bytes.data(), static_cast<qint64>(bytes.size()));
   }
@@ -171,22 +162,14 @@ void SerialWorker::CountWritten(qint64 bytes) {
   emit AllWritten(session);
 }
 
-qint64 SerialWorker::GatheringTime() {
-  if (!stream.isValid() || lastArrival.hasExpired(streamGap)) stream.start();
-  lastArrival.start();
-  const qint64 share = (stream.nsecsElapsed() / 1000 - shortReply) / gatheringShare;
-  return std::clamp(share, shortestGathering, longestGathering);
-}
-
 // Drivers hand bytes over one by one; taken a few at a time they cost a fraction. What comes moves
-// into the port's own buffer here.
+// into the port's own buffer here. A reply's prompt, or a silence, ends the gathering at once.
 void SerialWorker::Gather() {
-  const qint64 limit = GatheringTime();
-  const unsigned long nap = limit == shortestGathering ? shortNap : longNap;
+  const GatheringTime::Span span = gatheringTime.NoteArrival();
   QElapsedTimer spent;
   spent.start();
-  while (spent.nsecsElapsed() / 1000 < limit && !PromptIsLast()) {
-    QThread::usleep(nap);
+  while (spent.nsecsElapsed() / 1000 < span.Limit && !PromptIsLast()) {
+    QThread::usleep(span.Nap);
     if (!port->waitForReadyRead(0)) return;
   }
 }

@@ -4,11 +4,13 @@
 #include <QObject>
 #include <atomic>
 #include <condition_variable>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
 #include <string>
 
+#include "qt/serial/serial_gathering.h"
 #include "qt/serial/serial_line.h"
 #include "qt/serial/serial_watch.h"
 
@@ -17,8 +19,8 @@ class QTimer;
 
 namespace quillmark {
 
-// What the logic's thread and the worker share, all of it under Lock. A session is one opening of
-// the port; what belongs to an earlier one is void.
+// What the logic's thread and the worker share. All of it is read and written under Lock. A session
+// is one opening of the port; what belongs to an earlier session is dropped.
 struct SerialQueues {
   std::mutex Lock;
   std::condition_variable OutputMoved;
@@ -34,6 +36,7 @@ struct SerialQueues {
 
 // How an opening ended.
 struct OpenOutcome {
+  // Whether there is a session now, and if not, why.
   enum class Kind { Opened, Busy, Failed };
   Kind Ended = Kind::Failed;
   std::string Reason;  // the system's text, of a failure
@@ -73,7 +76,6 @@ class SerialWorker : public QObject {
  private:
   void Receive();
   void Gather();
-  qint64 GatheringTime();  // microseconds
   bool PromptIsLast();
   void LookAtLine();
   void Report(int code);
@@ -96,12 +98,11 @@ class SerialWorker : public QObject {
   LineWatch watch;
   int unanswered = 0;  // line errors that the logic was told of and has not dealt with yet
   std::atomic<bool> abandoned = false;
-  bool failed = false;  // a fatal error has been seen; later ones, until it is judged, are echoes
-  std::string path;     // of the open device
+  bool failed = false;      // a fatal error was seen; until it is judged, later ones do not count
+  std::string path;         // of the open device
   QElapsedTimer errorSpan;  // since the first of the errors that were forgiven in a row
   int forgiven = 0;         // in that span
-  QElapsedTimer stream;     // since bytes began to come in a row, behind the last sending
-  QElapsedTimer lastArrival;
+  GatheringTime gatheringTime;
   bool gathering = false;
 };
 

@@ -25,21 +25,25 @@ bool SameName(std::string_view left, std::string_view right) {
                     [&](char a, char b) { return lower(a) == lower(b); });
 }
 
+// A character between quotes. Control characters that no escape stands for are left out.
+std::string Escaped(char c) {
+  if (c == '\n') return "\\n";
+  if (c == '\r') return "\\r";
+  if (c == '"' || c == '\\') return {'\\', c};
+  return c == '\t' || !Control(c) ? std::string(1, c) : std::string();
+}
+
+char Unescaped(char escaped) {
+  if (escaped == 'n') return '\n';
+  return escaped == 'r' ? '\r' : escaped;
+}
+
 std::string Quoted(const std::string& value) {
   const bool plain = Trimmed(value) == value && std::none_of(value.begin(), value.end(), Control) &&
                      !value.starts_with('"');
   if (plain) return value;
   std::string quoted = "\"";
-  for (const char c : value) {
-    if (c == '\n')
-      quoted += "\\n";
-    else if (c == '\r')
-      quoted += "\\r";
-    else if (c == '"' || c == '\\')
-      quoted += {'\\', c};
-    else if (c == '\t' || !Control(c))
-      quoted += c;
-  }
+  for (const char c : value) quoted += Escaped(c);
   return quoted + '"';
 }
 
@@ -48,12 +52,8 @@ std::string Unquoted(std::string_view text) {
   text = text.substr(1, text.size() - 2);
   std::string value;
   for (std::size_t at = 0; at < text.size(); ++at) {
-    if (text[at] == '\\' && at + 1 < text.size()) {
-      const char escaped = text[++at];
-      value += escaped == 'n' ? '\n' : escaped == 'r' ? '\r' : escaped;
-    } else {
-      value += text[at];
-    }
+    const bool escape = text[at] == '\\' && at + 1 < text.size();
+    value += escape ? Unescaped(text[++at]) : text[at];
   }
   return value;
 }

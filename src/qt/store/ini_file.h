@@ -1,14 +1,15 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace quillmark {
 
-// The text of an INI file, line by line, so that comments and the order that a person chose survive
-// a change. Values are written as they are, or in quotes where blanks at their ends or control
-// characters would be lost. Names are compared without regard to case. Texts are UTF-8; knows no
+// The text of an INI file, line by line, so that a change keeps the user's comments and their
+// order. Values are written as they are, or in quotes where blanks at their ends or control
+// characters would be lost. Names are compared without regard to case. Texts are UTF-8. It knows no
 // files.
 class IniFile {
  public:
@@ -17,7 +18,7 @@ class IniFile {
   IniFile() = default;
   explicit IniFile(std::string_view text);
 
-  // True when the text cannot have been written by a person or this program: control characters, or
+  // True when neither a user nor this program can have written the text: control characters, or
   // more than LargestText. Nothing of it is read then.
   bool Damaged() const { return damaged; }
 
@@ -27,6 +28,7 @@ class IniFile {
   std::string Text() const;
 
  private:
+  // One line of the file.
   struct Line {
     std::string Raw;
     std::string Section;  // that the line stands in

@@ -22,7 +22,7 @@ namespace quillmark {
 namespace {
 
 constexpr int mostDamagedFiles = 20;
-constexpr int longestLockWait = 100;  // ms; the window stands still meanwhile
+constexpr int longestLockWait = 100;  // ms; the window does not react meanwhile
 
 QString NameOf(const std::filesystem::path& path) {
   return QFile::decodeName(QByteArray::fromStdString(path.string()));
@@ -36,19 +36,21 @@ std::string FromUtf8(const std::string& text) {
   return read.contains(QChar::ReplacementCharacter) ? text : FromQt(read);
 }
 
-// Some file systems tell only now that there is no room; some know no such question.
+// Some file systems tell only now that there is no room. Some do not support the call.
 bool OnDisk(int handle) { return fsync(handle) == 0 || errno == EINVAL || errno == ENOTSUP; }
 
 }  // namespace
 
 std::filesystem::path IniPreferenceStore::UsualFile() { return ConfigFolder() / "preferences.ini"; }
 
+// How one kind of trouble is told.
 struct IniPreferenceStore::Wording {
   const char* Terminal;  // behind the file's name
   const char* Text;
   const char* Consequence;  // behind the file's name
 };
 
+// In the order of Kind.
 const IniPreferenceStore::Wording IniPreferenceStore::wordings[kinds] = {
     {"is damaged; the defaults hold", "The preferences file is damaged.",
      " holds more than preferences, so the defaults are used. When you change a preference, the "
@@ -169,11 +171,11 @@ bool IniPreferenceStore::KeepDamagedFile() {
 }
 
 void IniPreferenceStore::Complain(Kind kind) {
-  bool& told = complained[static_cast<std::size_t>(kind)];
-  if (told) return;
-  told = true;
+  const auto index = static_cast<std::size_t>(kind);
+  if (complained[index]) return;
+  complained[index] = true;
   std::fprintf(stderr, "quillmark-console: the preferences file %s %s\n", file.c_str(),
-               wordings[static_cast<std::size_t>(kind)].Terminal);
+               wordings[index].Terminal);
   Tell(kind);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -11,21 +12,22 @@
 
 namespace quillmark {
 
-// The user's preferences in an INI file that a person can read and edit; its groups are the
-// sections. Each write reads the file again first, under a lock, so that two consoles keep each
+// The user's preferences in an INI file that they can read and edit; its groups are the sections.
+// Each write reads the file again first, under a lock, so that two consoles keep each
 // other's keys. A damaged file gives the defaults and is kept beside under a free ".bak" name when
 // the first write replaces it; one that cannot be read is left as it is. What could not be saved is
 // kept, and saved with the next write that succeeds. Trouble never stops the program; each kind is
 // told once, on stderr and to whoever listens.
 class IniPreferenceStore : public PreferenceStore {
  public:
+  // A key and its value.
   struct Entry {
     std::string Section;
     std::string Key;
     std::string Value;
   };
 
-  // For a person: what is wrong with the file; what follows and what to do. Both are Latin-1.
+  // For the user: what is wrong with the file; what follows and what to do. Both are Latin-1.
   struct Trouble {
     std::string Text;
     std::string Details;
@@ -43,15 +45,17 @@ class IniPreferenceStore : public PreferenceStore {
   // The same with UTF-8 texts, for paths: several entries in one write.
   std::string ReadPath(const std::string& section, const std::string& key) const;
   void WritePaths(const std::vector<Entry>& entries);
-  // Takes in what another program, or a person, has changed since; what is not saved yet stays.
+  // Takes in what another program, or the user, has changed since; what is not saved yet stays.
   void Reload();
 
   // `listener` is told of all trouble so far, and of any other as soon as it comes.
   void TellTroubles(std::function<void(const Trouble&)> listener);
 
  private:
+  // What can be wrong with the file.
   enum class Kind { Damaged, Unreadable, Unwritable };
   static constexpr std::size_t kinds = 3;
+  static_assert(static_cast<std::size_t>(Kind::Unwritable) + 1 == kinds);
   struct Wording;
   static const Wording wordings[kinds];
 

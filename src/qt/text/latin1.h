@@ -5,8 +5,8 @@
 
 namespace quillmark {
 
-// The edge between the logic's single-byte text and Qt's. Every text that crosses it goes through
-// these two.
+// Between the logic's single-byte text and Qt's. Every text that goes from one to the other passes
+// through ToQt or FromQt.
 
 inline QString ToQt(const std::string& text) {
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
@@ -18,7 +18,7 @@ std::string FromQt(const QString& text);
 // Line ends and other control characters as blanks, a line end as one.
 std::string OnOneLine(const std::string& text);
 
-// A text of several lines: the radio's world ends them with CR LF or with CR.
+// A text of several lines, which end with CR LF or with CR, as Qt wants it.
 QString InLines(const std::string& text);
 
 // For places where Qt would take "&" as a mnemonic and the text means the character.

@@ -166,7 +166,7 @@ void ValueBox::paintEvent(QPaintEvent*) {
     const double inset = width / 2;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
   }
-  // What can't be changed now is still there to be read.
+  // A value that can't be changed now can still be read.
   QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
   if (!isEnabled()) ink.setAlphaF(mutedInk);
   painter.setPen(ink);

@@ -58,17 +58,17 @@ class CaptionLabel : public ClickableText {
   bool inPlaceOfValue = false;
 };
 
-// A value of the radio, on one line. One that can be clicked stands in a fine frame; the others are
-// flat text in the same place. Its size does not depend on the value, so that the window stays
-// calm; a value that is too long ends in dots, and the tool tip has the whole. F1
-// clicks the label that explains it.
+// A value of the radio, on one line. A value that can be clicked has a thin frame; the others are
+// flat text in the same place. Its size does not depend on the value, so nothing moves when the
+// value changes. A value that is too long ends in dots, and the tool tip has all of it. F1 clicks
+// the label that explains it.
 class ValueBox : public ClickableText {
   Q_OBJECT
 
  public:
   explicit ValueBox(QWidget* parent = nullptr);
 
-  // The label may die first.
+  // The label may be deleted first.
   void SetCaption(CaptionLabel* next);
 
   QSize sizeHint() const override;

@@ -4,8 +4,8 @@
 
 namespace quillmark {
 
-// A button whose caption somebody may have chosen freely: its size does not depend on the caption,
-// so that the window stays calm; one that is too long ends in dots.
+// A button whose caption the user may choose. Its size does not depend on the caption, so nothing
+// moves when the caption changes. A caption that is too long ends in dots.
 class ElidingButton : public QPushButton {
   Q_OBJECT
 

@@ -20,7 +20,7 @@ class FindBar : public QWidget {
  public:
   explicit FindBar(QWidget* parent = nullptr);
 
-  // The text to look through, and the window whose keys it listens to; once, both outlive it.
+  // Sets the text to look through, and the window whose keys it listens to. Call it once.
   void Serve(QPlainTextEdit& text, QWidget& window);
 
  protected:

@@ -9,8 +9,8 @@
 namespace quillmark {
 
 // A widget that draws many controls of its window by itself, where a widget for each would be
-// hundreds of labels. The binder finds it among the window's widgets and joins it; the form
-// outlives it.
+// hundreds of labels. The binder finds it among the widgets of a window whose row in the registry
+// says that it paints, and joins it.
 class PaintedControls {
  public:
   // The names of the controls that it draws; the form has each of them.
@@ -24,6 +24,7 @@ class PaintedControls {
   ~PaintedControls() = default;
 };
 
+// The control of that name. Throws std::logic_error when it is not there or of another kind.
 template <class Kind>
 const Kind& DrawnControl(const Form& form, const std::string& name) {
   const auto* control = dynamic_cast<const Kind*>(form.Find(name));

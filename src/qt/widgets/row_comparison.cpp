@@ -10,6 +10,7 @@ namespace quillmark {
 
 namespace {
 
+// How the row shows one outcome of the comparison.
 struct Look {
   const char* Mark;
   const char* Words;

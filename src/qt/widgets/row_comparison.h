@@ -7,9 +7,9 @@
 
 namespace quillmark {
 
-// Watches one row of the store and restore window, and shows at a glance how the radio's value
-// stands to that of the file: by a mark between the two, by weight, and in words for the
-// tool tip and for who can't see it. The widgets outlive it, which lives as a child of the mark.
+// Watches one row of the store and restore window, and shows how the radio's value compares to that
+// of the file: by a mark between the two, by bold text, and in words for the tool tip and the
+// screen reader. It is a child of the mark. The other widgets live as long as the mark does.
 class RowComparison : public QObject {
   Q_OBJECT
 

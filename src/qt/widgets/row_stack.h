@@ -11,13 +11,14 @@ namespace quillmark {
 
 class Control;
 
-// The rows of one frame, each a label and a value: keeps them in the order of their Top, those that
-// are hidden leaving no gap. The binder fills it; controls and widgets outlive it.
+// The rows of one frame, each a label and a value. Keeps them in the order of their Top; hidden
+// rows leave no gap. The binder fills it. It is a child of the frame.
 class RowStack : public QObject {
  public:
   // Nothing happens for a frame whose widget has no grid.
   explicit RowStack(QWidget& frame);
 
+  // A value of the logic, and the widgets that show it and its caption.
   struct Row {
     const Control* Value;
     QWidget* ValueWidget;
@@ -25,7 +26,7 @@ class RowStack : public QObject {
   };
 
   void Add(const Row& row) { rows.push_back(row); }
-  // Once the handlers on the stack have had their say.
+  // Lays the rows out when the handlers on the stack have returned.
   void LayOutSoon();
   void LayOut();
 

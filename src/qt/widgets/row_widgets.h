@@ -8,7 +8,7 @@
 namespace quillmark {
 
 // The widgets of a table with one setting in each row. Those in one column are equally wide
-// whatever they hold, so that the window stays calm; what is too long ends in dots.
+// whatever they hold. What is too long ends in dots.
 
 // A check box whose caption can be read while it is disabled.
 class RowCheckBox : public QCheckBox {
@@ -21,7 +21,7 @@ class RowCheckBox : public QCheckBox {
   void paintEvent(QPaintEvent* event) override;
 };
 
-// A value on one line. While it has the focus it is a usual line to move about in; without it, one
+// A value on one line. While it has the focus it looks like any line. Without the focus, a line
 // that can't be changed is flat.
 class ValueLine : public QLineEdit {
   Q_OBJECT

@@ -19,12 +19,12 @@ namespace {
 
 constexpr int batchTime = 50;         // ms
 constexpr int batchTimeBehind = 250;  // ms, while the user has to do with another window
-// The control keeps about 16000 characters; one flood can bring a megabyte, which nobody reads.
+// The control keeps about 16000 characters, but a megabyte can come at once. Nobody reads that.
 constexpr std::size_t mostShown = 24000;
 // How much of a text's head must be found again in what is shown, to move the rest up.
 constexpr std::size_t headToFind = 64;
 
-// Where the text that is shown begins in what comes next to be shown; npos when it is another text.
+// Where in `shown` the text begins that `next` begins with; npos when `next` is another text.
 std::size_t StartOfKept(const std::string& shown, const std::string& next) {
   if (next.size() < headToFind) return std::string::npos;
   const std::string head = next.substr(0, headToFind);

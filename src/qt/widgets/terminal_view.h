@@ -2,14 +2,13 @@
 
 #include <QPlainTextEdit>
 #include <QTimer>
-#include <functional>
 #include <string>
 
 namespace quillmark {
 
-// Shows the terminal's text and hands on what is typed. The text of the control is the truth; the
-// view follows it in batches and shows its last part. Control characters other than line ends are
-// shown as their pictures, so nothing that a radio sends can do harm.
+// Shows the terminal's text and passes on what is typed. The view follows the text of the control
+// in batches and shows its last part. Control characters other than line ends are shown as
+// pictures, so nothing that a radio sends can do harm.
 //
 // Every key that stands for a character goes to the radio, Ctrl with a letter as the control
 // character; Ctrl+Shift+C and Ctrl+Shift+V (or Ctrl and Shift with Insert) copy and paste, and Tab

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -35,18 +36,21 @@ class ZoneView : public QWidget, public PaintedControls {
  private:
   static constexpr int markCount = 11;
 
+  // The control arrays behind a figure.
   struct Names {
     const char* Bar;
     const char* Count;
     const char* Caption;
     const char* Widest;  // text that must find room below the bar
   };
+  // The controls of a figure, and what is painted of them.
   struct Column {
     const Shape* Bar;
     const Label* Count;
     const Label* Caption;
     double PaintedTop = 0;  // of its bar
   };
+  // One step of the scale.
   struct Mark {
     const Label* Value;
     const Shape* Line;
