@@ -187,7 +187,13 @@ TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   report.start(folder + "/quillmark-pictures", {"--port", radio.link, home.filePath("pictures")});
   ASSERT_TRUE(report.waitForFinished(60'000));
   const std::string table = report.readAllStandardOutput().toStdString();
-  EXPECT_EQ(report.exitCode(), 0) << report.readAllStandardError().toStdString();
+  const QString told = report.readAllStandardError();
+  EXPECT_EQ(report.exitCode(), 0) << told.toStdString();
+  // An old master lacks what these windows are for.
+  QStringList missing = told.split('\n').filter("there is no picture of");
+  missing.replaceInStrings("quillmark-console: there is no picture of ", "");
+  EXPECT_EQ(missing.join(' ').toStdString(),
+            "frmDLINKOptions frmDTYPEOptions frmRTUOptions frmXMAP frmRSSI");
   EXPECT_THAT(table, HasSubstr("\nStore and Forward Settings\n"
                                "  Store and Forward         SAF OFF\n"));
   EXPECT_THAT(table, HasSubstr("  Radio Mode                MODE M\n"));

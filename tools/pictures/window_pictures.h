@@ -25,14 +25,14 @@ class WindowPictures {
   WindowPictures(Console& console, Platform& platform, QtWindows& windows, ReportDialogs& dialogs,
                  std::string folder);
 
-  // False, with the reason on stderr, when a picture could not be written or a window of the
-  // registry has none.
+  // False when a picture could not be written. Windows of the registry that have none are told on
+  // stderr: the radio may lack what a window sets.
   bool Take();
 
  private:
   using Prepare = std::function<void(Form&)>;
 
-  void TellMissing();
+  void TellMissing() const;
   void TakeMain();
   void TakeBoxes();
   void TakeOptionWindows();
