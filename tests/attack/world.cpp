@@ -27,6 +27,16 @@ std::string Contents(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// The number in its name may hold a secret by chance.
+std::string Without(const fs::path& folder, std::string_view text) {
+  std::string rest(text);
+  const std::string name = folder.string();
+  for (auto at = rest.find(name); at != std::string::npos; at = rest.find(name, at)) {
+    rest.replace(at, name.size(), "/");
+  }
+  return rest;
+}
+
 // What was expected is only for faultless runs.
 bool IsUnmet(std::string_view report) {
   return report.starts_with("There never came") || report.starts_with("The radio never received");
@@ -242,6 +252,7 @@ std::vector<std::string> World::BoxTexts() const {
 void World::LookForSecrets(const std::string& where, std::string_view text) {
   for (const std::string& secret : Secrets) {
     if (text.find(secret) == std::string_view::npos) continue;
+    if (Without(ScratchFolder(), text).find(secret) == std::string::npos) continue;
     leaks.insert(std::string(secret).append(" in ").append(where));
   }
 }
