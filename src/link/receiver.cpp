@@ -16,6 +16,7 @@ constexpr std::size_t terminalCut = 4096;
 constexpr char backspace = 8;
 constexpr std::size_t mostTyped = 4096;  // characters that wait for the line
 constexpr Duration longestThought = Seconds(10);
+constexpr Duration longestPause = Seconds(3);  // between the keys of a line
 
 // A received text after its backspaces have been carried out.
 struct Edited {
@@ -148,20 +149,35 @@ void Receiver::ReceiveText(TextBox& term, std::string& data) {
 }
 
 char Receiver::txtTerm_KeyPress(char key) {
+  const bool lost = LosesKey(key);
   if (!platform.MSComm1.PortOpen()) return key;
-  // A half-typed line in front of a password would change it.
-  if (radio.Turns.TakenForSecret()) return 0;
+  if (lost) {
+    platform.Desktop.Beep();
+    return 0;
+  }
   SendTyped(key);
   if (session.LocalEcho) return key;
   main.txtTerm.SetSelStart(main.txtTerm.Text().size());
   return 0;
 }
 
+// A half-typed line in front of a password would change it, so keys are lost while a window asks for
+// one. What was typed before a reconnect is not sent after it. A line that has lost some keys would
+// be another line: all of it is lost, up to its end or until the user pauses.
+bool Receiver::LosesKey(char key) {
+  const Duration now = platform.Events.Now();
+  const bool sameLine = now < lineUntil;
+  lineUntil = key == '\r' ? now : now + longestPause;
+  lineLost = radio.Turns.TakenForSecret() ||
+             (sameLine && (lineLost || typedEpoch != radio.Epoch()));
+  if (lineLost) typed.erase(typed.rfind('\r') + 1);
+  return lineLost;
+}
+
 // Characters that are typed during an exchange wait for its end and go out together. While a
 // command is half typed, the terminal has the line: until its carriage return, or until the user
 // has typed nothing for too long.
 void Receiver::SendTyped(char key) {
-  // What was typed before a reconnect is not sent after it.
   if (typedEpoch != radio.Epoch()) ForgetTyped();
   typedEpoch = radio.Epoch();
   if (typed.size() == mostTyped) {

@@ -33,6 +33,8 @@ class Receiver : private Ticker {
   char txtTerm_KeyPress(char key);
 
  private:
+  // Whether a key does not go to the radio.
+  bool LosesKey(char key);
   void SendTyped(char key);
   void SendAllTyped();
   void ForgetTyped();
@@ -55,6 +57,8 @@ class Receiver : private Ticker {
   int typedEpoch = 0;                     // of the link that it was typed at
   std::optional<LineTurns::Turn> typing;  // a line was begun
   std::size_t begun = 0;                  // so many characters of it were sent
+  Duration lineUntil{};                   // a key before that belongs to the line of the last one
+  bool lineLost = false;                  // that line has lost a key
   bool errorBoxUp = false;
 };
 

@@ -141,6 +141,8 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
   enter("None");
   enter("a1b2");
   EXPECT_FALSE(WindowOpen("frmSetPass"));
+  EXPECT_TRUE(Type("txtTerm", "pwr 27\r"));  // the rest of that line would be another one
+  Run(Milliseconds(100));
   EXPECT_EQ(Sent(), "deco\rk7m2 a1b2\reeco\r");
   EXPECT_EQ(Text("txtTerm"), "*** NEW PASSWORD ACCEPTED ***");
   EXPECT_EQ(Stored("Preferences", "PassEnabled"), "True");

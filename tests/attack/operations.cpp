@@ -177,12 +177,13 @@ void PresetFile(World& world) {
                   "#PresetFile1\r\n#Name:First\r\n#PresetCaption:One\r\n" + std::string(newFile));
 }
 
-void TypeSlowly(World& world) {
-  Duration delay{};
-  for (const char key : std::string_view("xpri 5\r")) {
-    delay += Milliseconds(60);
-    world.After(delay, [&world, key] { world.Type("txtTerm", std::string(1, key)); });
-  }
+// A part of the line is a line too, and another one. The user stops where a window keeps a key from
+// the terminal.
+void TypeSlowly(World& world, std::string_view line = "owm xpri 5\r") {
+  world.After(Milliseconds(60), [&world, line] {
+    if (!world.Type("txtTerm", std::string(line.substr(0, 1)))) return;
+    if (line.size() > 1) TypeSlowly(world, line.substr(1));
+  });
 }
 
 bool Holds(World& world, const char* word, const char* value) {
@@ -265,8 +266,8 @@ constexpr Operation operations[] = {
        w.Press("ButtonZoneData");
      }},
     {.Name = "zone-quality", .Run = ZoneQuality},
-    {.Name = "typed", .Run = TypeSlowly,
-     .Succeeded = [](World& w) { return Holds(w, "xpri", "5"); }},
+    {.Name = "typed", .Run = [](World& w) { TypeSlowly(w); },
+     .Succeeded = [](World& w) { return Holds(w, "owm", "xpri 5"); }},
 };
 // clang-format on
 
