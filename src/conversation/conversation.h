@@ -83,10 +83,10 @@ class Conversation {
     Duration Limit = Seconds(4);
     // A radio that has begun to answer gets that long instead, if it is longer.
     Duration LimitOnceBegun{};
-    // What a value begins with, in whatever case; one that does not, or holds a ">", is asked for
-    // again unless the radio says that it has none. Empty: any text.
+    // What a value begins with, in whatever case; empty: any text. A value that does not, or holds
+    // a ">", is doubtful unless the radio says that it has none.
     std::string_view Opening{};
-    // The value may have several lines; else one with a control character is asked for again.
+    // The value may have several lines; else one with a control character is doubtful.
     bool ManyLines = false;
     // A pause, without events, ahead of the first look at what has come.
     Duration FirstLook{};
@@ -99,8 +99,9 @@ class Conversation {
     enum class Bracket { Ends, Stays, Spoils } InValue = Bracket::Ends;
   };
   // Asks for a value. Echo and framing are checked; a reply that was hurt, or came with the echo
-  // in the wrong state, is asked for once more, the echo put right before. Nothing when none comes
-  // in time or the second one is no better; RxBuffer holds what came last.
+  // in the wrong state, is asked for once more, the echo put right before. A doubtful value is
+  // asked for until the same one has come twice, three times at most. Nothing when none comes in
+  // time or the last one is no better; RxBuffer holds what came last.
   std::optional<std::string> Ask(const Question& question);
   // How the last reply to Ask came.
   Reply::State CameLast() const { return cameLast; }

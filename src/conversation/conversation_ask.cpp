@@ -27,8 +27,9 @@ bool IsLikely(const Conversation::Question& question, std::string_view text) {
   // The prompt of another line may have come ahead of it.
   const PromptPlace prompt = FindPrompt(text, 0, true);
   if (prompt.Kind != PromptKind::None && prompt.At == 0) return false;
-  if (SaysNoValue(text) || question.Opening.empty()) return true;
-  return FindAnyCase(text, question.Opening) == 1 && !Holds(text, ">");
+  if (SaysNoValue(text)) return true;
+  if (Holds(text, ">")) return false;
+  return question.Opening.empty() || FindAnyCase(text, question.Opening) == 1;
 }
 
 std::optional<std::string> ValueIn(const Conversation::Question& question, const Reply& reply) {
@@ -75,11 +76,12 @@ Reply Conversation::AwaitReply(const Question& question) {
 std::optional<std::string> Conversation::Ask(const Question& question) {
   constexpr int attempts = 2;
   std::optional<std::string> doubtful;
-  for (int attempt = 0; attempt < attempts; ++attempt) {
+  // A doubtful value holds if it comes a second time, also where the first reply was hurt.
+  for (int attempt = 0; attempt < attempts + (doubtful ? 1 : 0); ++attempt) {
     if (attempt > 0 && AskingAgain) AskingAgain();
     Asked asked = AskOnce(question, doubtful);
     if (!asked.AskAgain) return asked.Value;
-    doubtful = std::move(asked.Value);
+    if (asked.Value) doubtful = std::move(asked.Value);
   }
   return std::nullopt;
 }

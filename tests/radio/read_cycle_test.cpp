@@ -130,6 +130,19 @@ TEST_F(ReadCycleTest, InSetupModeAValueMayHoldAPrompt) {
   EXPECT_EQ(Text("PowerLevel"), "PWR 30 dBm");
 }
 
+TEST_F(ReadCycleTest, AByteThatLooksLikeAPromptEndsNoValue) {
+  Start();
+  ASSERT_TRUE(Connect());
+  Radio().Program("owm", "Peak 7");
+  const std::size_t begin = Received().size();
+  ASSERT_TRUE(Refresh());
+  const std::size_t letter = Received().rfind("k 7") - begin;
+  Faults().GarbleToHost = static_cast<std::int64_t>(Received().size() + letter + 1);
+  ASSERT_TRUE(Refresh());
+  EXPECT_EQ(Text("OwnerMessage"), "Peak 7");
+  EXPECT_THAT(Received(), HasSubstr("Pea> 7"));
+}
+
 TEST_F(ReadCycleTest, AnEchoLeftOffIsSwitchedOnAgain) {
   StartConnected();
   Type("txtTerm", "deco\r");
