@@ -84,7 +84,8 @@ class Conversation {
     // A radio that has begun to answer gets that long instead, if it is longer.
     Duration LimitOnceBegun{};
     // What a value begins with, in whatever case; empty: any text. A value that does not, or holds
-    // a ">", is doubtful unless the radio says that it has none.
+    // a ">", or has another length than such values have, is doubtful unless the radio says that it
+    // has none.
     std::string_view Opening{};
     // The value may have several lines; else one with a control character is doubtful.
     bool ManyLines = false;

@@ -28,7 +28,8 @@ bool IsLikely(const Conversation::Question& question, std::string_view text) {
   const PromptPlace prompt = FindPrompt(text, 0, true);
   if (prompt.Kind != PromptKind::None && prompt.At == 0) return false;
   if (SaysNoValue(text)) return true;
-  if (Holds(text, ">")) return false;
+  const std::size_t length = ValueLength(question.Command);
+  if (Holds(text, ">") || (length != 0 && text.size() != length)) return false;
   return question.Opening.empty() || FindAnyCase(text, question.Opening) == 1;
 }
 

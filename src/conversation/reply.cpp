@@ -181,6 +181,20 @@ std::optional<std::string> ValueOf(const Reply& reply) {
   return std::string(reply.Text.substr(0, end - takenAlong));
 }
 
+std::size_t ValueLength(std::string_view command) {
+  struct Example {
+    std::string_view Command, Value;
+  };
+  constexpr std::array<Example, 4> examples{{{"mode", "MODE M"},
+                                             {"pwr", "PWR 30 dBm"},
+                                             {"amask", "MASK: FFFF FFFF"},
+                                             {"xmap", "XMAP 00000000"}}};
+  const auto* const at = std::find_if(examples.begin(), examples.end(), [&](const Example& each) {
+    return EqualAnyCase(each.Command, command);
+  });
+  return at == examples.end() ? 0 : at->Value.size();
+}
+
 bool IsRefusal(std::string_view text) {
   return HoldsAny(text, {"INVALID COMMAND", "INVALID ENTRY", "ACCESS DENIED"});
 }

@@ -57,6 +57,9 @@ Reply FindReply(std::string_view received, const ReplyForm& form);
 // limit of the dialect, which does not hold in setup mode. Nothing when too little is left.
 std::optional<std::string> ValueOf(const Reply& reply);
 
+// The length of the value that `command` asks for, where radios always print the same one; else 0.
+std::size_t ValueLength(std::string_view command);
+
 // Whether the text says that the command was not taken.
 bool IsRefusal(std::string_view text);
 // Whether the text says, from its head on, that there is no such value in this radio, or not in its

@@ -14,12 +14,6 @@ bool OneByteOff(std::string_view whole, std::string_view text) {
   if (left.size() == right.size() + 1) return left.substr(1) == right;
   if (left.size() == right.size()) {
     constexpr char garbling = 0x55;
-    // A byte that came twice pushes the last one out of a line that is cut to its width.
-    const std::size_t rest = left.size() < 2 ? 0 : left.size() - 2;
-    if (ends.first != whole.begin() && right.front() == *(ends.first - 1) &&
-        right.substr(1, rest) == left.substr(0, rest)) {
-      return true;
-    }
     return (left.front() ^ garbling) == right.front() && left.substr(1) == right.substr(1);
   }
   return left.size() + 1 == right.size() && right.substr(1) == left && !text.empty();

@@ -38,8 +38,8 @@ TEST_F(RestoreReplies, SlowAndLateReplies) {
   }
 }
 
-// One byte of a reply is lost, comes as another one, or comes twice: before, behind and around the
-// value.
+// One byte of a reply is lost, comes as another one, or comes twice: around the value, and within
+// one whose length is known.
 TEST_F(RestoreReplies, NoDamagedByteShiftsAValue) {
   using F = sim::LineFaults;
   StartOdd({.Mode = 'M'});
@@ -50,11 +50,14 @@ TEST_F(RestoreReplies, NoDamagedByteShiftsAValue) {
     std::size_t counted = Received().size();
     for (const auto& [fault, more] :
          {std::pair{&F::DropToHost, 0U}, {&F::GarbleToHost, 1U}, {&F::DoubleToHost, 2U}}) {
-      for (const std::string word : {"unit", "own", "amask", "dlink"}) {
+      for (const std::string word : {"unit", "own", "mode", "amask", "dlink"}) {
+        // What is longer or shorter than it can be is told apart within the value too.
+        const bool told = (word == "mode" || word == "amask") && more != 1;
         const std::size_t start = clean.find("\r\n>" + word + "\r\n");
         const std::size_t value = start + word.size() + 5;
         const std::size_t valueEnd = clean.find("\r\n>", value);
-        for (std::size_t at = start; at < valueEnd + 3; at = at + 1 == value ? valueEnd : at + 1) {
+        for (std::size_t at = start; at < valueEnd + 3;
+             at = at + 1 == value && !told ? valueEnd : at + 1) {
           SCOPED_TRACE(word + " " + std::to_string(at - start) + " " + std::to_string(more));
           const std::size_t before = Received().size();
           Faults().*fault = static_cast<std::int64_t>(counted + at + 1);
