@@ -11,18 +11,7 @@ if(QUILLMARK_FUZZ)
   set(unusedFuzzMain driver)
 endif()
 
-# No test may see or touch the folders of the person who runs it.
-set(testHome "${CMAKE_BINARY_DIR}/test-home")
-file(MAKE_DIRECTORY "${testHome}/config" "${testHome}/data" "${testHome}/cache"
-     "${testHome}/runtime")
-file(CHMOD "${testHome}/runtime" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
-
-set(testEnvironment
-    QT_QPA_PLATFORM=offscreen
-    XDG_CONFIG_HOME=${testHome}/config
-    XDG_DATA_HOME=${testHome}/data
-    XDG_CACHE_HOME=${testHome}/cache
-    XDG_RUNTIME_DIR=${testHome}/runtime)
+set(testEnvironment QT_QPA_PLATFORM=offscreen)
 if(QUILLMARK_SANITIZE)
   list(APPEND testEnvironment
        UBSAN_OPTIONS=print_stacktrace=1
@@ -40,11 +29,13 @@ file(CONFIGURE OUTPUT test_environment.cmake CONTENT "${environmentScript}" @ONL
 set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES
              "${CMAKE_CURRENT_BINARY_DIR}/test_environment.cmake")
 
-# quillmark_tests(name SOURCES ... [LINK ...] [LOCK name]): a test program, every case of which is
-# a test of ctest. Cases with the same LOCK never run at the same time. The sources may bring a
-# main.cpp of their own.
+# quillmark_tests(name SOURCES ... [LINK ...] [COST n] [TIMED filter]): a test program, every case of
+# which is a test of ctest, in a process of its own; the cases run side by side, the costly ones
+# first. Nothing runs beside the cases that the filter of GoogleTest picks: they measure time. The
+# sources may bring a main.cpp of their own; it keeps the cases out of the folders of the person who
+# runs them.
 function(quillmark_tests name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "LOCK" "SOURCES;LINK")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "COST;TIMED" "SOURCES;LINK")
   set(ownMain ${arg_SOURCES})
   list(FILTER ownMain INCLUDE REGEX "/main\\.cpp$")
   set(main GTest::gmock_main)
@@ -54,12 +45,15 @@ function(quillmark_tests name)
   quillmark_program(${name} SOURCES ${arg_SOURCES} LINK ${arg_LINK} GTest::gtest ${main}
                     PRECOMPILE ${testHeaders})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
-  set(properties ENVIRONMENT "${testEnvironment}" TIMEOUT 150)
-  if(arg_LOCK)
-    list(APPEND properties RESOURCE_LOCK ${arg_LOCK})
+  set(properties PROPERTIES ENVIRONMENT "${testEnvironment}" TIMEOUT 150 COST "0${arg_COST}")
+  set(discovery DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60)
+  if(NOT arg_TIMED)
+    gtest_discover_tests(${name} ${discovery} ${properties})
+    return()
   endif()
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-                       PROPERTIES ${properties})
+  gtest_discover_tests(${name} ${discovery} TEST_FILTER "-${arg_TIMED}" ${properties})
+  gtest_discover_tests(${name} ${discovery} TEST_FILTER "${arg_TIMED}" TEST_LIST ${name}_TIMED
+                       ${properties} RUN_SERIAL ON)
 endfunction()
 
 # quillmark_test_run(program NAME name ARGUMENTS ...): a program that is a test of ctest as a whole.
@@ -67,5 +61,6 @@ function(quillmark_test_run program)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME" "ARGUMENTS")
   target_include_directories(${program} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   add_test(NAME ${arg_NAME} COMMAND ${program} ${arg_ARGUMENTS})
-  set_tests_properties(${arg_NAME} PROPERTIES ENVIRONMENT "${testEnvironment}" TIMEOUT 300)
+  set_tests_properties(${arg_NAME} PROPERTIES ENVIRONMENT "${testEnvironment}" TIMEOUT 300
+                       COST 100)
 endfunction()

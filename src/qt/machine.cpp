@@ -6,8 +6,9 @@
 
 namespace quillmark {
 
-Machine::Machine(const std::string& device)
-    : Store(IniPreferenceStore::UsualFile()),
+Machine::Machine(const std::string& device, Duration longestSleep)
+    : Events(longestSleep),
+      Store(IniPreferenceStore::UsualFile()),
       Numbers(Store, {FindPorts, DeviceExists, QDateTime::currentSecsSinceEpoch,
                       [this](int number) { return PortInUse(number); }}),
       First(Events, [this](int number) { return Numbers.DeviceOf(number); }),

@@ -18,8 +18,9 @@ namespace quillmark {
 // The real machine under the logic: everything that a Platform refers to. The program makes one
 // after its QApplication and before the console.
 struct Machine {
-  // With a device named, this run uses that one and connects at once.
-  explicit Machine(const std::string& device = {});
+  // With a device named, this run uses that one and connects at once. Tests bound the sleeps of the
+  // event loop.
+  explicit Machine(const std::string& device = {}, Duration longestSleep = Duration::max());
 
   Platform AsPlatform(Dialogs& dialogs);
 

@@ -58,7 +58,7 @@ class Upgrader {
 };
 
 TEST_F(Program, UpgradesTheFirmware) {
-  radio.Start({"--enter-ms", "500", "--erase-ms", "100", "--verify-ms", "50", "--start-ms", "50"});
+  radio.Start({"--enter-ms", "50", "--erase-ms", "100", "--verify-ms", "50", "--start-ms", "50"});
   Prefer("True");
   const QString file = home.path() + "/new.s28";
   std::ofstream(file.toStdString(), std::ios::binary) << sim::FirmwareImage("3.2.1", 16 * 1024);

@@ -184,7 +184,7 @@ class Program : public testing::Test {
   void Launch() {
     if (machine) machine->Shown.CloseAll();
     console.reset();
-    machine.emplace();
+    machine.emplace("", longestSleep);
     platform.emplace(machine->AsPlatform(machine->Boxes));
     console.emplace(*platform);
     console->OnReadCycleDone = [this] { ++readCycles; };
@@ -209,6 +209,8 @@ class Program : public testing::Test {
   std::string Terminal() const { return Find<TerminalView>("txtTerm").toPlainText().toStdString(); }
   void Type(const std::string& keys) { TypeInto(Find<TerminalView>("txtTerm"), keys); }
 
+  // What the program gives a radio to begin its answer, and no more.
+  static constexpr Duration longestSleep = Milliseconds(50);
   QTemporaryDir home;
   RadioProgram radio{home.path()};
   std::optional<Machine> machine;

@@ -230,7 +230,7 @@ TEST_F(Program, TellsOfADamagedPreferencesFileWhenTheMainWindowIsUp) {
   const auto file = IniPreferenceStore::UsualFile();
   std::filesystem::create_directories(file.parent_path());
   std::ofstream(file) << '\x01';
-  machine.emplace();
+  machine.emplace("", longestSleep);
   platform.emplace(machine->AsPlatform(machine->Boxes));
   console.emplace(*platform);
   const StoreTroubleBoxes troubles(machine->Store, machine->Shown, machine->Boxes, machine->Events);

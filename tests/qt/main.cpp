@@ -7,7 +7,8 @@
 int main(int argc, char* argv[]) {
   testing::InitGoogleMock(&argc, argv);
   const QTemporaryDir home;
-  for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) {
+  for (const char* variable :
+       {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
     qputenv(variable, home.path().toLocal8Bit());
   }
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

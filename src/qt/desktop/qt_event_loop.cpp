@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QMessageBox>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <thread>
 
@@ -12,7 +13,7 @@
 
 namespace quillmark {
 
-QtEventLoop::QtEventLoop() = default;
+QtEventLoop::QtEventLoop(Duration longest) : longestSleep(longest) {}
 QtEventLoop::~QtEventLoop() = default;
 
 void QtEventLoop::LeaveWhenQuitting() const {
@@ -43,7 +44,7 @@ void QtEventLoop::Wait(Duration bound) {
 
 void QtEventLoop::Sleep(Duration time) {
   LeaveWhenQuitting();
-  const auto end = std::chrono::steady_clock::now() + time;
+  const auto end = std::chrono::steady_clock::now() + std::min(time, longestSleep);
   PaintPending();
   std::this_thread::sleep_until(end);
 }

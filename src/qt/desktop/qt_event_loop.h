@@ -17,7 +17,8 @@ class QtEventLoop : public QObject, public EventLoop {
   Q_OBJECT
 
  public:
-  QtEventLoop();
+  // No sleep lasts longer than `longestSleep`; only tests set it, whose radio needs no pauses.
+  explicit QtEventLoop(Duration longestSleep = Duration::max());
   ~QtEventLoop() override;
 
   void Pump() override;
@@ -46,6 +47,7 @@ class QtEventLoop : public QObject, public EventLoop {
   void PaintPending();
   void ShowDefect(const std::string& what);
 
+  const Duration longestSleep;
   std::map<Ticker*, std::unique_ptr<QTimer>> timers;
   bool quitting = false;
   bool showingDefect = false;
