@@ -27,6 +27,25 @@ const char* KindName(Expectation::Kind kind) {
   return "window";
 }
 
+bool HasButton(Buttons choice, Answer button) {
+  switch (button) {
+    case Answer::Ok:
+      return choice == Buttons::Ok || choice == Buttons::OkCancel;
+    case Answer::Cancel:
+      return choice == Buttons::OkCancel || choice == Buttons::YesNoCancel ||
+             choice == Buttons::RetryCancel;
+    case Answer::Yes:
+    case Answer::No:
+      return choice == Buttons::YesNo || choice == Buttons::YesNoCancel;
+    case Answer::Abort:
+    case Answer::Ignore:
+      return choice == Buttons::AbortRetryIgnore;
+    case Answer::Retry:
+      return choice == Buttons::RetryCancel || choice == Buttons::AbortRetryIgnore;
+  }
+  return false;
+}
+
 // An hour of a modal window that nobody closes is a test that hangs.
 constexpr Duration longestModal = Seconds(3600);
 
@@ -125,6 +144,10 @@ std::optional<Expectation> ScriptedUser::Meet(const Seen& box) {
   }
   Expectation met = std::move(*at);
   expected.erase(at);
+  if (met.answer && !HasButton(box.Choice, *met.answer)) {
+    fault("The reply to the " + met.Describe() + " is a button that it lacks: " + box.Text);
+    met.answer.reset();
+  }
   return met;
 }
 

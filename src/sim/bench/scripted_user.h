@@ -37,7 +37,7 @@ class Expectation {
   // What the user does. Without one of these a box is closed by its close box (Cancel where it has
   // such a button, else No, Abort or Ok), an input box and a dialog are cancelled, and a window is
   // left to itself.
-  Expectation& Reply(Answer button);
+  Expectation& Reply(Answer button);  // one that the box has
   Expectation& Type(std::string text);
   Expectation& Choose(std::filesystem::path path);  // a file; in a printer dialog, its PDF file
   Expectation& ChoosePrinter(std::string name);
@@ -113,6 +113,8 @@ class ScriptedUser : public Dialogs, public Windows {
  private:
   std::optional<Expectation> Meet(const Seen& box);
   static bool Fits(const Expectation& expectation, const Seen& box);
+  // Whether the box has the button that the expectation replies with; if not, that is a fault.
+  bool CanReply(const Expectation& expectation, const Seen& box);
   // Keeps the box up and does the acts.
   void PlayBox(const Expectation& expectation);
   std::optional<std::filesystem::path> Dialog(Expectation::Kind kind, const FileDialog& dialog);
