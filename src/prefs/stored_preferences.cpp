@@ -8,6 +8,7 @@ namespace quillmark {
 
 namespace {
 
+constexpr bool defaultBold = true;
 constexpr std::uint32_t defaultTextColour = 0x990000;
 constexpr std::uint32_t defaultBackColour = 0xFFFFFF;
 
@@ -20,27 +21,34 @@ int PortNumber(const PreferenceStore& store) {
 }  // namespace
 
 int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBox& terminal) {
-  const auto read = [&store](const char* key, const char* fallback) {
+  const auto read = [&store](const char* key, const std::string& fallback) {
     return store.Read("Preferences", key, fallback);
   };
+  const Session defaults;
+  const auto flag = [&read](const char* key, bool fallback) {
+    return BooleanValue(read(key, BooleanText(fallback)));
+  };
+  const auto colour = [&read](const char* key, std::uint32_t fallback) {
+    return ColourValue(read(key, std::to_string(fallback)));
+  };
   const int port = PortNumber(store);
-  const auto passEnabled = BooleanValue(read("PassEnabled", "false"));
-  const auto bold = BooleanValue(read("BoldText", "True"));
-  const auto textColour = ColourValue(read("TextColor", "&H990000"));
-  const auto backColour = ColourValue(read("BackColor", "&HFFFFFF"));
-  const auto connectOnLaunch = BooleanValue(read("ConnectOnLaunch", "False"));
-  const auto keepAlive = BooleanValue(read("KeepAlive", "True"));
-  const auto logoutOnQuit = BooleanValue(read("LogoutOnQuit", "True"));
+  const auto passEnabled = flag("PassEnabled", defaults.PassEnabled);
+  const auto bold = flag("BoldText", defaultBold);
+  const auto textColour = colour("TextColor", defaultTextColour);
+  const auto backColour = colour("BackColor", defaultBackColour);
+  const auto connectOnLaunch = flag("ConnectOnLaunch", defaults.ConnectOnLaunch);
+  const auto keepAlive = flag("KeepAlive", defaults.KeepAlive);
+  const auto logoutOnQuit = flag("LogoutOnQuit", defaults.LogoutOnQuit);
 
   const bool sound = passEnabled && bold && textColour && backColour && connectOnLaunch &&
                      keepAlive && logoutOnQuit;
-  session.PassEnabled = sound && *passEnabled;
-  terminal.Bold = sound ? *bold : true;
+  session.PassEnabled = sound ? *passEnabled : defaults.PassEnabled;
+  terminal.Bold = sound ? *bold : defaultBold;
   terminal.ForeColor = sound ? *textColour : defaultTextColour;
   terminal.BackColor = sound ? *backColour : defaultBackColour;
-  session.ConnectOnLaunch = sound && *connectOnLaunch;
-  session.KeepAlive = sound ? *keepAlive : true;
-  session.LogoutOnQuit = sound ? *logoutOnQuit : true;
+  session.ConnectOnLaunch = sound ? *connectOnLaunch : defaults.ConnectOnLaunch;
+  session.KeepAlive = sound ? *keepAlive : defaults.KeepAlive;
+  session.LogoutOnQuit = sound ? *logoutOnQuit : defaults.LogoutOnQuit;
   return port;
 }
 

@@ -43,8 +43,8 @@ class FlagOf {
   bool raised = false;
 };
 
-// What the user wants to be kept between runs. Written by prefs/; PassEnabled also by the window
-// that sets the radio's password.
+// What the user wants to be kept between runs; these values hold when none are stored. Written by
+// prefs/; PassEnabled also by the window that sets the radio's password.
 struct StoredPreferences {
   bool ConnectOnLaunch = false;
   bool KeepAlive = true;
