@@ -24,7 +24,7 @@ int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBo
   const auto read = [&store](const char* key, const std::string& fallback) {
     return store.Read("Preferences", key, fallback);
   };
-  const Session defaults;
+  const StoredPreferences defaults;
   const auto flag = [&read](const char* key, bool fallback) {
     return BooleanValue(read(key, BooleanText(fallback)));
   };

@@ -181,6 +181,11 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
   EXPECT_EQ(Stored("Preferences", "PassEnabled"), "False");
   EXPECT_TRUE(Enabled("tbr_Login"));
   EXPECT_FALSE(Enabled("tbr_Logout"));
+}
+
+TEST_F(AccessTest, TheWaysOutOfThePasswordWindow) {
+  StartConnected();
+  Store("Preferences", "PassEnabled", "True");
   // The close box brings the echo back as well; a second click does not open a second one.
   ClearLog();
   ASSERT_TRUE(Click("mnuSetPass"));

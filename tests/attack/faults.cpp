@@ -60,6 +60,19 @@ void Babble(Blow& blow) {
   blow.Bench.After(blow.Whole.Took + Seconds(1), [&faults] { faults.BabblePerSecond = 0; });
 }
 
+// All of the radio or its loader alone; some echo in turn with their replies, some act late.
+void SlowDown(sim::SimRadioOptions& options, Blow& blow) {
+  const auto thinkTime = std::chrono::milliseconds(blow.Between(5, 400));
+  const auto way = blow.Between(0, 3);
+  if (way == 3) {
+    options.Loader.ThinkTime = thinkTime;
+  } else {
+    options.ThinkTime = thinkTime;
+  }
+  options.EchoesInTurn = way == 1;
+  options.ActsLate = way == 2;
+}
+
 void SwapRadio(Blow& blow) {
   const char* const revisions[] = {"1.9.0", "2.0.0", "3.0.0", "3.2.0"};
   sim::SimRadioOptions options = blow.Bench.Radio().Options();
@@ -108,9 +121,7 @@ constexpr Fault faults[] = {
     {.Name = "extra-bytes", .Strike = AtCommand<&LineFaults::ExtraBytesAt>, .Damages = Damage::Noise},
     {.Name = "doubled-reply", .Strike = AtCommand<&LineFaults::DoubleReplyAt>},
     {.Name = "noise", .Strike = Babble, .Damages = Damage::Noise},
-    {.Name = "slow-radio", .Before = [](sim::SimRadioOptions& options, Blow& blow) {
-       options.ThinkTime = std::chrono::milliseconds(blow.Between(5, 400));
-     }},
+    {.Name = "slow-radio", .Before = SlowDown},
     {.Name = "restart", .Strike = [](Blow& b) { b.Meanwhile([&w = b.Bench] { w.RestartRadio(); }); }},
     {.Name = "swap", .Strike = SwapRadio},
     {.Name = "other-row", .Strike = [](Blow& b) { DoAlso(b, {"message"}); }},

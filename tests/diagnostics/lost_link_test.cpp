@@ -1,27 +1,22 @@
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <cstddef>
 #include <functional>
 #include <string>
 #include <utility>
 
-#include "sim/bench.h"
+#include "window_bench.h"
 
 namespace quillmark {
 namespace {
 
 const std::string lostRadio =
     "There was an error communicating with the radio. Please reconnect and try again";
-const std::string vanished = "Click Cancel to quit, OK to ignore.";
 
 // What the windows that poll the radio do when it is not there any more.
-class LostLinkTest : public sim::Bench {
+class LostLinkTest : public WindowBench {
  public:
   void InZoneData(std::function<void()> acts) {
-    ExpectWindow("frmZoneData").Do(std::move(acts));
-    EXPECT_TRUE(Click("ButtonZoneData"));
-    CheckExpectations();
+    InWindow("ButtonZoneData", "frmZoneData", std::move(acts));
     EXPECT_FALSE(Application().Talk().Turns.Taken());
   }
   void InQuality(std::function<void()> acts) {
@@ -72,42 +67,6 @@ TEST_F(LostLinkTest, ARadioThatFallsSilentIsAskedAgainAndFoundWhenItIsBack) {
     Faults().SilentFrom = 0;
     Run(Seconds(3));
     EXPECT_NE(Text("zoneTXCount_0"), before);
-    EXPECT_TRUE(CloseWindow("frmZoneData"));
-  });
-}
-
-TEST_F(LostLinkTest, AnHourOfPollingTakesNoMoreRoom) {
-  StartConnected({.Paced = false, .ZoneTraffic = 20});
-  Line().SetLogLimit(65536);
-  InZoneData([&] {
-    const std::size_t controls = As<Form>("frmZoneData").Controls().size();
-    Shared().AskForRead();  // waits
-    std::size_t longest = 0;
-    for (int minute = 0; minute < 60; ++minute) {
-      Run(Seconds(60));
-      longest = std::max(longest, Shared().RxBuffer.View().size());
-    }
-    EXPECT_LE(longest, 600U);
-    EXPECT_LE(Text("txtTerm").size(), 17000U);
-    EXPECT_EQ(As<Form>("frmZoneData").Controls().size(), controls);
-    EXPECT_GE(std::stoi(Text("zoneTXCount_0")), 20 * 3590);
-    EXPECT_TRUE(Click("mnuExitScreen"));
-  });
-}
-
-TEST_F(LostLinkTest, WhoAsksForALinkThatWentLongAgoIsTold) {
-  StartConnected();
-  InZoneData([&] {
-    Run(Seconds(3));
-    ExpectBox(vanished);
-    Unplug();
-    Run(Seconds(60));
-    ExpectStopped("frmZoneData");
-    for (const char* menu : {"mnuToggleZoneUpdates", "mnuResetZoneData"}) {
-      ExpectLostRadio();
-      EXPECT_TRUE(Click(menu));
-      Run(Seconds(3));
-    }
     EXPECT_TRUE(CloseWindow("frmZoneData"));
   });
 }

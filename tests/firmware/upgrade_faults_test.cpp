@@ -104,42 +104,6 @@ TEST_F(UpgradeFaultsTest, CancelledWhileNothingLeaves) {
   ExpectConnected();
 }
 
-// Whatever ends an upgrade, and whenever: the line is as before, and another one succeeds.
-TEST_F(UpgradeFaultsTest, EndedAtAnyTime) {
-  file = Image(16384);
-  TolerateBoxes();
-  Start();
-  for (const bool quit : {false, true}) {
-    for (Duration at = Milliseconds(510); at < Seconds(16); at += Milliseconds(510)) {
-      SCOPED_TRACE((quit ? "quit after " : "cancelled after ") + std::to_string(at.count()));
-      ConnectTo({});
-      After(at, [&] {
-        EXPECT_TRUE(quit ? Quit() : !WindowOpen("frmProgram") || CloseWindow("frmProgram"));
-      });
-      ExpectErase(Answer::Yes);
-      Upgrade(file);
-      // The loader would take a logout for a record.
-      const auto sends = [this](const char* text) {
-        return Sent().find(text) != std::string::npos;
-      };
-      EXPECT_TRUE(sends("EXIT\r") || !sends("PASS NONE"));
-      if (Ended()) Restart();
-      Run(Seconds(5));
-      EXPECT_TRUE(Port().PortOpen() || Click("tbr_Connect"));
-      Run(Seconds(30));
-      EXPECT_EQ(Port().Settings(), "19200,N,8,1");
-      EXPECT_TRUE(Enabled("mnuSendText") && !WindowOpen("frmProgram") && !Main().EchoIsOff);
-      EXPECT_FALSE(Application().Talk().Turns.Taken());
-      const bool inLoader = Radio().At() == sim::Level::Loader;
-      if (!inLoader && Radio().Setting("srev") == "3.2.0") ExpectErase(Answer::Yes);
-      if (Radio().Setting("srev") != "3.2.1" || inLoader) Upgrade(file);
-      EXPECT_EQ(Radio().Setting("srev"), "3.2.1");
-      EXPECT_EQ(Radio().At(), sim::Level::Command);
-      ASSERT_TRUE(Click("tbr_Disconnect"));
-    }
-  }
-}
-
 // What the user does while an upgrade is under way.
 TEST_F(UpgradeFaultsTest, WhatTheUserDoesMeanwhile) {
   StartInLoader();

@@ -204,34 +204,6 @@ TEST_F(UpgradeSessionTest, AFileThatChangesWhileItIsSent) {
   ExpectConnected();
 }
 
-// A slow radio echoes at once and then needs its time for each line, one after the other. A loader
-// that is found at work must be upgradable again, whatever ended the upgrade before.
-TEST_F(UpgradeSessionTest, SlowRadiosAndSlowLoaders) {
-  const auto file = Image(4096);
-  Start();
-  for (const int ms : {5, 50, 100, 200, 400}) {
-    for (const bool loaderAlone : {true, false}) {
-      SCOPED_TRACE(std::to_string(ms) + (loaderAlone ? " ms, its loader" : " ms, all of it"));
-      sim::SimRadioOptions slow{.Loader = {.EraseTime = Seconds(ms / 50)}};
-      (loaderAlone ? slow.Loader.ThinkTime.emplace() : slow.ThinkTime) = Milliseconds(ms);
-      ConnectTo(slow);
-      ExpectErase(Answer::Yes);
-      ExpectSuccess();
-      Upgrade(file);
-      EXPECT_EQ(Radio().Setting("srev"), "3.2.1");
-      ASSERT_TRUE(Click("tbr_Disconnect"));
-      StartInLoader(slow);
-      WhileSending([&] { EXPECT_TRUE(Click("Command1")); });
-      FailOnce(file);
-      ExpectSuccess();
-      Upgrade(file);
-      EXPECT_EQ(Radio().Setting("srev"), "3.2.1");
-      ExpectConnected();
-      ASSERT_TRUE(Click("tbr_Disconnect"));
-    }
-  }
-}
-
 TEST_F(UpgradeSessionTest, TwentyMegabytes) {
   StartInLoader();
   // While a large file is checked, the windows live.

@@ -12,9 +12,6 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-const std::string lostRadio =
-    "There was an error communicating with the radio. Please reconnect and try again";
-
 std::string Joined(const std::vector<std::string>& words) {
   std::string text;
   for (const std::string& word : words) text += (text.empty() ? "" : ",") + word;
@@ -165,19 +162,6 @@ TEST_F(ReadCycleTest, ASilentRadioCostsFourSecondsARow) {
   const auto reads = SentCommands().size();
   EXPECT_EQ(reads, 37U);  // all but xaddr, xpri and xrssi; the first two were answered
   EXPECT_NEAR(static_cast<double>((Now() - began).count()) / 1e6, 4.0 * 35 + 11 * 0.08, 1.2);
-}
-
-TEST_F(ReadCycleTest, ARadioThatHasGoneQuietIsWokenAndThenGivenUp) {
-  StartConnected();
-  Faults().SilentFrom = 1;
-  Main().ConnectCancelled = false;
-  ExpectBox("Error").Saying(lostRadio).With(Icon::Exclamation);
-  ASSERT_TRUE(Click("ButtonRefresh"));
-  Run(Seconds(60));
-  EXPECT_FALSE(Port().PortOpen());
-  EXPECT_FALSE(Shared().RefreshRequested);
-  EXPECT_EQ(Text("txtTerm"), "Error. Please reconnect.");
-  EXPECT_EQ(SentCommands().back(), "CLOS");
 }
 
 // A read that looks for the radio in vain must not open again what was closed meanwhile.

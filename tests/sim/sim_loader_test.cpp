@@ -73,42 +73,5 @@ TEST(SimLoader, JudgesTheWholeImage) {
   }
 }
 
-TEST(SimLoader, TakesARadioThroughAWholeUpgrade) {
-  Talk talk(Master());
-  EXPECT_EQ(talk.Send("PROGRAM\r"), "PROGRAM\r\nARE YOU SURE?\r\n>");
-  EXPECT_EQ(talk.Ask("NO"), "FIRMWARE KEPT");
-  talk.Send("PROGRAM\r");
-  EXPECT_EQ(talk.Send("YES\r"), "YES\r\nERASING\r\n");
-  EXPECT_EQ(talk.Send("\r"), "");  // hears nothing while it works
-  EXPECT_EQ(talk.Pass(std::chrono::seconds(2)), "\r\nLOADER>");
-  EXPECT_EQ(talk.Send("\x1b\r\n\r\r"), "\r\n\r\n\r\nLOADER>LOADER>LOADER>");
-  EXPECT_EQ(talk.Ask("EXIT"), "NO FIRMWARE");
-  EXPECT_EQ(talk.Ask("PROGRAM"), "NOT ERASED");
-  BringUp(talk);
-
-  const Time start = talk.now;
-  const std::string image = header + data + end;
-  EXPECT_THAT(talk.Send(image, 115200), HasSubstr("PROGRAMMED OK"));
-  const SimTransfer& transfer = talk.radio.Transfer();
-  // Two line-end bytes behind the last record are no longer part of the transfer.
-  const auto bytes = static_cast<std::int64_t>(image.size()) - 2;
-  EXPECT_EQ(transfer.Bytes, bytes);
-  EXPECT_EQ(transfer.First - start, Time(86));
-  EXPECT_EQ(transfer.Last - start, Time(bytes * 10'000'000 / 115200));
-}
-
-TEST(SimLoader, ComesBackFromABrokenTransfer) {
-  Talk talk(InLoader());
-  BringUp(talk);
-  talk.Send(header + data.substr(0, 20), 115200);
-  // The host gives up and is back at 19200: the transfer ends, and two carriage returns bring the
-  // loader to that rate.
-  talk.Send("CLOS\r");
-  EXPECT_FALSE(talk.radio.Transfer().Sound);
-  EXPECT_THAT(talk.Send("\x1b\r\n\r\r\r\r"), EndsWith("LOADER>"));
-  EXPECT_EQ(talk.radio.Baud(), 19200);
-  EXPECT_EQ(talk.Ask("EXIT"), "NO FIRMWARE");
-}
-
 }  // namespace
 }  // namespace quillmark::sim

@@ -24,12 +24,6 @@ SimRadioOptions Lost() {
   return options;
 }
 
-SimRadioOptions Protected() {
-  SimRadioOptions options = Master();
-  options.Password = "abcd";
-  return options;
-}
-
 TEST(SimRadio, AnswersInTheShapeOfTheDialect) {
   const struct {
     std::string typed;
@@ -123,37 +117,6 @@ TEST(SimRadio, TakesWhatIsInRangeAndKeepsIt) {
     EXPECT_EQ(talk.Ask(c.word + " " + c.value), expected) << c.word << " " << c.value;
     EXPECT_EQ(talk.radio.Setting(c.word), c.kept.empty() ? before : c.kept);
   }
-}
-
-TEST(SimRadio, AsksForALoginBeforeItChangesAnything) {
-  const struct {
-    std::string typed;
-    std::string text;
-  } steps[] = {
-      {"own Quillmark SS", "ACCESS DENIED"},
-      {"setup", "ACCESS DENIED"},
-      {"k7m2", "ACCESS DENIED"},
-      {"addr", "ADDR NONE"},
-      {"pass abcd", "PASSWORD OK"},
-      {"ADDR 1000", "PROGRAMMED OK"},
-      {"code 255", "PROGRAMMED OK"},
-      {"PASS NONE", "LOGGED OUT"},
-      {"addr 7", "ACCESS DENIED"},
-      {"pass abcd", "PASSWORD OK"},
-      {"k7m2 new", "PROGRAMMED OK"},
-      {"PASS NONE", "LOGGED OUT"},
-      {"pass abcd", "PASSWORD INVALID"},
-      {"pass new", "PASSWORD OK"},
-      {"k7m2", "PROGRAMMED OK"},
-      {"PASS NONE", "LOGGED OUT"},
-      {"addr 7", "PROGRAMMED OK"},
-      {"k7m2 NoNe", "PROGRAMMED OK"},  // a password that only logs out
-      {"addr 8", "PROGRAMMED OK"},
-      {"pass NoNe", "LOGGED OUT"},
-      {"addr 7", "ACCESS DENIED"},
-  };
-  Talk talk(Protected());
-  for (const auto& step : steps) EXPECT_EQ(talk.Ask(step.typed), step.text) << step.typed;
 }
 
 TEST(SimRadio, ShowsNoSecretInALog) {
