@@ -124,7 +124,7 @@ void frmSetup::Press(Button& pressed, Button& other, const char* command) {
 }
 
 void frmSetup::ExitButton_Click() {
-  if (quillmark::Find(main.Mode.Text(), "M", 2) != 0) main.ButtonRSSI.Enabled = false;
+  if (quillmark::Find(main.ModeText(), "M", 2) != 0) main.ButtonRSSI.Enabled = false;
   // It goes out even after this window has closed.
   radio.Turns.WhenFree([&talk = radio, &shared = session, &dialogs = platform.Dialogs] {
     WithLinkErrors(dialogs, [&talk] { talk.Say("quit"); });

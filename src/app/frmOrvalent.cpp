@@ -15,10 +15,10 @@ constexpr double tabHeight = 420;
 
 }  // namespace
 
-frmOrvalent::frmOrvalent(EventLoop& events)
+frmOrvalent::frmOrvalent(EventLoop& events, std::span<const Setting> settings)
     : Form("frmOrvalent"),
       MainMenus(static_cast<Form&>(*this)),
-      SettingsRows(static_cast<Form&>(*this)),
+      SettingsRows(static_cast<Form&>(*this), settings),
       QuickTaskControls(static_cast<Form&>(*this)),
       txtTerm(*this, this, "txtTerm"),
       ButtonAdv(*this, this, "ButtonAdv", "Advanced"),

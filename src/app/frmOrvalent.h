@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 
 #include "app/main_menus.h"
 #include "app/quick_task_controls.h"
@@ -24,7 +25,8 @@ class frmOrvalent : public Form,
                     public SettingsRows,
                     public QuickTaskControls {
  public:
-  explicit frmOrvalent(EventLoop& events);
+  // `settings` outlives it.
+  explicit frmOrvalent(EventLoop& events, std::span<const Setting> settings = AllSettings());
 
   TextBox txtTerm;
   Button ButtonAdv, ButtonZoneData, ButtonRSSI, ButtonRefresh;

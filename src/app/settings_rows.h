@@ -1,8 +1,11 @@
 #pragma once
 
 #include <array>
+#include <deque>
+#include <span>
 #include <string>
 
+#include "catalogue/settings.h"
 #include "controls/choices.h"
 #include "controls/clickable.h"
 #include "controls/form.h"
@@ -13,18 +16,10 @@ namespace quillmark {
 // which a click explains.
 class SettingRow : public ValueField {
  public:
-  struct Design {
-    const char* Name;
-    const char* LabelName;
-    const char* Caption;
-    double Top;            // twips from the top of the frame
-    const char* Tip = "";  // of the value
-    const char* Start = "n/a";
-  };
-
   // A row with a tip can be clicked and starts with the arrow pointer.
-  SettingRow(Form& form, Frame& frame, const Design& design);
+  SettingRow(Form& form, Frame& frame, const Setting& setting);
 
+  const Setting& What;
   Label Caption;
 
   void Show(bool shown);
@@ -34,22 +29,20 @@ class SettingRow : public ValueField {
 };
 
 // The rows of the main window by frame: the information frame and the six frames under the tabs.
-// Part of the main window, and as long-lived.
+// Part of the main window, and as long-lived; `settings` outlives it.
 class SettingsRows {
  public:
-  explicit SettingsRows(Form& form);
+  SettingsRows(Form& form, std::span<const Setting> settings);
+
+  const std::span<const Setting> Settings;  // of all the windows of this main window
 
   Frame InfoFrame;
   TabStrip SettingsTab;
   std::array<Frame, 6> NetSet;
 
-  SettingRow SerialNumber, UnitAddr, SoftwareRev, OwnerName, OwnerMessage, AlarmInfo, Temperature;
-  SettingRow Mode, PowerLevel, BaudRate, Port, DeviceType, AlarmMask, AlarmSense;
-  SettingRow CTSdelay, CTSHOLDdelay, RxTimeOut, RXD, SleepMode, LPMHOLD;
-  SettingRow NetworkAddress, CSADDR, HopTime, SkippedZones, LPM;
-  SettingRow RepeatCount, RetryCount, FEC, DataBuff;
-  SettingRow StoreAndForward, XADDR, XMIN, XMAX, XPRI, XRSSI, XMAP, ShowSync;
-  SettingRow DTYPE, DLINK, SoftRTU, DiagOptions;
+  std::deque<SettingRow> Rows;  // one for each of the settings, in their order
+  SettingRow& At(SettingId id) { return Rows[PlaceOf(id)]; }
+  const std::string& ModeText() { return At(SettingId::Mode).Text(); }
 };
 
 }  // namespace quillmark

@@ -62,6 +62,11 @@ struct RevisionGate {
   double From = -std::numeric_limits<double>::infinity();
   double Below = std::numeric_limits<double>::infinity();
 
+  // False when it holds for all.
+  constexpr bool Gated() const {
+    return From > -std::numeric_limits<double>::infinity() ||
+           Below < std::numeric_limits<double>::infinity();
+  }
   // An unknown revision counts as below every threshold.
   bool HoldsBelowIfUnknown(const Revision& revision) const;
   // An unknown revision passes.
@@ -80,10 +85,10 @@ enum class Modes { All, Master, NotMaster, NotRemote, MasterOrExtension };
 // Whether the text of the mode row, such as "MODE M" in whatever case, is of one of these modes.
 bool IsOneOf(Modes modes, std::string_view modeText);
 
-// Where a row stands: beside the tabs of the main window (the first tab of the store and restore
-// window), or on a tab.
+// Where a row stands: beside the tabs of the main window, or on one of them. In the store and
+// restore window each is a tab.
 enum class Tab : std::size_t {
-  General,
+  General,  // beside the tabs
   Radio1,
   Radio2,
   Network1,
@@ -91,7 +96,10 @@ enum class Tab : std::size_t {
   StoreAndForward,
   Diagnostics
 };
+inline constexpr std::size_t FirstTab = 1;  // of the main window
 inline constexpr std::size_t TabCount = 7;
+static_assert(static_cast<std::size_t>(Tab::Radio1) == FirstTab);
+static_assert(static_cast<std::size_t>(Tab::Diagnostics) + 1 == TabCount);
 
 // What the radio takes. The radio alone judges a value: these are for the user's eyes, the default
 // set, and the tests.

@@ -1,14 +1,19 @@
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string_view>
+
+#include "catalogue/settings.h"
 
 namespace quillmark {
 
-// The word (small letters, as the radio is asked with it) of the setting that a line of a
-// configuration file is of; empty for any other line. A line is known by the key that stands
-// anywhere in it, capitals exact; the first key in the order of the file format wins, so that
-// "OWN UNIT 5" counts as the unit address. The line of the options ("Diagnostics ON, LPM OFF") is
-// of no setting.
-std::string_view SettingOfLine(std::string_view line);
+// The setting that a line of a configuration file is of; nothing for any other line. A line is
+// known by the key that stands anywhere in it, capitals exact; the first key in the order of the
+// catalogue wins, so that "OWN UNIT 5" counts as the unit address. A line with "CTSHOLD" is not of
+// the setting with the shorter key "CTS". The line of the options ("Diagnostics ON, LPM OFF") is of
+// no setting.
+std::optional<SettingId> SettingOfLine(std::string_view line,
+                                       std::span<const Setting> settings = AllSettings());
 
 }  // namespace quillmark

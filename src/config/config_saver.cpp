@@ -19,13 +19,6 @@ constexpr Duration longestQuieting = Seconds(2);
 constexpr Duration longestEcho = Seconds(1);
 constexpr Duration firstLook = Milliseconds(50);
 
-int SettingCount(bool master) {
-  const auto rows = SavedSettings();
-  return static_cast<int>(std::count_if(rows.begin(), rows.end(), [&](const SavedSetting& row) {
-    return master || !row.MasterOnly;
-  }));
-}
-
 // The firmware's part number, revision and date in one line.
 std::string FirmwareText(std::string reply) {
   for (std::size_t at = reply.find("\r\n"); at != std::string::npos; at = reply.find("\r\n")) {
@@ -169,34 +162,39 @@ bool ConfigSaver::CallRadio() {
 void ConfigSaver::WriteSettings(ReplacedFile& file, bool report) {
   radio.SwitchEcho(false, "\n");
   modeLetter.clear();
+  const auto rows = SavedOrder(main.Settings);
+  const auto atMaster = [](const Setting* row) { return row->Saved->MasterOnly; };
+  const auto others = rows.size() - static_cast<std::size_t>(std::ranges::count_if(rows, atMaster));
   int done = 0;
-  int all = SettingCount(true);
-  for (const SavedSetting& row : SavedSettings()) {
-    if (row.MasterOnly && !EqualAnyCase(modeLetter, "M")) {
-      all = SettingCount(false);
+  auto all = static_cast<int>(rows.size());
+  for (const Setting* row : rows) {
+    if (row->Saved->MasterOnly && !EqualAnyCase(modeLetter, "M")) {
+      all = static_cast<int>(others);
       continue;
     }
     run.ShowProgress(done++, all);
-    if (!report && row.Panel != nullptr) run.ShowStatus(row.Panel);
-    WriteSetting(file, row);
+    if (!report && row->Saved->Panel) run.ShowStatus(Upper(row->Word));
+    WriteSetting(file, *row);
   }
   run.ShowProgress(all, all);
 }
 
-void ConfigSaver::WriteSetting(ReplacedFile& file, const SavedSetting& row) {
+void ConfigSaver::WriteSetting(ReplacedFile& file, const Setting& row) {
   const auto text = ReadSetting(row);
-  if (row.Dot) run.Dot();
+  if (row.Saved->Dot) run.Dot();
   if (const auto lines = CutSetting(row, AsReply(text.value_or("")))) {
     file.Line(*lines);
-    if (row.Way == SavedSetting::Cut::SixWide) modeLetter = Mid(*lines, 6, 1).value_or("");
+    if (row.Id == SettingId::Mode) modeLetter = Mid(*lines, 6, 1).value_or("");
   }
 }
 
 // A refusal is no value. Only a revision that lacks the setting may refuse it.
-std::optional<std::string> ConfigSaver::ReadSetting(const SavedSetting& row) {
-  const bool lacking = row.Since > 0 && revision.Below(row.Since);
-  auto text = run.Ask({.Command = row.Command,
-                       .Opening = row.Word == nullptr ? "" : row.Word,
+std::optional<std::string> ConfigSaver::ReadSetting(const Setting& row) {
+  const bool lacking = revision.Known() && !row.Revisions.HoldsIfUnknown(revision);
+  const std::string command = SavedCommand(row);
+  const std::string word = SavedWord(row);
+  auto text = run.Ask({.Command = command,
+                       .Opening = word,
                        .FirstLook = firstLook,
                        .Echo = false,
                        .TakesRefusal = lacking,
@@ -204,10 +202,10 @@ std::optional<std::string> ConfigSaver::ReadSetting(const SavedSetting& row) {
   // A line end would make it two lines of the file, and the second one a command.
   if (text && IsOneLine(*text)) return text;
   // Only a name or a message may be empty.
-  if (row.Word == nullptr && radio.CameLast() == Reply::State::Bare) return std::nullopt;
-  const bool mayLack = row.Since > 0 && !revision.Known();
+  if (word.empty() && radio.CameLast() == Reply::State::Bare) return std::nullopt;
+  const bool mayLack = row.Revisions.Gated() && !revision.Known();
   if (mayLack && IsRefusal(radio.Received())) return std::nullopt;
-  throw RunFailed{"The radio's reply to " + std::string(row.Command) + " can't be read."};
+  throw RunFailed{"The radio's reply to " + command + " can't be read."};
 }
 
 void ConfigSaver::SwitchEchoOn() {

@@ -14,8 +14,6 @@
 
 namespace quillmark {
 
-struct SavedSetting;
-
 // Writes the connected radio's configuration into a file, one setting after the other, each cut out
 // of the radio's reply as it came. The buttons for files, presets and the report call it.
 // Everything given to it outlives it.
@@ -42,9 +40,9 @@ class ConfigSaver {
   // Sends carriage returns until the radio answers; tells whether it had to.
   bool CallRadio();
   void WriteSettings(ReplacedFile& file, bool report);
-  void WriteSetting(ReplacedFile& file, const SavedSetting& row);
+  void WriteSetting(ReplacedFile& file, const Setting& row);
   // The reply's text; nothing where this radio's revision lacks the setting.
-  std::optional<std::string> ReadSetting(const SavedSetting& row);
+  std::optional<std::string> ReadSetting(const Setting& row);
   void SwitchEchoOn();
   void Fail(const std::string& why);
 

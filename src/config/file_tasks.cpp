@@ -59,7 +59,8 @@ void FileTasks::RestoreConfiguration() {
 // Named after the radio's serial number, behind its word.
 fs::path FileTasks::ReportFile() const {
   constexpr std::ptrdiff_t longestName = 100;
-  const std::string number = Mid(main.SerialNumber.Text(), 4, longestName).value_or("");
+  const std::string number =
+      Mid(main.At(SettingId::SerialNumber).Text(), 4, longestName).value_or("");
   const std::string name = NameText(number);
   return TempFolder(platform.Files) / ((name.empty() ? "config" : name) + ".txt");
 }

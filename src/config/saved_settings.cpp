@@ -9,48 +9,6 @@ namespace quillmark {
 
 namespace {
 
-using Cut = SavedSetting::Cut;
-
-// clang-format off
-constexpr SavedSetting settings[] = {
-    {.Command = "unit", .Panel = "UNIT", .Word = "UNIT"},
-    {.Command = "OWN", .Panel = "OWN", .Word = nullptr, .Way = Cut::Owner},
-    {.Command = "OWM", .Panel = "OWM", .Word = nullptr, .Way = Cut::Owner},
-    {.Command = "mode", .Panel = "MODE", .Word = "MODE", .Way = Cut::SixWide},
-    {.Command = "pwr", .Panel = "PWR", .Word = "PWR", .Way = Cut::TenWide},
-    {.Command = "baud", .Panel = "BAUD", .Word = "BAUD", .Dot = false},
-    {.Command = "port", .Panel = "PORT", .Word = "PORT"},
-    {.Command = "device", .Panel = "DEVICE", .Word = "DEVICE"},
-    {.Command = "amask", .Panel = nullptr, .Word = "MASK", .Way = Cut::AlarmMask},
-    {.Command = "asense", .Panel = "ASENSE", .Word = "ALARM", .Way = Cut::NoColon},
-    {.Command = "cts", .Panel = "CTS", .Word = "CTS"},
-    {.Command = "ctshold", .Panel = "CTSHOLD", .Word = "CTSHOLD", .NotWith = "n/a"},
-    {.Command = "rxtot", .Panel = "RXTOT", .Word = "RXTOT"},
-    {.Command = "rxd", .Panel = "RXD", .Word = "RXD", .Since = 300},
-    {.Command = "sleep", .Panel = "SLEEP", .Word = "SLEEP", .NotWith = "n/a"},
-    {.Command = "lpmhold", .Panel = "LPMHOLD", .Word = "LPMHOLD", .Since = 320},
-    {.Command = "addr", .Panel = "ADDR", .Word = "ADDR"},
-    {.Command = "csaddr", .Panel = "CSADDR", .Word = "CSADDR", .MasterOnly = true,
-     .LineWithout = "CSADDR NONE", .Since = 300},
-    {.Command = "hoptime", .Panel = "HOPTIME", .Word = "HOPTIME", .MasterOnly = true},
-    {.Command = "skip", .Panel = "SKIP", .Word = "SKIP", .MasterOnly = true},
-    {.Command = "lpm", .Panel = "LPM", .Word = "LPM", .MasterOnly = true, .Since = 320},
-    {.Command = "repeat", .Panel = "REPEAT", .Word = "REPEAT", .MasterOnly = true},
-    {.Command = "retry", .Panel = "RETRY", .Word = "RETRY", .MasterOnly = true},
-    {.Command = "fec", .Panel = "FEC", .Word = "FEC", .MasterOnly = true},
-    {.Command = "buff", .Panel = "BUFF", .Word = "BUFF", .MasterOnly = true},
-    {.Command = "saf", .Panel = "SAF", .Word = "SAF", .MasterOnly = true},
-    {.Command = "xaddr", .Panel = "XADDR", .Word = "XADDR"},
-    {.Command = "xmap", .Panel = "XMAP", .Word = "XMAP", .Since = 200},
-    {.Command = "xrssi", .Panel = "XRSSI", .Word = "XRSSI", .Since = 200},
-    {.Command = "xpri", .Panel = "XPRI", .Word = "XPRI", .Dot = false, .Since = 200},
-    {.Command = "dtype", .Panel = "DTYPE", .Word = "DTYPE", .Dot = false, .Since = 200},
-    {.Command = "dlink", .Panel = "DLINK", .Word = "DLINK", .Way = Cut::Dlink, .Dot = false,
-     .Since = 200},
-    {.Command = "options", .Panel = "OPTIONS", .Word = "Diagnostics", .Dot = false},
-};
-// clang-format on
-
 // The characters from position `from` up to, not including, the last three of the reply.
 std::ptrdiff_t TailLength(const std::string& reply, std::size_t from) {
   return static_cast<std::ptrdiff_t>(reply.size()) - static_cast<std::ptrdiff_t>(from) - 2;
@@ -75,35 +33,42 @@ std::string DlinkLines(const std::string& reply, std::size_t from) {
 
 }  // namespace
 
-std::span<const SavedSetting> SavedSettings() { return settings; }
+std::string SavedCommand(const Setting& setting) {
+  return setting.Saved->Command != nullptr ? setting.Saved->Command : setting.Word;
+}
 
-std::optional<std::string> CutSetting(const SavedSetting& row, const std::string& original) {
+std::string SavedWord(const Setting& setting) {
+  return setting.Saved->Reply != nullptr ? setting.Saved->Reply : setting.Reply;
+}
+
+std::optional<std::string> CutSetting(const Setting& setting, const std::string& original) {
   constexpr std::size_t shortestOwner = 6;
   constexpr std::size_t lineEnd = 2;
+  const SettingSaved& saved = *setting.Saved;
   std::string reply = original;
-  if (row.Way == Cut::Owner) {
+  if (saved.Cut == SavedCut::Owner) {
     if (reply.size() < shortestOwner) return std::nullopt;
-    return std::string(row.Command) + " " + TailCut(reply, lineEnd + 1);
+    return SavedCommand(setting) + " " + TailCut(reply, lineEnd + 1);
   }
-  if (row.Way == Cut::AlarmMask || row.Way == Cut::NoColon) std::erase(reply, ':');
-  const std::size_t at = FindAnyCase(reply, row.Word);
+  if (saved.Cut == SavedCut::AlarmMask || saved.Cut == SavedCut::NoColon) std::erase(reply, ':');
+  const std::size_t at = FindAnyCase(reply, SavedWord(setting));
   if (at == 0) {
-    if (row.LineWithout == nullptr) return std::nullopt;
-    return row.LineWithout;
+    if (saved.LineWithout == nullptr) return std::nullopt;
+    return saved.LineWithout;
   }
-  if (row.NotWith != nullptr && Contains(reply, row.NotWith)) return std::nullopt;
-  switch (row.Way) {
-    case Cut::SixWide:
+  if (saved.NotWith != nullptr && Contains(reply, saved.NotWith)) return std::nullopt;
+  switch (saved.Cut) {
+    case SavedCut::SixWide:
       return MustCut(reply, at, std::min<std::ptrdiff_t>(6, TailLength(reply, at)));
-    case Cut::TenWide:
+    case SavedCut::TenWide:
       return MustCut(reply, at, std::min<std::ptrdiff_t>(10, TailLength(reply, at)));
-    case Cut::AlarmMask:
+    case SavedCut::AlarmMask:
       return "A" + TailCut(reply, at);
-    case Cut::Dlink:
+    case SavedCut::Dlink:
       return DlinkLines(reply, at);
-    case Cut::Owner:
-    case Cut::Tail:
-    case Cut::NoColon:
+    case SavedCut::Owner:
+    case SavedCut::Tail:
+    case SavedCut::NoColon:
       break;
   }
   return TailCut(reply, at);

@@ -1,7 +1,5 @@
 #include "radio/read_cycle.h"
 
-#include <array>
-
 #include "platform/utilities.h"
 #include "radio/login_probe.h"
 #include "radio/view_rules.h"
@@ -12,92 +10,12 @@ namespace quillmark {
 namespace {
 
 constexpr Duration readTimeOut = Seconds(4);
-constexpr std::string_view notAvailable = "NOT AVAILABLE";
+constexpr const char* notAvailable = "NOT AVAILABLE";
 
-enum class Gate { Always, From200, Below200, From200Known, From300, From320, NotRemote };
-enum class Then { Nothing, Revision, LoginProbe, ModeRules, RtuRule };
-
-}  // namespace
-
-struct ReadRow {
-  const char* Word;
-  SettingRow SettingsRows::*Row;
-  const char* Opening = "";  // what the reply begins with; empty: any text
-  bool ManyLines = false;    // in the reply
-  Gate When = Gate::Always;
-  const char* Refusal = "";  // a reply that holds it puts "NOT AVAILABLE" into the row
-  Then Step = Then::Nothing;
-  bool Pause = false;
-};
-
-namespace {
-
-// clang-format off
-constexpr std::array<ReadRow, 40> reads{{
-    {.Word = "ser", .Row = &SettingsRows::SerialNumber, .Opening = "SN"},
-    {.Word = "unit", .Row = &SettingsRows::UnitAddr, .Opening = "UNIT"},
-    {.Word = "srev", .Row = &SettingsRows::SoftwareRev, .Opening = "77-", .ManyLines = true, .Step = Then::Revision},
-    {.Word = "own", .Row = &SettingsRows::OwnerName, .Step = Then::LoginProbe, .Pause = true},
-    {.Word = "owm", .Row = &SettingsRows::OwnerMessage},
-    {.Word = "temp", .Row = &SettingsRows::Temperature},
-    {.Word = "alrm", .Row = &SettingsRows::AlarmInfo, .ManyLines = true, .Pause = true},
-    {.Word = "mode", .Row = &SettingsRows::Mode, .Opening = "MODE", .Step = Then::ModeRules},
-    {.Word = "pwr", .Row = &SettingsRows::PowerLevel, .Opening = "PWR"},
-    {.Word = "baud", .Row = &SettingsRows::BaudRate, .Opening = "BAUD"},
-    {.Word = "port", .Row = &SettingsRows::Port, .Opening = "PORT", .Pause = true},
-    {.Word = "device", .Row = &SettingsRows::DeviceType, .Opening = "DEVICE"},
-    {.Word = "amask", .Row = &SettingsRows::AlarmMask, .Opening = "MASK"},
-    {.Word = "asense", .Row = &SettingsRows::AlarmSense, .Opening = "ALARM", .Pause = true},
-    {.Word = "cts", .Row = &SettingsRows::CTSdelay, .Opening = "CTS"},
-    {.Word = "ctshold", .Row = &SettingsRows::CTSHOLDdelay, .Opening = "CTSHOLD"},
-    {.Word = "rxtot", .Row = &SettingsRows::RxTimeOut, .Opening = "RXTOT", .Pause = true},
-    {.Word = "rxd", .Row = &SettingsRows::RXD, .Opening = "RXD", .When = Gate::From300},
-    {.Word = "sleep", .Row = &SettingsRows::SleepMode, .Opening = "SLEEP"},
-    {.Word = "lpmhold", .Row = &SettingsRows::LPMHOLD, .Opening = "LPMHOLD", .When = Gate::From320,
-     .Refusal = "SELECTED OPTION", .Pause = true},
-    {.Word = "addr", .Row = &SettingsRows::NetworkAddress, .Opening = "ADDR"},
-    {.Word = "csaddr", .Row = &SettingsRows::CSADDR, .Opening = "CSADDR", .When = Gate::From300, .Refusal = "n/a"},
-    {.Word = "hoptime", .Row = &SettingsRows::HopTime, .Opening = "HOPTIME"},
-    {.Word = "skip", .Row = &SettingsRows::SkippedZones, .Opening = "SKIP"},
-    {.Word = "lpm", .Row = &SettingsRows::LPM, .Opening = "LPM", .When = Gate::From320,
-     .Refusal = "SELECTED OPTION", .Pause = true},
-    {.Word = "repeat", .Row = &SettingsRows::RepeatCount, .Opening = "REPEAT", .Refusal = "PROGRAMMABLE ONLY"},
-    {.Word = "retry", .Row = &SettingsRows::RetryCount, .Opening = "RETRY"},
-    {.Word = "fec", .Row = &SettingsRows::FEC, .Opening = "FEC"},
-    {.Word = "buff", .Row = &SettingsRows::DataBuff, .Opening = "BUFF", .Pause = true},
-    {.Word = "saf", .Row = &SettingsRows::StoreAndForward, .Opening = "SAF"},
-    {.Word = "xaddr", .Row = &SettingsRows::XADDR, .Opening = "XADDR", .When = Gate::NotRemote},
-    {.Word = "xmin", .Row = &SettingsRows::XMIN, .Opening = "XMIN", .When = Gate::Below200},
-    {.Word = "xmax", .Row = &SettingsRows::XMAX, .Opening = "XMAX", .When = Gate::Below200},
-    {.Word = "xpri", .Row = &SettingsRows::XPRI, .Opening = "XPRI", .When = Gate::From200Known},
-    {.Word = "xrssi", .Row = &SettingsRows::XRSSI, .Opening = "XRSSI", .When = Gate::From200Known},
-    {.Word = "show sync", .Row = &SettingsRows::ShowSync, .Pause = true},
-    {.Word = "dtype", .Row = &SettingsRows::DTYPE, .Opening = "DTYPE", .When = Gate::From200},
-    {.Word = "dlink", .Row = &SettingsRows::DLINK, .Opening = "DLINK", .When = Gate::From200},
-    {.Word = "rtu", .Row = &SettingsRows::SoftRTU, .Opening = "RTU", .When = Gate::From200, .Step = Then::RtuRule},
-    {.Word = "options", .Row = &SettingsRows::DiagOptions, .Pause = true},
-}};
-// clang-format on
-
-// With an unknown revision all reads run but those of From200Known: nothing may stay unread that
-// the radio might have.
-bool IsOpen(Gate gate, const Revision& revision) {
-  switch (gate) {
-    case Gate::From200:
-      return !revision.Below(200);
-    case Gate::Below200:
-      return !revision.AtLeast(200);
-    case Gate::From200Known:
-      return revision.AtLeast(200);
-    case Gate::From300:
-      return !revision.Below(300);
-    case Gate::From320:
-      return !revision.Below(320);
-    case Gate::Always:
-    case Gate::NotRemote:
-      break;
-  }
-  return true;
+// Nothing may stay unread that the radio might have, but for the rows that say so.
+bool IsOffered(const Setting& setting, const Revision& revision) {
+  if (!revision.Known() && !setting.Read->IfUnknown) return false;
+  return setting.Revisions.HoldsIfUnknown(revision);
 }
 
 }  // namespace
@@ -110,42 +28,50 @@ void ReadCycle::Run() {
   session.DropRead();
   const int began = radio.Epoch();
   if (!CheckRadio()) return;
-  for (const ReadRow& read : reads) {
-    ReadOne(read);
+  for (SettingRow& row : main.Rows) {
+    if (row.What.Read) ReadRow(row);
     // Somebody has connected anew meanwhile: that brings a read of its own.
     if (radio.Epoch() != began && radio.Open()) return;
   }
 }
 
-void ReadCycle::ReadOne(const ReadRow& read) {
-  SettingRow& row = main.*read.Row;
+void ReadCycle::ReadRow(SettingRow& row) {
+  const SettingRead& read = *row.What.Read;
   std::optional<std::string> value;
-  if (read.When == Gate::NotRemote && EqualAnyCase(main.Mode.Text(), "MODE R")) {
-    row.Text = std::string(notAvailable);
-  } else if (IsOpen(read.When, session.SoftwareRevision)) {
-    value = radio.Ask({.Command = read.Word,
-                       .Limit = readTimeOut,
-                       .Opening = read.Opening,
-                       .ManyLines = read.ManyLines});
-    if (read.Step == Then::Revision && value && !HasVersionForm(VersionIn(*value))) {
-      value = radio.Ask({.Command = read.Word, .Opening = read.Opening, .ManyLines = true});
+  if (!IsOneOf(read.At, main.ModeText())) {
+    row.Text = notAvailable;
+  } else if (IsOffered(row.What, session.SoftwareRevision)) {
+    value = Ask(row.What);
+    if (value) {
+      const bool refused = *read.Refusal != '\0' && Contains(*value, read.Refusal);
+      row.Text = refused ? notAvailable : *value;
     }
-    Show(read, value);
-    if (read.Step == Then::RtuRule) row.AllowClick(!Contains(radio.Received(), "SELECTED OPTION"));
+    if (row.What.Id == SettingId::SoftRTU) {
+      row.AllowClick(!Contains(radio.Received(), "SELECTED OPTION"));
+    }
   }
-  if (read.Step == Then::Revision) TakeRevision(value);
-  if (read.Step == Then::LoginProbe && value) FindLoginState(*value);
-  if (read.Step == Then::ModeRules) {
-    main.ButtonZoneData.Enabled = true;
-    ApplyModeRules(main, session.InSetupMode);
-  }
+  AfterRow(row.What.Id, value);
   if (read.Pause) Pause80();
 }
 
-void ReadCycle::Show(const ReadRow& read, const std::optional<std::string>& value) {
-  if (!value) return;
-  const bool refused = *read.Refusal != '\0' && Contains(*value, read.Refusal);
-  (main.*read.Row).Text = refused ? std::string(notAvailable) : *value;
+std::optional<std::string> ReadCycle::Ask(const Setting& setting) {
+  auto value = radio.Ask({.Command = setting.Word,
+                          .Limit = readTimeOut,
+                          .Opening = setting.Reply,
+                          .ManyLines = setting.Read->ManyLines});
+  if (setting.Id == SettingId::SoftwareRev && value && !HasVersionForm(VersionIn(*value))) {
+    value = radio.Ask({.Command = setting.Word, .Opening = setting.Reply, .ManyLines = true});
+  }
+  return value;
+}
+
+void ReadCycle::AfterRow(SettingId id, const std::optional<std::string>& value) {
+  if (id == SettingId::SoftwareRev) TakeRevision(value);
+  if (id == SettingId::OwnerName && value) FindLoginState(*value);
+  if (id == SettingId::Mode) {
+    main.ButtonZoneData.Enabled = true;
+    ApplyModeRules(main, session.InSetupMode);
+  }
 }
 
 bool ReadCycle::CheckRadio() {

@@ -11,8 +11,6 @@
 
 namespace quillmark {
 
-struct ReadRow;
-
 // Reads every setting of the radio into the rows of the main window, in a fixed order, one exchange
 // at a time: some 40 of them, a few seconds. A read that fails leaves its row as it was. Everything
 // given to it outlives it.
@@ -27,8 +25,11 @@ class ReadCycle {
  private:
   // False when the radio is in its loader, where there is nothing to read.
   bool CheckRadio();
-  void ReadOne(const ReadRow& read);
-  void Show(const ReadRow& read, const std::optional<std::string>& value);
+  void ReadRow(SettingRow& row);
+  // The setting's value; nothing when the radio gives none.
+  std::optional<std::string> Ask(const Setting& setting);
+  // What the setting brings about.
+  void AfterRow(SettingId id, const std::optional<std::string>& value);
   void TakeRevision(const std::optional<std::string>& value);
   void FindLoginState(const std::string& ownerName);
   void Pause80();

@@ -27,14 +27,14 @@ class Counted {
 frmRestore::frmRestore(Platform& machine, Session& shared, frmOrvalent& window,
                        Connection& radioLink)
     : Form("frmRestore"),
-      RestoreControls(*this, machine.Events),
+      RestoreControls(*this, machine.Events, window.Settings),
       platform(machine),
       session(shared),
       main(window),
       connection(radioLink),
       link(machine, shared, window, *this),
       reader(*this, link, shared),
-      loader(machine, shared, *this, *this),
+      loader(machine, shared, *this, *this, window.Settings),
       saver(machine, shared, *this, link, *this) {
   Caption = "Configuration Store/Restore";
   session.DropReconnect();
@@ -72,7 +72,7 @@ void frmRestore::Wire() {
   tbr_SaveConfig.OnClick = [this] { RunWhenFree(Task::Save); };
   CheckAllButton.OnClick = [this] { CheckEach(*this, true); };
   UnCheckAllButton.OnClick = [this] { CheckEach(*this, false); };
-  At(RestoreSetting::Mode).Check.OnClick = [this] { ModeCheck_Click(*this); };
+  At(SettingId::Mode).Check.OnClick = [this] { ModeCheck_Click(*this); };
 }
 
 void frmRestore::CloseButton_Click() {

@@ -1,26 +1,17 @@
 #include "restore/restore_controls.h"
 
+#include <algorithm>
+#include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace quillmark {
 
 namespace {
 
 constexpr int timerInterval = 1;  // ms
-constexpr int frameCount = 7;
+constexpr int frameCount = static_cast<int>(TabCount);
 constexpr int blockCount = 10;
-
-struct MovedRow {
-  RestoreSetting What;
-  double TopBelow300;  // twips
-  double TopFrom300;
-};
-
-constexpr MovedRow movedRows[] = {
-    {RestoreSetting::HopTime, 720, 1080},
-    {RestoreSetting::SkippedZones, 1080, 1440},
-    {RestoreSetting::SleepMode, 1440, 1800},
-};
 
 template <class Kind>
 void AddEach(std::deque<Kind>& controls, int count, Form& form, Control& container,
@@ -32,12 +23,12 @@ void AddEach(std::deque<Kind>& controls, int count, Form& form, Control& contain
 
 }  // namespace
 
-RestoreRowControls::RestoreRowControls(Form& form, Frame& frame, const RestoreRow& row)
-    : Row(row),
-      Check(form, &frame, row.Check, row.Caption),
-      Current(form, &frame, row.Current, NoValue),
-      New(form, &frame, row.New, NoValue) {
-  MoveTo(row.Top);
+RestoreRowControls::RestoreRowControls(Form& form, Frame& frame, RestoreRow row)
+    : Row(std::move(row)),
+      Check(form, &frame, Row.Check, Row.Caption),
+      Current(form, &frame, Row.Current, NoValue),
+      New(form, &frame, Row.New, NoValue) {
+  MoveTo(Row.Top);
 }
 
 void RestoreRowControls::MoveTo(double top) {
@@ -62,7 +53,7 @@ void RestoreRowControls::Enable(bool enabled) {
 }
 
 // clang-format off
-RestoreControls::RestoreControls(Form& form, EventLoop& events)
+RestoreControls::RestoreControls(Form& form, EventLoop& events, std::span<const Setting> settings)
     : TabStrip(form, &form, "TabStrip",
                {"Radio Information", "Radio Settings 1...", "Radio Settings 2...",
                 "Network Settings 1...", "Network Settings 2...", "Store & Forward Settings...",
@@ -74,8 +65,9 @@ RestoreControls::RestoreControls(Form& form, EventLoop& events)
       }()),
       Rows([&] {
         std::deque<RestoreRowControls> rows;
-        for (const RestoreRow& row : RestoreRows) {
-          rows.emplace_back(form, RadSet[static_cast<std::size_t>(row.Frame)], row);
+        for (RestoreRow& row : RestoreRows(settings)) {
+          Frame& frame = RadSet.at(row.Page);
+          rows.emplace_back(form, frame, std::move(row));
         }
         return rows;
       }()),
@@ -109,11 +101,27 @@ RestoreControls::RestoreControls(Form& form, EventLoop& events)
 // clang-format on
 
 void RestoreControls::ApplyRevision(const Revision& revision) {
-  for (RestoreRowControls& row : Rows) row.Show(row.Row.Shown.HoldsBelowIfUnknown(revision));
-  for (const MovedRow& row : movedRows) {
-    At(row.What).MoveTo(revision.AtLeast(300) ? row.TopFrom300 : row.TopBelow300);
+  for (RestoreRowControls& row : Rows) {
+    row.Show(row.Row.Shown.HoldsBelowIfUnknown(revision));
+    const SettingView& view = row.Row.What->View;
+    if (view.Threshold > 0) {
+      row.MoveTo(revision.AtLeast(view.Threshold) ? row.Row.Top : view.TopBelow);
+    }
   }
   DiagWarnLabel.Visible = !revision.AtLeast(200);
+}
+
+RestoreRowControls& RestoreControls::At(SettingId id) {
+  const auto row = std::ranges::find_if(Rows, [id](auto& each) { return each.Row.Id == id; });
+  if (row == Rows.end()) throw std::invalid_argument("A setting that can't be restored");
+  return *row;
+}
+
+std::vector<RestoreRowControls*> RestoreControls::ReadOrder() {
+  std::vector<RestoreRowControls*> order;
+  for (RestoreRowControls& row : Rows) order.push_back(&row);
+  std::ranges::sort(order, {}, [](const RestoreRowControls* row) { return row->Row.Id; });
+  return order;
 }
 
 void RestoreControls::TabStrip_Click() {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <deque>
+#include <span>
+#include <string>
+#include <vector>
 
 #include "controls/choices.h"
 #include "controls/clickable.h"
@@ -16,9 +19,9 @@ namespace quillmark {
 // One row of the store and restore window: its check box, the radio's value, the file's value.
 class RestoreRowControls {
  public:
-  RestoreRowControls(Form& form, Frame& frame, const RestoreRow& row);
+  RestoreRowControls(Form& form, Frame& frame, RestoreRow row);
 
-  const RestoreRow& Row;
+  const RestoreRow Row;
   CheckBox Check;
   TextBox Current;
   TextBox New;
@@ -39,11 +42,12 @@ inline constexpr const char* CurrentHeading = "Current Settings:";
 // window, and as long-lived. Positions are twips.
 class RestoreControls {
  public:
-  RestoreControls(Form& form, EventLoop& events);
+  // `settings` outlives the window.
+  RestoreControls(Form& form, EventLoop& events, std::span<const Setting> settings);
 
   quillmark::TabStrip TabStrip;
   std::deque<Frame> RadSet;             // one for each tab
-  std::deque<RestoreRowControls> Rows;  // as in the table
+  std::deque<RestoreRowControls> Rows;  // in the order in which they are programmed
   Label DiagWarnLabel;
   Frame DescriptionFrame;
   Label Label1, Label2, FileSettingsLabel;
@@ -59,8 +63,11 @@ class RestoreControls {
   bool CloseRequested = false;  // it closes when what runs has ended
   bool FileLoaded = false;      // a file was opened in this window
 
-  RestoreRowControls& At(RestoreSetting id) { return Rows[static_cast<std::size_t>(id)]; }
-  const std::string& ModeText() { return At(RestoreSetting::Mode).Current.Text(); }
+  // The row of a setting that has one.
+  RestoreRowControls& At(SettingId id);
+  const std::string& ModeText() { return At(SettingId::Mode).Current.Text(); }
+  // In the order of the catalogue, in which the window reads and saves.
+  std::vector<RestoreRowControls*> ReadOrder();
 
   // Shows, hides and moves rows for the revision; an unknown one counts as below every threshold.
   void ApplyRevision(const Revision& revision);

@@ -16,25 +16,22 @@ constexpr std::size_t mostLines = 1000;
 constexpr int linePause = 100;  // ms
 constexpr std::size_t mapSize = 32;
 // A range of extension addresses becomes a map from this revision on; an unknown one counts as it.
-constexpr RevisionGate mapsRanges{100};
-constexpr RevisionGate newCommands{200};
+constexpr RevisionGate mapsRanges = from100;
+constexpr RevisionGate newCommands = from200;
 
 std::string From(const std::string& line, std::ptrdiff_t position) {
   return Mid(line, position, static_cast<std::ptrdiff_t>(line.size())).value_or("");
 }
 
-RestoreRowControls* RowOf(RestoreControls& controls, std::string_view word) {
-  for (RestoreRowControls& row : controls.Rows) {
-    if (word == row.Row.Word) return &row;
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 RestoreLoader::RestoreLoader(Platform& machine, Session& shared, RestoreControls& itsControls,
-                             const Form& itsWindow)
-    : platform(machine), session(shared), controls(itsControls), window(itsWindow) {}
+                             const Form& itsWindow, std::span<const Setting> itsSettings)
+    : platform(machine),
+      session(shared),
+      controls(itsControls),
+      window(itsWindow),
+      settings(itsSettings) {}
 
 void RestoreLoader::OpenConfiguration() {
   const auto path = ChooseFile();
@@ -91,13 +88,14 @@ void RestoreLoader::ShowOlderFileNotice() {
 }
 
 void RestoreLoader::TakeLine(const std::string& line) {
-  RestoreRowControls* row = RowOf(controls, SettingOfLine(line));
-  if (row == nullptr) return;
-  if (row->Row.Id == RestoreSetting::XMIN) return TakeLowestAddress(*row, line);
-  if (row->Row.Id == RestoreSetting::XMAX) return TakeHighestAddress(*row, line);
-  if (!row->Row.Loaded.HoldsIfUnknown(session.SoftwareRevision)) return;
-  EnableLoadedRow(controls, *row);
-  TakeText(*row, line);
+  const auto setting = SettingOfLine(line, settings);
+  if (!setting) return;
+  RestoreRowControls& row = controls.At(*setting);
+  if (*setting == SettingId::XMIN) return TakeLowestAddress(row, line);
+  if (*setting == SettingId::XMAX) return TakeHighestAddress(row, line);
+  if (!row.Row.Loaded.HoldsIfUnknown(session.SoftwareRevision)) return;
+  EnableLoadedRow(controls, row);
+  TakeText(row, line);
 }
 
 void RestoreLoader::TakeLowestAddress(RestoreRowControls& row, const std::string& line) {
@@ -127,28 +125,28 @@ void RestoreLoader::MapRange(const std::string& highest) {
       if (bit < mapSize) XmapBits[mapSize - 1 - bit] = '1';
     }
   }
-  RestoreRowControls& map = controls.At(RestoreSetting::XMAP);
+  RestoreRowControls& map = controls.At(SettingId::XMAP);
   map.New.Text = "XMAP " + BinToHex(XmapBits);
   map.EnableBox(true);
 }
 
 void RestoreLoader::TakeText(RestoreRowControls& row, const std::string& line) {
   switch (row.Row.Text) {
-    case RestoreRow::Form::Owner:
+    case RestoreForm::Owner:
       row.New.Text = From(line, 5);
       return;
-    case RestoreRow::Form::AlarmMask:
+    case RestoreForm::AlarmMask:
       row.New.Text = "MASK: " + From(line, 6);
       return;
-    case RestoreRow::Form::Switched:
+    case RestoreForm::Switched:
       // The second of its two lines tells whether it is switched on.
       if (row.New.Text() != NoValue) {
         row.New.Text = row.New.Text() + (Holds(line, "ON") ? " (ON)" : " (OFF)");
         return;
       }
       break;
-    case RestoreRow::Form::Line:
-    case RestoreRow::Form::AlarmSense:
+    case RestoreForm::Line:
+    case RestoreForm::AlarmSense:
       break;
   }
   row.New.Text = line;

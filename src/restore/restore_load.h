@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,8 +18,8 @@ namespace quillmark {
 // outlives it.
 class RestoreLoader {
  public:
-  RestoreLoader(Platform& platform, Session& session, RestoreControls& controls,
-                const Form& window);
+  RestoreLoader(Platform& platform, Session& session, RestoreControls& controls, const Form& window,
+                std::span<const Setting> settings);
 
   // Ends at once when the window is closed meanwhile.
   void OpenConfiguration();
@@ -38,6 +39,7 @@ class RestoreLoader {
   Session& session;
   RestoreControls& controls;
   const Form& window;
+  std::span<const Setting> settings;
   std::string XminText;
   std::string XmapBits;
 };

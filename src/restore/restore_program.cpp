@@ -37,15 +37,15 @@ void SendEach(const std::vector<std::string>& commands, RestoreLink& link) {
 std::vector<std::string> RestoreCommands(const RestoreRow& row, const std::string& text) {
   const std::string word = std::string(row.Word) + " ";
   switch (row.Text) {
-    case RestoreRow::Form::Owner:
+    case RestoreForm::Owner:
       return {word + text};
-    case RestoreRow::Form::AlarmMask:
+    case RestoreForm::AlarmMask:
       return {word + From(text, 6)};
-    case RestoreRow::Form::AlarmSense:
+    case RestoreForm::AlarmSense:
       return {word + From(text, 14)};
-    case RestoreRow::Form::Switched:
+    case RestoreForm::Switched:
       return SwitchedCommands(row, text);
-    case RestoreRow::Form::Line:
+    case RestoreForm::Line:
       break;
   }
   return {text};

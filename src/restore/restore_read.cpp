@@ -15,16 +15,15 @@ constexpr std::uint32_t doneColour = 0xC7A37F;
 // How far a read has come behind a row. The steps are shown whether the revision has the row or
 // not.
 struct ReadStep {
-  RestoreSetting Behind;
+  SettingId Behind;
   int Percent;
 };
 
 constexpr ReadStep readSteps[] = {
-    {RestoreSetting::OwnerMessage, 10}, {RestoreSetting::BaudRate, 20},
-    {RestoreSetting::AlarmMask, 30},    {RestoreSetting::CTSHOLDdelay, 40},
-    {RestoreSetting::LPMHOLD, 50},      {RestoreSetting::LPM, 60},
-    {RestoreSetting::FEC, 70},          {RestoreSetting::XADDR, 80},
-    {RestoreSetting::XRSSI, 90},        {RestoreSetting::SoftRTU, 100},
+    {SettingId::OwnerMessage, 10}, {SettingId::BaudRate, 20}, {SettingId::AlarmMask, 30},
+    {SettingId::CTSHOLDdelay, 40}, {SettingId::LPMHOLD, 50},  {SettingId::LPM, 60},
+    {SettingId::FEC, 70},          {SettingId::XADDR, 80},    {SettingId::XRSSI, 90},
+    {SettingId::SoftRTU, 100},
 };
 
 }  // namespace
@@ -35,11 +34,10 @@ RestoreReader::RestoreReader(RestoreControls& itsControls, RestoreLink& itsLink,
 void RestoreReader::Run() {
   bool anyCame = false;
   ShowStart();
-  for (std::size_t n = 0; n < controls.Rows.size(); ++n) {
-    RestoreRowControls& row = controls.Rows[RestoreReadPlace(n)];
-    const bool offered = row.Row.Read.HoldsIfUnknown(session.SoftwareRevision);
-    if (offered && ReadRow(row)) anyCame = true;
-    AfterRow(row.Row.Id, offered);
+  for (RestoreRowControls* row : controls.ReadOrder()) {
+    const bool offered = row->Row.Read.HoldsIfUnknown(session.SoftwareRevision);
+    if (offered && ReadRow(*row)) anyCame = true;
+    AfterRow(row->Row.Id, offered);
   }
   ShowEnd(anyCame);
 }
@@ -62,22 +60,21 @@ void RestoreReader::ShowStart() {
 }
 
 bool RestoreReader::ReadRow(RestoreRowControls& row) {
-  const auto value = link.Ask({.Command = row.Row.Word, .Opening = RestoreOpening(row.Row)});
+  const auto value = link.Ask({.Command = row.Row.Word, .Opening = row.Row.What->Reply});
   // A line end would make it two lines of a file.
   if (!value || value->find_first_of("\r\n") != std::string::npos) return false;
   if (IsRefusal(*value)) {
     row.Current.Text = NoValue;
     return false;
   }
-  const bool masterOnly =
-      row.Row.Id == RestoreSetting::RepeatCount && Holds(*value, "PROGRAMMABLE ONLY");
-  row.Current.Text = masterOnly ? "MASTER ONLY" : *value;
-  if (row.Row.Id == RestoreSetting::Mode && controls.FileLoaded) FollowModeOfRadio(controls);
+  const char* const refusal = row.Row.What->Restored->MasterOnlyReply;
+  row.Current.Text = refusal != nullptr && Holds(*value, refusal) ? "MASTER ONLY" : *value;
+  if (row.Row.Id == SettingId::Mode && controls.FileLoaded) FollowModeOfRadio(controls);
   return true;
 }
 
-void RestoreReader::AfterRow(RestoreSetting id, bool wasRead) {
-  if (id == RestoreSetting::DTYPE && wasRead) link.Sleep(stepPause);
+void RestoreReader::AfterRow(SettingId id, bool wasRead) {
+  if (id == SettingId::DTYPE && wasRead) link.Sleep(stepPause);
   for (const ReadStep& step : readSteps) {
     if (step.Behind == id) Step(step.Percent);
   }

@@ -18,7 +18,7 @@ class RestoreReader {
   void ShowStart();
   // Whether the radio has told the setting.
   bool ReadRow(RestoreRowControls& row);
-  void AfterRow(RestoreSetting id, bool wasRead);
+  void AfterRow(SettingId id, bool wasRead);
   void Step(int percent);
   void ShowEnd(bool anyCame);
 

@@ -36,8 +36,9 @@ std::string LastNine(const std::string& text) {
 bool IsSaved(const RestoreRow& row, const std::string& text, const Revision& revision,
              bool master) {
   if (Contains(text, "NOT AVAILABLE") || Contains(text, NoValue)) return false;
-  if (row.Id == RestoreSetting::SoftRTU && Holds(text, "OPTION")) return false;
-  return row.Shown.HoldsIfUnknown(revision) && (master || !row.SavedAtMasterOnly);
+  const SettingRestored& restored = *row.What->Restored;
+  if (restored.NotSavedWith != nullptr && Holds(text, restored.NotSavedWith)) return false;
+  return row.Shown.HoldsIfUnknown(revision) && (master || !restored.SavedAtMasterOnly);
 }
 
 }  // namespace
@@ -46,14 +47,14 @@ std::vector<std::string> RestoreLines(const RestoreRow& row, const std::string& 
                                       const Revision& revision, bool master) {
   if (!IsSaved(row, text, revision, master)) return {};
   switch (row.Text) {
-    case RestoreRow::Form::Owner:
+    case RestoreForm::Owner:
       return {Upper(row.Word) + " " + text};
-    case RestoreRow::Form::AlarmMask:
+    case RestoreForm::AlarmMask:
       return {"AMASK " + LastNine(text)};
-    case RestoreRow::Form::Switched:
+    case RestoreForm::Switched:
       return SwitchedLines(row, text);
-    case RestoreRow::Form::Line:
-    case RestoreRow::Form::AlarmSense:
+    case RestoreForm::Line:
+    case RestoreForm::AlarmSense:
       break;
   }
   return {text};
@@ -72,10 +73,9 @@ void RestoreSaver::Write(const std::filesystem::path& path) {
   ReplacedFile file(path, platform.Files.Data());
   WriteHead(file);
   const bool master = Find(controls.ModeText(), "M", 2) != 0;
-  for (std::size_t n = 0; n < controls.Rows.size(); ++n) {
-    const RestoreRowControls& row = controls.Rows[RestoreReadPlace(n)];
+  for (const RestoreRowControls* row : controls.ReadOrder()) {
     for (const std::string& line :
-         RestoreLines(row.Row, row.Current.Text(), session.SoftwareRevision, master)) {
+         RestoreLines(row->Row, row->Current.Text(), session.SoftwareRevision, master)) {
       file.Line(line);
     }
   }

@@ -4,8 +4,6 @@ namespace quillmark {
 
 namespace {
 
-using Follows = RestoreRow::Follows;
-
 struct TickedMode {
   const char* Mode;
   bool Master;
@@ -23,35 +21,35 @@ constexpr TickedMode tickedModes[] = {
 void FollowModeOfRadio(RestoreControls& controls) {
   const bool master = controls.ModeText() == "MODE M";
   for (RestoreRowControls& row : controls.Rows) {
-    const Follows rule = row.Row.Mode;
-    if (rule == Follows::NotMaster) row.Enable(!master);
-    if (rule == Follows::Master || rule == Follows::MasterAndTick) row.Enable(master);
+    const RestoreFollows rule = row.Row.Mode;
+    if (rule == RestoreFollows::NotMaster) row.Enable(!master);
+    if (rule == RestoreFollows::Master || rule == RestoreFollows::MasterAndTick) row.Enable(master);
   }
 }
 
 void EnableLoadedRow(RestoreControls& controls, RestoreRowControls& row) {
   const std::string& mode = controls.ModeText();
   switch (row.Row.Mode) {
-    case Follows::None:
+    case RestoreFollows::None:
       return row.EnableBox(true);
-    case Follows::NotMaster:
+    case RestoreFollows::NotMaster:
       return row.Enable(mode != "MODE M");
-    case Follows::NotRemoteAtLoad:
+    case RestoreFollows::NotRemoteAtLoad:
       return row.Enable(mode != "MODE R");
-    case Follows::Master:
-    case Follows::MasterAndTick:
+    case RestoreFollows::Master:
+    case RestoreFollows::MasterAndTick:
       return row.Enable(mode == "MODE M");
   }
 }
 
 void ModeCheck_Click(RestoreControls& controls) {
-  const RestoreRowControls& modeRow = controls.At(RestoreSetting::Mode);
+  const RestoreRowControls& modeRow = controls.At(SettingId::Mode);
   const std::string mode = modeRow.Check.Checked() ? modeRow.New.Text() : modeRow.Current.Text();
   for (const TickedMode& rule : tickedModes) {
     if (mode != rule.Mode) continue;
     for (RestoreRowControls& row : controls.Rows) {
-      if (row.Row.Mode == Follows::MasterAndTick) row.Enable(rule.Master);
-      if (row.Row.Mode == Follows::NotMaster) row.Enable(rule.Sleep);
+      if (row.Row.Mode == RestoreFollows::MasterAndTick) row.Enable(rule.Master);
+      if (row.Row.Mode == RestoreFollows::NotMaster) row.Enable(rule.Sleep);
     }
   }
 }

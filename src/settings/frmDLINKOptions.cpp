@@ -32,7 +32,7 @@ void frmDLINKOptions::Form_Load() {
   InfoLabel.Text =
       "Select the baud rate for the diagnostic link,\rand select if the diagnostic link should be "
       "enabled.";
-  const std::string now = main.DLINK.Text();
+  const std::string now = main.At(SettingId::DLINK).Text();
   OnOption[Holds(now, "ON") ? 0 : 1].SetChecked(true);
   const auto rate =
       std::find_if(BaudRate.begin(), BaudRate.end(),

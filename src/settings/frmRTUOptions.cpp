@@ -11,8 +11,10 @@ namespace {
 
 // Only a whole number counts.
 bool IsRtuId(std::string_view text) {
+  const SettingValue& allowed = SettingOf(SettingId::SoftRTU).Value;
   const auto number = NumericValue(text);
-  return number && *number >= 0 && *number <= 80 && std::floor(*number) == *number;
+  return number && *number >= *allowed.Least && *number <= *allowed.Most &&
+         std::floor(*number) == *number;
 }
 
 }  // namespace
@@ -34,7 +36,7 @@ frmRTUOptions::frmRTUOptions(Platform& machine, frmOrvalent& window, Conversatio
 
 void frmRTUOptions::Form_Load() {
   InfoLabel.Text = "Select if software RTU should be enabled,\rand what RTU id should be used.";
-  const std::string now = main.SoftRTU.Text();
+  const std::string now = main.At(SettingId::SoftRTU).Text();
   OnOption[Holds(now, "ON") ? 0 : 1].SetChecked(true);
   // "RTU 7 (OFF)" or "RTU 17 (OFF)".
   const std::string id = Mid(now, 5, 2).value_or("");

@@ -22,17 +22,18 @@ void OptionRows::Wire() {
     platform.Windows.ShowModal(form, main);
     session.AskForRead();
   };
-  main.DTYPE.OnClick = [this, show] {
+  main.At(SettingId::DTYPE).OnClick = [this, show] {
     show(std::make_shared<frmDTYPEOptions>(platform, main, radio));
   };
-  main.DLINK.OnClick = [this, show] {
+  main.At(SettingId::DLINK).OnClick = [this, show] {
     show(std::make_shared<frmDLINKOptions>(platform, main, radio));
   };
-  main.SoftRTU.OnClick = [this, show] {
+  main.At(SettingId::SoftRTU).OnClick = [this, show] {
     show(std::make_shared<frmRTUOptions>(platform, main, radio));
   };
   // The window shows the radio's map, so it comes when that has been read.
-  main.XMAP.OnClick = [this] { radio.Turns.WhenFree(main.XMAP, [this] { XMAP_Click(); }); };
+  SettingRow& map = main.At(SettingId::XMAP);
+  map.OnClick = [this, &map] { radio.Turns.WhenFree(map, [this] { XMAP_Click(); }); };
 }
 
 void OptionRows::XMAP_Click() {

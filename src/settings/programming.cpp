@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "settings/input_rows.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -11,23 +10,38 @@ namespace {
 
 constexpr Duration timeOut = Seconds(3);
 
-// The answer without the row's word and all in front of it.
-std::string WithoutWord(const InputRow& row, const std::string& answer) {
-  const auto behind = [&answer](std::size_t at, std::ptrdiff_t skip) {
-    return Mid(answer, static_cast<std::ptrdiff_t>(at) + skip,
-               static_cast<std::ptrdiff_t>(answer.size()))
-        .value_or("");
-  };
-  if (*row.Word == '\0') return answer;
-  if (const std::size_t at = FindAnyCase(answer, row.Word)) return behind(at, row.Skip);
-  // The radio prints this one with a colon.
-  constexpr std::string_view withColon = "ALARM ACTIVE: ";
-  if (row.Kind == InputRow::Special::AlarmSense) {
+constexpr std::string_view addressWord = "ADDR";
+constexpr char minus = '-';
+
+std::string Behind(const std::string& answer, std::size_t at, std::size_t skip) {
+  return Mid(answer, static_cast<std::ptrdiff_t>(at + skip),
+             static_cast<std::ptrdiff_t>(answer.size()))
+      .value_or("");
+}
+
+// The answer without the setting's word and all in front of it.
+std::string WithoutWord(const SettingInput& input, const std::string& answer) {
+  const std::string_view word = input.Strips;
+  if (word.empty()) return answer;
+  if (const std::size_t at = FindAnyCase(answer, word)) {
+    return Behind(answer, at, word.size() - (input.KeepsBlank ? 1 : 0));
+  }
+  if (input.Way == InputWay::Colon) {
+    const std::string withColon = std::string(Trim(word)) + ": ";
     if (const std::size_t at = FindAnyCase(answer, withColon)) {
-      return behind(at, static_cast<std::ptrdiff_t>(withColon.size()));
+      return Behind(answer, at, withColon.size());
     }
   }
   return answer;
+}
+
+std::string CommandOf(const Setting& setting, std::string answer) {
+  const SettingInput& input = *setting.Input;
+  if (input.Way == InputWay::WholeCommand && Contains(answer, addressWord)) return answer;
+  if (input.Way == InputWay::Negative && answer.find(minus) == std::string::npos) {
+    answer.insert(0, 1, minus);
+  }
+  return std::string(setting.Word) + " " + WithoutWord(input, answer);
 }
 
 // A page ends in a prompt somewhere behind its first line end.
@@ -44,60 +58,46 @@ SettingProgrammer::SettingProgrammer(Platform& machine, Session& shared, frmOrva
     : platform(machine), session(shared), main(window), radio(conversation) {}
 
 void SettingProgrammer::Wire() {
-  for (const InputRow& row : InputRows()) {
-    (main.*row.Field).OnClick = [this, &row] { InputRow_Click(row); };
+  for (SettingRow& row : main.Rows) {
+    if (row.What.Input) row.OnClick = [this, &row] { InputRow_Click(row); };
+    if (row.What.Switch) row.OnClick = [this, &row] { OnOffRow_Click(row); };
   }
-  for (const OnOffRow& row : OnOffRows()) {
-    (main.*row.Field).OnClick = [this, &row] { OnOffRow_Click(row); };
-  }
-  main.DeviceType.OnClick = [this] { DeviceType_Click(); };
-  main.ShowSync.OnClick = [this] { Talk(&main.ShowSync, [this] { ShowSync_Click(); }); };
-  main.AlarmInfo.OnClick = [this] { Talk(&main.AlarmInfo, [this] { AlarmInfo_Click(); }); };
+  SettingRow& sync = main.At(SettingId::ShowSync);
+  SettingRow& alarms = main.At(SettingId::AlarmInfo);
+  main.At(SettingId::DeviceType).OnClick = [this] { DeviceType_Click(); };
+  sync.OnClick = [this, &sync] { Talk(&sync, [this] { ShowSync_Click(); }); };
+  alarms.OnClick = [this, &alarms] { Talk(&alarms, [this] { AlarmInfo_Click(); }); };
 }
 
-bool SettingProgrammer::IsMaster() const { return EqualAnyCase(main.Mode.Text(), "MODE M"); }
-
-bool SettingProgrammer::Allowed(const InputRow& row) const {
-  switch (row.Condition) {
-    case InputRow::When::Master:
-      return IsMaster();
-    case InputRow::When::MasterOrExtension:
-      return IsMaster() || EqualAnyCase(main.Mode.Text(), "MODE X");
-    case InputRow::When::Always:
-      break;
-  }
-  return true;
-}
-
-void SettingProgrammer::InputRow_Click(const InputRow& row) {
-  if (!Allowed(row)) return;
-  const bool from200 = row.PromptFrom200 != nullptr && session.SoftwareRevision.AtLeast(200);
-  std::string answer = platform.Dialogs.Input(
-      {from200 ? row.PromptFrom200 : row.Prompt, row.Title, (main.*row.Field).Text()});
+void SettingProgrammer::InputRow_Click(const SettingRow& row) {
+  const SettingInput& input = *row.What.Input;
+  if (!IsOneOf(input.At, main.ModeText())) return;
+  const bool from200 = input.PromptFrom200 != nullptr && session.SoftwareRevision.AtLeast(200);
+  const std::string answer = platform.Dialogs.Input(
+      {from200 ? input.PromptFrom200 : input.Prompt, input.Title, row.Text()});
   if (answer.empty()) return;
-  if (row.Kind == InputRow::Special::Xrssi && Find(answer, "-") == 0) answer.insert(0, "-");
-  const bool whole = row.Kind == InputRow::Special::NetworkAddress && Contains(answer, "ADDR");
-  const std::string command = whole ? answer : row.Command + WithoutWord(row, answer);
-  const bool promptAlone = row.Kind == InputRow::Special::AlarmMask;
-  Talk(nullptr, [this, &row, command, promptAlone] {
+  Talk(nullptr, [this, &input, command = CommandOf(row.What, answer)] {
     // A read may have changed the mode while this one waited.
-    if (Allowed(row)) Program(command, promptAlone ? ">" : "PROGRAMMED OK");
+    if (!IsOneOf(input.At, main.ModeText())) return;
+    Program(command, input.Way == InputWay::PromptAlone ? ">" : "PROGRAMMED OK");
   });
 }
 
-void SettingProgrammer::OnOffRow_Click(const OnOffRow& row) {
-  if (IsMaster() != row.AtMaster) return;
-  const std::string text = (main.*row.Field).Text();
-  const bool on = EqualAnyCase(text, row.On);
-  if (!on && !EqualAnyCase(text, row.Off)) return;
-  const Answer answer = platform.Dialogs.Message(
-      {on ? row.TurnOff : row.TurnOn, row.Title, Icon::None, Buttons::OkCancel});
+void SettingProgrammer::OnOffRow_Click(const SettingRow& row) {
+  const SettingSwitch& turned = *row.What.Switch;
+  const std::string word = row.What.Word;
+  if (!IsOneOf(turned.At, main.ModeText())) return;
+  const bool on = EqualAnyCase(row.Text(), word + " ON");
+  if (!on && !EqualAnyCase(row.Text(), word + " OFF")) return;
+  const std::string question = std::string("Turn ") + turned.Turns + (on ? " off?" : " on?");
+  const Answer answer =
+      platform.Dialogs.Message({question, turned.Title, Icon::None, Buttons::OkCancel});
   if (answer != Answer::Ok) return;
-  Talk(nullptr, [this, &row] {
+  Talk(nullptr, [this, &row, word] {
     // A read may have changed the field since.
-    const std::string now = (main.*row.Field).Text();
-    if (EqualAnyCase(now, row.On)) Program(row.SendOff);
-    if (EqualAnyCase(now, row.Off)) Program(row.SendOn);
+    const std::string now = row.Text();
+    if (EqualAnyCase(now, word + " ON")) Program(word + " OFF");
+    if (EqualAnyCase(now, word + " OFF")) Program(word + " ON");
   });
 }
 
@@ -135,8 +135,9 @@ void SettingProgrammer::Program(const std::string& command, std::string_view awa
 }
 
 void SettingProgrammer::ShowSync_Click() {
-  auto value = radio.Ask({.Command = "show sync", .Limit = timeOut});
-  if (value) main.ShowSync.Text = std::move(*value);
+  SettingRow& row = main.At(SettingId::ShowSync);
+  auto value = radio.Ask({.Command = row.What.Word, .Limit = timeOut});
+  if (value) row.Text = std::move(*value);
 }
 
 // The report shows in the terminal, as everything that the radio says.

@@ -11,9 +11,6 @@
 
 namespace quillmark {
 
-struct InputRow;
-struct OnOffRow;
-
 // Programs one setting at a click on its value: asks for a new one and sends one command. The radio
 // is the only judge of values; the read that follows shows what it holds now. Everything given to
 // it outlives it.
@@ -25,13 +22,11 @@ class SettingProgrammer {
   void Wire();
 
  private:
-  void InputRow_Click(const InputRow& row);
-  void OnOffRow_Click(const OnOffRow& row);
+  void InputRow_Click(const SettingRow& row);
+  void OnOffRow_Click(const SettingRow& row);
   void DeviceType_Click();
   void ShowSync_Click();
   void AlarmInfo_Click();
-  bool Allowed(const InputRow& row) const;
-  bool IsMaster() const;
   // Runs `act`, which talks to the radio, when nobody else does; on a closed port not at all. What
   // `entry` starts runs once, however often that is clicked meanwhile.
   void Talk(const Control* entry, std::function<void()> act);

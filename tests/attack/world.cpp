@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "attack/rows.h"
+#include "catalogue/settings.h"
 #include "odd_settings.h"
 #include "sim/sim_radio_table.h"
 #include "sim/sim_words.h"
@@ -74,8 +74,9 @@ std::map<std::string, std::string> Replies(const SimRadio& radio) {
   CopySettings(radio, copy);
   std::map<std::string, std::string> replies;
   sim::Time now{0};
-  for (const ShownRow& row : ShownRowTable()) {
-    const std::string word = row.Word;
+  for (const Setting& setting : AllSettings()) {
+    if (!setting.Read) continue;
+    const std::string word = setting.Word;
     copy.Receive(now, word + "\r");
     now += std::chrono::seconds(1);
     const std::string reply = copy.Departed(now);
@@ -270,9 +271,8 @@ void World::Advance(Duration) {
 
 std::map<std::string, std::string> World::ShownRows() {
   std::map<std::string, std::string> shown;
-  for (const ShownRow& row : ShownRowTable()) {
-    const SettingRow& field = Main().*row.Row;
-    if (field.Visible()) shown[row.Word] = field.Text();
+  for (const SettingRow& row : Main().Rows) {
+    if (row.What.Read && row.Visible()) shown[row.What.Word] = row.Text();
   }
   return shown;
 }

@@ -99,7 +99,7 @@ TEST_F(SavedFileTest, AReportGoesToThePrinterAndNowhereElse) {
                {"abcdefghij", "defghij.txt"}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.Serial);
-    Main().SerialNumber.Text = each.Serial;
+    Main().At(SettingId::SerialNumber).Text = each.Serial;
     ExpectPrinter(each.File).ChoosePrinter("Office").Do(
         [this] { EXPECT_EQ(Text("pnl_Status"), "Printing"); });
     ASSERT_TRUE(Click("cmdPrint"));

@@ -68,7 +68,7 @@ void Configurations::WriteBackInTheRestoreWindow() {
   hand.Plan(
       "frmRestore",
       [](QWidget& shown) { shown.findChild<QAbstractButton*>("CheckAllButton")->click(); },
-      [&](QWidget&) { return form()->At(RestoreSetting::XADDR).New.Text() == "XADDR 0"; });
+      [&](QWidget&) { return form()->At(SettingId::XADDR).New.Text() == "XADDR 0"; });
   hand.Plan("frmRestore", trigger("tbr_ProgramRadio"));
   hand.Plan(
       "frmRestore", [](QWidget& shown) { Press(shown, Qt::Key_Escape); }, idle);

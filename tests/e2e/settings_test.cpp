@@ -83,7 +83,7 @@ TEST_F(Program, TheTabKeyFollowsTheEye) {
   Prefer("False");
   BoxAnswerer boxes;
   Launch();
-  console->Main().DLINK.Text = "DLINK 19200 (OFF)";
+  console->Main().At(SettingId::DLINK).Text = "DLINK 19200 (OFF)";
   struct Case {
     const char* Window;
     const char* Order;

@@ -41,9 +41,9 @@ void FeedReply(std::string_view input) {
 
 void FeedSavedSetting(std::string_view input) {
   const std::string reply(input);
-  for (const SavedSetting& row : SavedSettings()) {
+  for (const Setting* row : SavedOrder(AllSettings())) {
     try {
-      CutSetting(row, reply);
+      CutSetting(*row, reply);
     } catch (const RunFailed&) {
       continue;
     }

@@ -145,7 +145,7 @@ TEST_F(ReadCycleTest, AnEchoLeftOffIsSwitchedOnAgain) {
   Type("txtTerm", "deco\r");
   Run(Milliseconds(50));
   ASSERT_FALSE(Radio().Echo());
-  Main().SerialNumber.Text = "n/a";
+  Main().At(SettingId::SerialNumber).Text = "n/a";
   const std::string commands = ReadAgain();
   EXPECT_EQ(commands.substr(0, 18), "ser,eeco,ser,unit,");
   EXPECT_EQ(Text("SerialNumber"), "SN 00123456");

@@ -42,7 +42,7 @@ class RestoreBench : public sim::Bench {
   }
 
   frmRestore& Window() { return *shown; }
-  std::string Current(RestoreSetting id) { return Window().At(id).Current.Text(); }
+  std::string Current(SettingId id) { return Window().At(id).Current.Text(); }
 
   void CloseAndWait() {
     Click("CloseButton");

@@ -122,7 +122,7 @@ TEST_F(RestoreFaults, ClicksInTheMiddle) {
           Save();
         } else {
           if (work == "program") Click("CheckAllButton");
-          if (work == "read") Window().At(RestoreSetting::PowerLevel).Check.Checked = true;
+          if (work == "read") Window().At(SettingId::PowerLevel).Check.Checked = true;
           After(Milliseconds(work == "read" ? 2000 : 20), click);
           Click(work == "read" ? "tbr_Refresh" : "tbr_ProgramRadio");
         }
@@ -172,7 +172,7 @@ TEST_F(RestoreFaults, ASecondClickOrARefreshBeforeTheFirstTickChangesNothing) {
   InWindowAtOnce([this] {
     EXPECT_TRUE(Click("tbr_Refresh"));
     EXPECT_TRUE(RunUntil([this] { return Window().ReadIdle; }, Seconds(90)));
-    EXPECT_EQ(Current(RestoreSetting::Mode), "MODE R");
+    EXPECT_EQ(Current(SettingId::Mode), "MODE R");
   });
 }
 

@@ -206,9 +206,9 @@ TEST_F(RestoreLoad, ModesDecideWhatCanBeTicked) {
       EXPECT_EQ(Sent(), "");
       ASSERT_TRUE(WaitForRead());
       // Ticked with "n/a" as the new mode, nothing changes.
-      Window().At(RestoreSetting::Mode).Check.Checked = true;
+      Window().At(SettingId::Mode).Check.Checked = true;
       const std::string boxes = EnabledBoxes();
-      Window().At(RestoreSetting::Mode).Check.OnClick();
+      Window().At(SettingId::Mode).Check.OnClick();
       EXPECT_EQ(EnabledBoxes(), boxes);
     });
     EndSession();

@@ -31,7 +31,7 @@ TEST_F(RestoreReplies, SlowAndLateReplies) {
       ASSERT_TRUE(Click("CheckAllButton"));
       ASSERT_TRUE(Click("tbr_ProgramRadio"));
       ASSERT_TRUE(WaitForRead());
-      EXPECT_EQ(Current(RestoreSetting::NetworkAddress), "ADDR 99");
+      EXPECT_EQ(Current(SettingId::NetworkAddress), "ADDR 99");
       EXPECT_NE(Save().find("PWR 22 dBm"), std::string::npos);
     });
     EndSession();
@@ -111,7 +111,7 @@ TEST_F(RestoreReplies, RepliesThatTellSomethingElse) {
     }
     EXPECT_EQ(Save().find("INVALID"), std::string::npos);
     // A radio that tells nothing: the file of before stays.
-    for (const RestoreRow& row : RestoreRows) Radio().SetReply(row.Word, "\r\nINVALID ENTRY\r\n");
+    for (const RestoreRow& row : RestoreRows()) Radio().SetReply(row.Word, "\r\nINVALID ENTRY\r\n");
     After(Seconds(1), [&] { EXPECT_TRUE(Click("tbr_SaveConfig")); });
     ReadAnew();
     EXPECT_EQ(Text("Label2"), "Current Settings:\rnone came, so none can be saved");
@@ -129,7 +129,7 @@ TEST_F(RestoreReplies, NamesThatBeginWithAPrompt) {
     for (const char* name : {">x", "> hello", ">>> N", "SETUP> y", "Hill >"}) {
       Radio().Program("own", name);
       ReadAnew();
-      EXPECT_EQ(Current(RestoreSetting::OwnerName), name);
+      EXPECT_EQ(Current(SettingId::OwnerName), name);
     }
   });
 }

@@ -121,7 +121,7 @@ TEST_F(RestoreWindow, WarnsAUserWhoIsNotLoggedIn) {
     ASSERT_TRUE(Click("CheckAllButton"));
     ASSERT_TRUE(Click("tbr_ProgramRadio"));
     EXPECT_TRUE(WaitForRead());
-    EXPECT_EQ(Current(RestoreSetting::PowerLevel), "PWR 30 dBm");
+    EXPECT_EQ(Current(SettingId::PowerLevel), "PWR 30 dBm");
     EXPECT_NE(Save(), "");
   });
   EXPECT_TRUE(Radio().Echo());
@@ -134,7 +134,7 @@ TEST_F(RestoreWindow, OpensThePortItselfWhenItIsClosed) {
   Main().ConnectOnLaunchPending = true;
   Main().Timer1.Enabled = false;
   InWindow([&] {
-    EXPECT_EQ(Current(RestoreSetting::Mode), "MODE R");
+    EXPECT_EQ(Current(SettingId::Mode), "MODE R");
     EXPECT_EQ(SecondPort().Handshaking(), 2);
     EXPECT_FALSE(Port().PortOpen());
   });

@@ -40,7 +40,7 @@ TEST_F(OptionWindowsTest, TheDiagnosticLink) {
   EXPECT_EQ(Now() - began, Milliseconds(100));
   ASSERT_TRUE(RunUntil([&] { return Text("DLINK") == "DLINK 115200 (OFF)"; }));
   // Neither a rate nor ON in the field.
-  Main().DLINK.Text = "n/a";
+  Main().At(SettingId::DLINK).Text = "n/a";
   EXPECT_EQ(inWindow([&] {
               EXPECT_TRUE(Checked("OnOption_1"));
               EXPECT_TRUE(Click("OnOption_0"));
@@ -84,7 +84,7 @@ TEST_F(OptionWindowsTest, TheSoftwareRtu) {
                {"RTU 7 (OFF)", "7", "", false, "rtu off\r\r", true}};
   for (const auto& each : cases) {
     SCOPED_TRACE(each.Id);
-    Main().SoftRTU.Text = each.Field;
+    Main().At(SettingId::SoftRTU).Text = each.Field;
     if (each.Refused) {
       ExpectBox("Error")
           .Saying("The RTU ID must be a number between 0 and 80, inclusive.")

@@ -132,7 +132,7 @@ TEST_F(ProgrammingTest, WhatTheUserCanTypeIsSentOrStopped) {
   Enter("OwnerMessage", title, std::string(10000, 'x'));
   EXPECT_EQ(Sent(), "owm " + std::string(10000, 'x') + "\r");
   // The mode allows it or not, whatever the row's look.
-  Main().RepeatCount.Enabled = true;
+  Main().At(SettingId::RepeatCount).Enabled = true;
   EXPECT_TRUE(Click("RepeatCount"));
   // The port is asked after the box.
   ASSERT_TRUE(Click("tbr_Disconnect"));
@@ -199,9 +199,9 @@ TEST_F(ProgrammingTest, OnOffRowsAskBeforeTheyTurn) {
     EXPECT_EQ(Text(each.Row), each.After);
   }
   // A text that is neither, and a mode that does not allow it: nothing comes up.
-  Main().SleepMode.Text = "SLEEP n/a";
+  Main().At(SettingId::SleepMode).Text = "SLEEP n/a";
   EXPECT_TRUE(Click("SleepMode"));
-  Main().FEC.Enabled = true;
+  Main().At(SettingId::FEC).Enabled = true;
   EXPECT_TRUE(Click("FEC"));
 }
 
@@ -225,7 +225,7 @@ TEST_F(ProgrammingTest, TheDeviceTypeHasThreeAnswers) {
 
 TEST_F(ProgrammingTest, ShowSyncAndTheStatusReport) {
   ShowSettings({});
-  Main().ShowSync.Text = "old";
+  Main().At(SettingId::ShowSync).Text = "old";
   EXPECT_TRUE(Click("ShowSync"));
   EXPECT_EQ(Sent(), "show sync\r");
   EXPECT_EQ(Text("ShowSync"), "DEPTH 1 UNIT 1000 XADDR 0");

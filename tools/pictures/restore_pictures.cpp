@@ -36,7 +36,7 @@ void WindowPictures::TakeRestoreWindow() {
   bool halfSeen = false;
   const auto takeTabs = [this](frmRestore& form) {
     form.tbr_OpenConfig.Click();
-    for (const auto id : {RestoreSetting::UnitAddr, RestoreSetting::PowerLevel}) {
+    for (const auto id : {SettingId::UnitAddr, SettingId::PowerLevel}) {
       form.At(id).Check.Click();
     }
     for (int tab = 1; tab <= static_cast<int>(form.TabStrip.Tabs.size()); ++tab) {

@@ -95,9 +95,9 @@ void WindowPictures::TellMissing() const {
 
 void WindowPictures::TakeBoxes() {
   frmOrvalent& main = console.Main();
-  TakeBox("box-information", Answer::Ok, [&] { main.BaudRate.Caption.Click(); });
-  TakeBox("box-question", Answer::Cancel, [&] { main.DeviceType.Click(); });
-  TakeBox("box-input", Answer::Cancel, [&] { main.NetworkAddress.Click(); });
+  TakeBox("box-information", Answer::Ok, [&] { main.At(SettingId::BaudRate).Caption.Click(); });
+  TakeBox("box-question", Answer::Cancel, [&] { main.At(SettingId::DeviceType).Click(); });
+  TakeBox("box-input", Answer::Cancel, [&] { main.At(SettingId::NetworkAddress).Click(); });
 }
 
 void WindowPictures::TakeOptionWindows() {
@@ -105,11 +105,11 @@ void WindowPictures::TakeOptionWindows() {
   const auto checkSome = [](Form& form, const std::string& array) {
     for (const int address : {0, 1, 5, 17, 31}) Click(form, array + std::to_string(address));
   };
-  TakeModal("frmDLINKOptions", "dlink-options", [&] { main.DLINK.Click(); });
-  TakeModal("frmDTYPEOptions", "dtype-options", [&] { main.DTYPE.Click(); });
-  TakeModal("frmRTUOptions", "rtu-options", [&] { main.SoftRTU.Click(); });
+  TakeModal("frmDLINKOptions", "dlink-options", [&] { main.At(SettingId::DLINK).Click(); });
+  TakeModal("frmDTYPEOptions", "dtype-options", [&] { main.At(SettingId::DTYPE).Click(); });
+  TakeModal("frmRTUOptions", "rtu-options", [&] { main.At(SettingId::SoftRTU).Click(); });
   TakeModal(
-      "frmXMAP", "extension-map", [&] { main.XMAP.Click(); },
+      "frmXMAP", "extension-map", [&] { main.At(SettingId::XMAP).Click(); },
       [&](Form& form) { checkSome(form, "Check1_"); });
   TakeModal(
       "frmSimpleXMAP", "sub-remote-map",

@@ -20,7 +20,7 @@ namespace quillmark {
 
 namespace {
 
-constexpr int pageCount = 7;
+constexpr int pageCount = static_cast<int>(TabCount);
 constexpr int blockCount = 10;
 constexpr int lastPage = pageCount - 1;
 
@@ -44,7 +44,7 @@ void AddRow(const RestoreRow& row, QGridLayout& grid, int place, QWidget& fileUs
   auto* check = Add<RowCheckBox>(page, QLatin1String(row.Check));
   auto* mark = new QLabel(&page);
   auto* current = Add<ValueLine>(page, QLatin1String(row.Current));
-  auto* next = Add<ValueLine>(page, QLatin1String(row.New));
+  auto* next = Add<ValueLine>(page, QString::fromStdString(row.New));
   check->setText(QLatin1String(row.Caption));
   current->setReadOnly(true);
   current->setAccessibleName(QObject::tr("%1 in the radio").arg(SubjectOf(row)));
@@ -58,13 +58,11 @@ void AddRow(const RestoreRow& row, QGridLayout& grid, int place, QWidget& fileUs
 
 // From the top down; rows that are hidden take no room.
 void AddRows(int page, QGridLayout& grid, QWidget& fileUser) {
-  std::vector<const RestoreRow*> rows;
-  for (const RestoreRow& row : RestoreRows) {
-    if (row.Frame == page) rows.push_back(&row);
-  }
-  std::ranges::stable_sort(rows, {}, [](const RestoreRow* row) { return row->Top; });
+  std::vector<RestoreRow> rows = RestoreRows();
+  std::erase_if(rows, [page](const RestoreRow& row) { return static_cast<int>(row.Page) != page; });
+  std::ranges::stable_sort(rows, {}, &RestoreRow::Top);
   int place = 0;
-  for (const RestoreRow* row : rows) AddRow(*row, grid, place++, fileUser);
+  for (const RestoreRow& row : rows) AddRow(row, grid, place++, fileUser);
 }
 
 void AddWarning(QGridLayout& grid) {

@@ -87,10 +87,10 @@ TEST_F(RestoreWindow, ColumnsStandInLineBelowTheirHeadingsWhateverTheWidth) {
     window->resize(width, window->height());
     for (int page = 0; page < 7; ++page) {
       Find<QStackedWidget>("pages").setCurrentIndex(page);
-      for (const RestoreRow& row : RestoreRows) {
-        if (row.Frame != page) continue;
+      for (const RestoreRow& row : RestoreRows()) {
+        if (static_cast<int>(row.Page) != page) continue;
         EXPECT_EQ(left(row.Current), left("Label2")) << row.Caption;
-        EXPECT_EQ(left(row.New), left("FileSettingsLabel")) << row.Caption;
+        EXPECT_EQ(left(row.New.c_str()), left("FileSettingsLabel")) << row.Caption;
       }
     }
   }
