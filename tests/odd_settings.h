@@ -1,9 +1,12 @@
 #pragma once
 
+#include <map>
+#include <set>
 #include <string>
 #include <string_view>
 
 #include "sim/sim_radio.h"
+#include "sim/sim_radio_table.h"
 
 namespace quillmark {
 
@@ -21,6 +24,34 @@ inline void ProgramOddValues(sim::SimRadio& radio) {
     radio.Program(values.substr(0, equals), values.substr(equals + 1, end - equals - 1));
     values.remove_prefix(end + 1);
   }
+}
+
+// What a radio holds, by word.
+using Holdings = std::map<std::string, std::string>;
+inline Holdings HoldingsOf(const sim::SimRadio& radio) {
+  Holdings values;
+  for (const sim::RadioSetting& row : sim::SettingRows()) {
+    values[std::string(row.Word)] = radio.Setting(row.Word);
+  }
+  return values;
+}
+
+// The settings that have gone from one radio to another, which held something else before.
+inline std::set<std::string> Arrived(const Holdings& sent, const Holdings& before,
+                                     const Holdings& after) {
+  std::set<std::string> words;
+  for (const auto& [word, value] : sent) {
+    if (before.at(word) != value && after.at(word) == value) words.insert(word);
+  }
+  return words;
+}
+
+// Each setting by name.
+inline std::set<std::string> AllWordsBut(const std::set<std::string>& missing) {
+  std::set<std::string> words;
+  for (const sim::RadioSetting& row : sim::SettingRows()) words.emplace(row.Word);
+  for (const std::string& word : missing) words.erase(word);
+  return words;
 }
 
 }  // namespace quillmark

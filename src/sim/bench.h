@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -60,6 +61,8 @@ class Bench : public ::testing::Test {
   // Puts another radio on the line of Com1, its line without faults and with an empty log; may also
   // be done later, as a swap of radios, with the port open or closed.
   void UseRadio(SimRadioOptions options);
+  // Gives the program other settings than those of the catalogue; they outlive the test.
+  void UseSettings(std::span<const Setting> others);
   // A stored preference.
   void Store(const std::string& section, const std::string& key, const std::string& value) {
     store.Write(section, key, value);
@@ -215,6 +218,7 @@ class Bench : public ::testing::Test {
   Platform platform;
   std::unique_ptr<SimRadio> radio;
   std::unique_ptr<SimLine> line;
+  std::span<const Setting> settings = AllSettings();
   std::unique_ptr<Console> console;
   // An act that waits for a command.
   struct Awaited {

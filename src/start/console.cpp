@@ -14,9 +14,9 @@
 
 namespace quillmark {
 
-Console::Console(Platform& machine)
+Console::Console(Platform& machine, std::span<const Setting> settings)
     : platform(machine),
-      main(std::make_shared<frmOrvalent>(machine.Events)),
+      main(std::make_shared<frmOrvalent>(machine.Events, settings)),
       log(*main, machine.Dialogs),
       radio(machine.MSComm1, machine.Events, session, *main, Conversation::Hears::ByEvents),
       connection(machine, session, *main, radio),

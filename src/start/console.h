@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <string_view>
 
 #include "access/access_menus.h"
@@ -33,7 +34,8 @@ namespace quillmark {
 // to them, starts and ends. The serial ports' OnComm must not be called after its end.
 class Console {
  public:
-  explicit Console(Platform& platform);
+  // `settings` are those that the windows show, and outlive it too.
+  explicit Console(Platform& platform, std::span<const Setting> settings = AllSettings());
   ~Console();
 
   // Shows the splash window; the main window follows when that closes.

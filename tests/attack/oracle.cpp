@@ -6,7 +6,6 @@
 #include <set>
 
 #include "attack/damage.h"
-#include "attack/rows.h"
 #include "sim/sim_radio_table.h"
 #include "sim/sim_words.h"
 

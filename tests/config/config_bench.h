@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "catalogue/settings.h"
 #include "limited_files.h"
 #include "odd_settings.h"
 #include "sim/bench.h"
@@ -60,13 +61,16 @@ class ConfigBench : public sim::Bench {
   }
 };
 
-// The shipped default set, without its last word on the mode.
-inline const std::vector<std::string> defaultSet = {
-    "MODE M",      "PWR 30",    "BAUD 4800 8N1", "PORT RS232", "DEVICE DCE", "AMASK FFFF FFFF",
-    "ASENSE HI",   "CTS 0",     "CTSHOLD 0",     "RXTOT NONE", "RXD 0",      "SLEEP OFF",
-    "LPMHOLD 0",   "ADDR NONE", "CSADDR NONE",   "HOPTIME 7",  "SKIP NONE",  "LPM 0",
-    "REPEAT 0",    "RETRY 0",   "FEC OFF",       "BUFF ON",    "SAF OFF",    "XADDR 0",
-    "XMIN 0",      "XMAX 0",    "XMAP 00000000", "XPRI NONE",  "XRSSI -120", "DTYPE NODE",
-    "DLINK 19200", "DLINK ON",  "RTU 0",         "RTU OFF",    "MODE R"};
+// The shipped default set: a master at first, so that it takes the settings of a master, and a
+// remote at the end.
+inline const std::vector<std::string> defaultSet = [] {
+  std::vector<std::string> lines = {"MODE M"};
+  for (const Setting& setting : AllSettings()) {
+    if (setting.Id == SettingId::Mode) continue;
+    for (const std::string& line : FactoryLines(setting)) lines.push_back(line);
+  }
+  for (const std::string& line : FactoryLines(SettingOf(SettingId::Mode))) lines.push_back(line);
+  return lines;
+}();
 
 }  // namespace quillmark

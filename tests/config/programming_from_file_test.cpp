@@ -19,35 +19,34 @@ class ProgrammingFromFileTest : public ConfigBench {
   std::vector<std::string> FileCommands() { return Radio().CommandsAfter("MODE R"); }
 
   // Everything that the radio holds, but for its names and number, which a restore leaves alone.
-  static std::string Holdings(const sim::SimRadio& radio) {
-    std::string text;
-    for (const sim::RadioSetting& row : sim::SettingRows()) {
-      const std::string word(row.Word);
-      if (word != "unit" && word != "own" && word != "owm") {
-        text += word + " " + radio.Setting(word) + "\n";
-      }
-    }
-    return text;
+  static Holdings Cleared(const sim::SimRadio& radio) {
+    Holdings values = HoldingsOf(radio);
+    for (const char* name : {"unit", "own", "owm"}) values.erase(name);
+    return values;
   }
 };
 
+// Each setting by name: one that a file lacks is still the factory's.
 TEST_F(ProgrammingFromFileTest, ASavedFileBringsTheRadioBack) {
+  std::set<std::string> brought;
   for (const char mode : {'M', 'R', 'X'}) {
     for (const std::string revision : {"1.9.0", "2.0.0", "3.0.0", "3.2.0"}) {
       SCOPED_TRACE(std::string(1, mode) + revision);
       StartConnected({.Revision = revision, .Mode = mode});
       ProgramOddValues(Radio());
       const std::string saved = Save();
+      const Holdings sent = HoldingsOf(Radio());
       ASSERT_TRUE(Refresh());
 
       // The first stage alone, behind which a file of comments is an empty second one.
       Program(validLine);
       sim::SimRadio factory({.Revision = revision});
-      EXPECT_EQ(Holdings(Radio()), Holdings(factory));
+      EXPECT_EQ(Cleared(Radio()), Cleared(factory));
       EXPECT_EQ(Radio().Setting("own"), "Hill > north");
       ASSERT_TRUE(Refresh());
 
       Program(saved);
+      brought.merge(Arrived(sent, HoldingsOf(factory), HoldingsOf(Radio())));
       ASSERT_TRUE(Refresh());
       std::filesystem::remove(InScratch("saved.txt"));
       EXPECT_EQ(Save(), saved);
@@ -57,6 +56,8 @@ TEST_F(ProgrammingFromFileTest, ASavedFileBringsTheRadioBack) {
       Restart();
     }
   }
+  // The files of the main window have never held them.
+  EXPECT_EQ(brought, AllWordsBut({"xmin", "xmax", "rtu"}));
 }
 
 TEST_F(ProgrammingFromFileTest, TheBytesTheirTimesAndWhatShows) {

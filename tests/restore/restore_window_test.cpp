@@ -30,10 +30,6 @@ TEST_F(RestoreWindow, OpensWakesAndReadsByTheRevision) {
       // Unknown: shown as the oldest, read as any.
       {"?", " ", "rxd lpmhold csaddr lpm xmap xpri xrssi dtype dlink rtu", 720},
   };
-  const std::string all =
-      "unit own owm mode pwr baud port device amask asense cts ctshold rxtot rxd sleep lpmhold "
-      "addr csaddr hoptime skip lpm repeat retry fec buff saf xaddr xmin xmax xmap xpri xrssi "
-      "dtype dlink rtu";
   Random().Fixed = 0;
   for (const auto& each : cases) {
     SCOPED_TRACE(each.Revision);
@@ -42,9 +38,10 @@ TEST_F(RestoreWindow, OpensWakesAndReadsByTheRevision) {
     if (!known) Shared().SoftwareRevision.Text = each.Revision;
     InWindow([&] {
       std::string reads;
-      for (const std::string& word : Split(all, ' ')) {
+      for (const Setting& setting : AllSettings()) {
+        const std::string word = setting.Word;
         const bool read = std::string(each.Unread).find(" " + word + " ") == std::string::npos;
-        if (read) reads += "\r" + word + "\r";
+        if (setting.Restored && read) reads += "\r" + word + "\r";
       }
       EXPECT_EQ(Sent(), probe + wake + reads);
       EXPECT_EQ(Words([](RestoreRowControls& row) { return !row.Current.Visible(); }), each.Hidden);

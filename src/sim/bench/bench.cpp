@@ -32,8 +32,14 @@ Bench::Bench()
 Bench::~Bench() { loop.RemoveSource(commandWatch); }
 
 void Bench::MakeConsole() {
-  console = std::make_unique<Console>(platform);
+  console = std::make_unique<Console>(platform, settings);
   console->OnReadCycleDone = [this] { ++readCycles; };
+}
+
+void Bench::UseSettings(std::span<const Setting> others) {
+  settings = others;
+  console.reset();
+  MakeConsole();
 }
 
 void Bench::UseRadio(SimRadioOptions options) {
