@@ -46,12 +46,15 @@ inline std::set<std::string> Arrived(const Holdings& sent, const Holdings& befor
   return words;
 }
 
-// Each setting by name.
-inline std::set<std::string> AllWordsBut(const std::set<std::string>& missing) {
-  std::set<std::string> words;
-  for (const sim::RadioSetting& row : sim::SettingRows()) words.emplace(row.Word);
-  for (const std::string& word : missing) words.erase(word);
-  return words;
+// The names of those that have not arrived, and of `others` that have.
+inline std::string Astray(const std::set<std::string>& arrived,
+                          const std::set<std::string>& others) {
+  std::string names;
+  for (const sim::RadioSetting& row : sim::SettingRows()) {
+    const std::string word(row.Word);
+    if (arrived.contains(word) == others.contains(word)) names += word + " ";
+  }
+  return names;
 }
 
 }  // namespace quillmark
