@@ -32,8 +32,7 @@ struct Ahead {
   SettingId First;
   SettingId Before;
 };
-// The files of the main window have had the threshold in front of the primary address from the
-// first version on.
+// So the files of the main window have it. Those of the store and restore window go by the table.
 constexpr Ahead savedAhead{.First = SettingId::XRSSI, .Before = SettingId::XPRI};
 // The upper end of the range is raised before the lower one, which may not lie above it.
 constexpr Ahead programmedAhead{.First = SettingId::XMAX, .Before = SettingId::XMIN};
@@ -55,7 +54,8 @@ constexpr bool IdsAreDense() {
   return Each([&place](const Setting& each) { return PlaceOf(each.Id) == place++; });
 }
 static_assert(IdsAreDense(), "The rows stand in the order of their ids, one each");
-static_assert(settings.back().Id == SettingId::DiagOptions, "The last id has its row");
+static_assert(settings.back().Id == SettingId::DiagOptions,
+              "The last id has its row: a new last one is named here");
 
 constexpr int WaysToClick(const Setting& setting) {
   return (setting.Input ? 1 : 0) + (setting.Switch ? 1 : 0) + (setting.OwnClick ? 1 : 0);
