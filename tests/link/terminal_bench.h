@@ -30,7 +30,7 @@ class TerminalBench : public sim::Bench {
     Run(Milliseconds(1));
   }
   std::filesystem::path OpenLog(const std::string& name) {
-    const std::filesystem::path path = ScratchFolder() / name;
+    std::filesystem::path path = ScratchFolder() / name;
     ExpectSaveFile("Open a Communications Log File").Choose(path);
     EXPECT_TRUE(Click("tbr_OpenLogFile"));
     return path;
