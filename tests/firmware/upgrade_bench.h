@@ -22,7 +22,7 @@ class UpgradeBench : public sim::Bench {
   UpgradeBench() { Random().Fixed = 0.5; }
 
   std::filesystem::path Save(const std::string& name, const std::string& content) const {
-    const auto path = ScratchFolder() / name;
+    auto path = ScratchFolder() / name;
     std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
     return path;
   }
@@ -30,7 +30,7 @@ class UpgradeBench : public sim::Bench {
     return Save("new.s28", sim::FirmwareImage("3.2.1", length));
   }
   // While the first blocks go out.
-  void WhileSending(std::function<void()> act) {
+  void WhileSending(const std::function<void()>& act) {
     OnCommand("ERASE", [this, act] {
       OnCommand("PROGRAM", [this, act] { After(Milliseconds(100), act); });
     });

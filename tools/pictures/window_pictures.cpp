@@ -141,7 +141,7 @@ void WindowPictures::TakeAccessWindows() {
   Picture(*setup, "setup-mode");
   // Only this button ends the radio's setup mode.
   Click(*setup, "ExitButton");
-  console.Shared().RefreshRequested = false;
+  console.Shared().DropRead();
 }
 
 void WindowPictures::TakeConfigurationWindows() {
