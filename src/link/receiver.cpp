@@ -161,15 +161,15 @@ char Receiver::txtTerm_KeyPress(char key) {
   return 0;
 }
 
-// A half-typed line in front of a password would change it, so keys are lost while a window asks for
-// one. What was typed before a reconnect is not sent after it. A line that has lost some keys would
-// be another line: all of it is lost, up to its end or until the user pauses.
+// A half-typed line in front of a password would change it, so keys are lost while a window asks
+// for one. What was typed before a reconnect is not sent after it. A line that has lost some keys
+// would be another line: all of it is lost, up to its end or until the user pauses.
 bool Receiver::LosesKey(char key) {
   const Duration now = platform.Events.Now();
   const bool sameLine = now < lineUntil;
   lineUntil = key == '\r' ? now : now + longestPause;
-  lineLost = radio.Turns.TakenForSecret() ||
-             (sameLine && (lineLost || typedEpoch != radio.Epoch()));
+  lineLost =
+      radio.Turns.TakenForSecret() || (sameLine && (lineLost || typedEpoch != radio.Epoch()));
   if (lineLost) typed.erase(typed.rfind('\r') + 1);
   return lineLost;
 }

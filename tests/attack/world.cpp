@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <chrono>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <utility>
 
 #include "catalogue/settings.h"
+#include "file_text.h"
 #include "odd_settings.h"
 #include "sim/sim_radio_table.h"
 #include "sim/sim_words.h"
@@ -15,17 +15,11 @@
 namespace quillmark::attack {
 
 namespace fs = std::filesystem;
-
 using sim::SameWord;
 using sim::SimRadio;
 using sim::SimRadioOptions;
 
 namespace {
-
-std::string Contents(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // The number in its name may hold a secret by chance.
 std::string Without(const fs::path& folder, std::string_view text) {
@@ -282,7 +276,7 @@ Tree World::Files() const {
   for (const auto& entry : fs::recursive_directory_iterator(ScratchFolder())) {
     const std::string name = fs::relative(entry.path(), ScratchFolder()).string();
     if (name.starts_with("shipped")) continue;
-    tree[name] = entry.is_directory() ? "(folder)" : Contents(entry.path());
+    tree[name] = entry.is_directory() ? "(folder)" : FileText(entry.path());
   }
   return tree;
 }

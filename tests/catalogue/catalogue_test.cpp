@@ -87,7 +87,7 @@ TEST(Catalogue, APromptNamesTheBoundsOfItsSetting) {
 class DefaultSet : public ConfigBench {};
 
 TEST_F(DefaultSet, ClearsEverySettingButTheNames) {
-  const std::string text = Contents(ShippedFolder() / "NewRadio.txt");
+  const std::string text = FileText(ShippedFolder() / "NewRadio.txt");
   for (const sim::RadioSetting& radio : sim::SettingRows()) {
     const std::string line = "\n" + Upper(radio.Word) + " ";
     EXPECT_EQ(("\n" + text).find(line) == std::string::npos,

@@ -83,7 +83,7 @@ TEST_F(MadeUpSetting, IsSavedPrintedAndRestored) {
   StartWith({.Mode = 'M'}, "SQL 4 dB");
   ExpectSaveFile("Radio Configuration Save").Choose(InScratch("main.txt"));
   ASSERT_TRUE(Click("cmdSaveToFile"));
-  EXPECT_THAT(Contents(InScratch("main.txt")), HasSubstr("\r\nSQL 4 dB\r\n"));
+  EXPECT_THAT(FileText(InScratch("main.txt")), HasSubstr("\r\nSQL 4 dB\r\n"));
   ASSERT_TRUE(Refresh());
   ExpectPrinter("00123456.txt").ChoosePrinter("Office");
   ASSERT_TRUE(Click("cmdPrint"));

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "catalogue/settings.h"
+#include "file_text.h"
 #include "limited_files.h"
 #include "odd_settings.h"
 #include "sim/bench.h"
@@ -17,11 +18,6 @@ class ConfigBench : public sim::Bench {
  public:
   std::filesystem::path InScratch(const std::string& name) const { return ScratchFolder() / name; }
 
-  static std::string Contents(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
   std::filesystem::path Write(const std::filesystem::path& path, const std::string& text) {
     std::filesystem::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary) << text;
@@ -32,7 +28,7 @@ class ConfigBench : public sim::Bench {
   std::string Save(const std::string& name = "saved.txt") {
     ExpectSaveFile("Radio Configuration Save").Choose(InScratch(name));
     EXPECT_TRUE(Click("cmdSaveToFile"));
-    return Contents(InScratch(name));
+    return FileText(InScratch(name));
   }
 
   // Programs the radio from a file of that text; the unit number is left as the file has it.

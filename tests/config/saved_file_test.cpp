@@ -73,7 +73,7 @@ TEST_F(SavedFileTest, AFileInALockedFolderIsWrittenInPlace) {
       ExpectBox("Radio Communications Error");
       Faults().SilentFrom = Faults().SilentUntil = Radio().CommandCount() + 8;
     }
-    OnCommand("unit", [&] { EXPECT_EQ(Contents(copies / "f.txt.bak"), "old"); });
+    OnCommand("unit", [&] { EXPECT_EQ(FileText(copies / "f.txt.bak"), "old"); });
     const std::string saved = Save("locked/f.txt");
     if (std::string(way) == "complete") {
       EXPECT_THAT(saved, HasSubstr("Diagnostics"));
@@ -122,7 +122,7 @@ TEST_F(SavedFileTest, AReportGoesToThePrinterAndNowhereElse) {
   std::filesystem::remove(temp);
   std::filesystem::create_directory_symlink(InScratch("mine"), temp);
   Restart();
-  EXPECT_EQ(Contents(temp / "letter.txt"), "kept");
+  EXPECT_EQ(FileText(temp / "letter.txt"), "kept");
 }
 
 }  // namespace

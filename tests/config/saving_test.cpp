@@ -108,7 +108,7 @@ TEST_F(SavingTest, AFileThatIsThereIsReplacedOnlyOnYes) {
   ExpectBox("File I/O Error").Saying(question).Reply(Answer::Cancel);
   ASSERT_TRUE(Click("cmdSaveToFile"));
   EXPECT_EQ(Sent(), "");
-  EXPECT_EQ(Contents(old), "old");
+  EXPECT_EQ(FileText(old), "old");
   ExpectIdle();
   ExpectBox("File I/O Error").Reply(Answer::Yes);
   EXPECT_THAT(Save("old.txt"), StartsWith("#Created by"));
@@ -138,7 +138,7 @@ TEST_F(SavingTest, AFailureLeavesTheShortenedFileAndTheOldOneBesideIt) {
   const std::string saved = Save("f.txt");
   EXPECT_THAT(OddFile('M', "3.2.0"), StartsWith(saved));
   EXPECT_THAT(saved, HasSubstr("\r\nOWM Spare\r\n"));
-  EXPECT_EQ(Contents(InScratch("f.txt.bak")), "old");
+  EXPECT_EQ(FileText(InScratch("f.txt.bak")), "old");
   ExpectIdle();
 }
 

@@ -66,4 +66,26 @@ class PtyPair {
   std::string path;
 };
 
+// The same line, held by a program that may change its mode behind the console's back.
+class OtherProgram {
+ public:
+  explicit OtherProgram(const std::string& path)
+      : device(open(path.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC)) {}
+  ~OtherProgram() { close(device); }
+  OtherProgram(const OtherProgram&) = delete;
+  OtherProgram& operator=(const OtherProgram&) = delete;
+
+  // In line mode an end-of-file makes the reader's read fail, as a program that reads along does.
+  void SetLineMode(bool on) const {
+    termios mode{};
+    tcgetattr(device, &mode);
+    mode.c_lflag = on ? mode.c_lflag | ICANON : mode.c_lflag & ~tcflag_t{ICANON};
+    mode.c_cc[on ? VEOF : VMIN] = on ? 4 : 1;
+    tcsetattr(device, TCSANOW, &mode);
+  }
+
+ private:
+  int device;
+};
+
 }  // namespace quillmark

@@ -6,14 +6,10 @@
 #include <string>
 #include <utility>
 
+#include "file_text.h"
 #include "sim/bench.h"
 
 namespace quillmark {
-
-inline std::string FileText(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // The terminal of the main window, and a radio that may talk by itself.
 class TerminalBench : public sim::Bench {

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "file_text.h"
 #include "odd_settings.h"
 #include "restore/frmRestore.h"
 #include "sim/bench.h"
@@ -70,10 +71,6 @@ class RestoreBench : public sim::Bench {
   }
 
   std::filesystem::path InScratch(const std::string& name) const { return ScratchFolder() / name; }
-  static std::string Contents(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
   std::filesystem::path Write(const std::string& name, const std::string& text) {
     std::ofstream(InScratch(name), std::ios::binary) << text;
     return InScratch(name);
@@ -86,7 +83,7 @@ class RestoreBench : public sim::Bench {
   std::string Save() {
     ExpectSaveFile("Radio Configuration Save").Choose(InScratch("window.txt"));
     EXPECT_TRUE(Click("tbr_SaveConfig"));
-    return Contents(InScratch("window.txt"));
+    return FileText(InScratch("window.txt"));
   }
 
   // A line for each row: its word and the text of one column.

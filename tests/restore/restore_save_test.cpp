@@ -140,7 +140,7 @@ TEST_F(RestoreSave, FaultsAtItsTwoQuestions) {
       EXPECT_EQ(saved.find("With") != std::string::npos, each.Version);
       EXPECT_EQ(saved.find("RTU OFF") != std::string::npos, each.NoPrompt > 0);
       if (each.HangUp > 0) {
-        EXPECT_EQ(Contents(InScratch("window.txt.bak")), "old");
+        EXPECT_EQ(FileText(InScratch("window.txt.bak")), "old");
         std::filesystem::remove(InScratch("window.txt.bak"));
         EXPECT_TRUE(Window().ReadIdle && Window().Enabled());
         Run(Seconds(1));

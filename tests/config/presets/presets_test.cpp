@@ -55,9 +55,9 @@ TEST_F(PresetsTest, SavedShownAfterARestartAndProgrammed) {
   StartConnected();
   Radio().Program("own", "Hill top");
   SavePreset("Hill", "The radio on the hill");
-  EXPECT_THAT(Contents(Slot(2)), StartsWith("#PresetFile2\r\n#Name:The radio on the hill\r\n"
+  EXPECT_THAT(FileText(Slot(2)), StartsWith("#PresetFile2\r\n#Name:The radio on the hill\r\n"
                                             "#PresetCaption:Hill\r\n#Created by"));
-  EXPECT_THAT(Contents(Slot(2)), HasSubstr("\r\nOWN Hill top\r\n"));
+  EXPECT_THAT(FileText(Slot(2)), HasSubstr("\r\nOWN Hill top\r\n"));
   EXPECT_EQ(Seen(2), "Hill|The radio on the hill||9|on");
   ExpectIdle();
   ASSERT_TRUE(Quit());
@@ -128,7 +128,7 @@ TEST_F(PresetsTest, SixSlotsAndADeletedOneIsFilledAgain) {
   EXPECT_EQ(Seen(3), empty);
   EXPECT_FALSE(std::filesystem::exists(Slot(3)));
   SavePreset("New", "new one");
-  EXPECT_THAT(Contents(Slot(3)), StartsWith("#PresetFile3\r\n#Name:new one\r\n"));
+  EXPECT_THAT(FileText(Slot(3)), StartsWith("#PresetFile3\r\n#Name:new one\r\n"));
   EXPECT_FALSE(Enabled("cmdSaveToPreset"));
 }
 
@@ -151,7 +151,7 @@ TEST_F(PresetsTest, RenamedDescribedAndViewed) {
   const std::string text =
       "#PresetFile2\r\n#Name:New words\r\n#PresetCaption:New\r\n#With Firmware Version:\r\nOWN "
       "#Name: 2\r\n";
-  EXPECT_EQ(Contents(Slot(2)), text);
+  EXPECT_EQ(FileText(Slot(2)), text);
   ExpectWindow("frmViewer").Do([&] {
     EXPECT_EQ(Text("frmViewer"), "New");
     EXPECT_EQ(Text("txtViewer"), text);
@@ -201,7 +201,7 @@ TEST_F(PresetsTest, WhatFailsIsSaid) {
   TolerateBoxes();
   Faults().HangUpAtCommand = Radio().CommandCount() + 8;
   SavePreset("a", "b");
-  EXPECT_EQ(Contents(Slot(1)).substr(0, 41), "#PresetFile1\r\n#Name:b\r\n#PresetCaption:a\r\n");
+  EXPECT_EQ(FileText(Slot(1)).substr(0, 41), "#PresetFile1\r\n#Name:b\r\n#PresetCaption:a\r\n");
   EXPECT_EQ(Seen(1), "a|b||9|off");
 }
 
@@ -226,7 +226,7 @@ TEST_F(PresetsTest, APresetThatCannotBeWrittenWholeIsNone) {
     EXPECT_EQ(Entries(), "Preset1.txt ");
     EXPECT_EQ(Seen(1), empty);
   }
-  EXPECT_EQ(Contents(Slot(1)), "somebody's");
+  EXPECT_EQ(FileText(Slot(1)), "somebody's");
 }
 
 TEST_F(PresetsTest, NothingHalfMadeStays) {
@@ -248,7 +248,7 @@ TEST_F(PresetsTest, AFileOfAnotherSlotLocksNone) {
   EXPECT_TRUE(Enabled("cmdSaveToPreset"));
   SavePreset("Saved", "over three");
   EXPECT_EQ(Seen(3), "Saved|over three||9|on");
-  EXPECT_EQ(Contents(Slot(3).string() + ".bak"), "#PresetFile4\n#PresetCaption:four\n");
+  EXPECT_EQ(FileText(Slot(3).string() + ".bak"), "#PresetFile4\n#PresetCaption:four\n");
   EXPECT_FALSE(Enabled("cmdSaveToPreset"));
 }
 
