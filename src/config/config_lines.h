@@ -11,8 +11,8 @@
 
 namespace quillmark {
 
-// The configuration file as its readers see it: one place for what a line is, how much is taken,
-// what makes a file valid and which setting a line is of.
+// The configuration file as its readers see it: one place for what a line is, how much is taken and
+// what makes a file valid. Which setting a line is of stands in config_keys.h.
 
 // A line has at most this many characters.
 inline constexpr std::size_t LongestConfigLine = 1024;

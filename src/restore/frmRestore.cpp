@@ -5,24 +5,9 @@
 #include "link/serial_failure.h"
 #include "restore/restore_program.h"
 #include "restore/restore_select.h"
+#include "text/at_end.h"
 
 namespace quillmark {
-
-namespace {
-
-// Counts something that is under way, for the length of a block.
-class Counted {
- public:
-  explicit Counted(int& itsCount) : count(itsCount) { ++count; }
-  ~Counted() { --count; }
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-
- private:
-  int& count;
-};
-
-}  // namespace
 
 frmRestore::frmRestore(Platform& machine, Session& shared, frmOrvalent& window,
                        Connection& radioLink)
@@ -149,7 +134,8 @@ void frmRestore::Timer1_Timer() {
 
 void frmRestore::OpenAndWake() {
   {
-    const Counted underWay(reads);
+    ++reads;
+    const AtEnd underWay([this] { --reads; });
     try {
       link.Open();
       link.Wake([this] { return CloseRequested; });
@@ -167,7 +153,8 @@ void frmRestore::OpenAndWake() {
 
 void frmRestore::ReadRadio() {
   {
-    const Counted underWay(reads);
+    ++reads;
+    const AtEnd underWay([this] { --reads; });
     ReadIdle = false;
     ReadPending = false;
     UpdateTimer();
@@ -201,7 +188,8 @@ void frmRestore::BecomeIdle() {
 void frmRestore::OpenConfig_Click() {
   if (reads > 0 || loads > 0 || taskRuns) return;
   {
-    const Counted underWay(loads);
+    ++loads;
+    const AtEnd underWay([this] { --loads; });
     loader.OpenConfiguration();
   }
   RunWaiting();
@@ -223,11 +211,7 @@ void frmRestore::RunWaiting() {
 }
 
 void frmRestore::Run(Task task) {
-  taskRuns = true;
-  struct Ended {
-    bool& flag;
-    ~Ended() { flag = false; }
-  } ended{taskRuns};
+  const auto underWay = Raised(taskRuns);
   if (task == Task::Program) {
     ProgramSelected();
   } else if (tbr_SaveConfig.Enabled()) {
@@ -257,10 +241,7 @@ void frmRestore::SaveConfiguration() {
 
 void frmRestore::SaveTo(const std::filesystem::path& path) {
   Enabled = false;
-  struct Again {
-    frmRestore& form;
-    ~Again() { form.Enabled = true; }
-  } again{*this};
+  const AtEnd again([this] { Enabled = true; });
   try {
     saver.Write(path);
   } catch (const SerialError& error) {

@@ -4,6 +4,7 @@
 #include "link/comm_events.h"
 #include "link/serial_failure.h"
 #include "platform/utilities.h"
+#include "text/at_end.h"
 
 namespace quillmark {
 
@@ -146,11 +147,7 @@ void RestoreLink::MSComm2_OnComm() {
   if (notice.What != CommNotice::Kind::Error || errorShown) return;
   // A notice silences what the line does, not the end of the port.
   if (!commEventText.empty() && !vanished) return;
-  errorShown = true;
-  struct Gone {
-    bool& flag;
-    ~Gone() { flag = false; }
-  } gone{errorShown};
+  const auto boxUp = Raised(errorShown);
   platform.Desktop.Beep();
   const Answer answer = platform.Dialogs.Message(
       {notice.Wording, "Click Cancel to quit, OK to ignore.", Icon::None, Buttons::OkCancel,

@@ -4,6 +4,7 @@
 
 #include "platform/utilities.h"
 #include "settings/frmSimpleRptrSetup.h"
+#include "text/at_end.h"
 #include "text/numbers.h"
 
 namespace quillmark {
@@ -48,11 +49,7 @@ void frmSimpleXMAP::chkXADDR_Click(std::size_t index) {
 void frmSimpleXMAP::cmdSet_Click() {
   // The second click of a double click, behind the pauses, would answer the next stage's question.
   if (setting) return;
-  setting = true;
-  struct Done {
-    bool& flag;
-    ~Done() { flag = false; }
-  } done{setting};
+  const auto underWay = Raised(setting);
   if (stage == Stage::Map) {
     SendMap();
   } else {

@@ -8,6 +8,7 @@
 #include "qt/binding/form_window.h"
 #include "qt/binding/window_registry.h"
 #include "qt/desktop/qt_event_loop.h"
+#include "text/at_end.h"
 
 namespace quillmark {
 
@@ -106,10 +107,7 @@ void QtWindows::ShowModal(const std::shared_ptr<Form>& form, Form& owner) {
   window.Window()->setWindowModality(Qt::ApplicationModal);
   modal.emplace_back(&window);
   // Takes the window off the stack, whatever ends the loop.
-  struct Ended {
-    std::vector<QPointer<FormWindow>>& stack;
-    ~Ended() { stack.pop_back(); }
-  } ended{modal};
+  const AtEnd ended([this] { modal.pop_back(); });
   window.Show();
   while (form->Loaded()) events.Wait(modalWait);
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/event_loop.h"
+#include "text/at_end.h"
 
 namespace quillmark::sim {
 
@@ -158,10 +159,7 @@ void ScriptedUser::Pass(Duration time) {
 
 void ScriptedUser::PlayBox(const Expectation& expectation) {
   ++boxesUp;
-  struct Down {
-    int& count;
-    ~Down() { --count; }
-  } down{boxesUp};
+  const AtEnd down([this] { --boxesUp; });
   Pass(expectation.staysUp);
   Form nobody("");
   if (expectation.acts) expectation.acts(nobody);
@@ -241,11 +239,7 @@ void ScriptedUser::Activate(Form& form) {
 void ScriptedUser::ShowModal(const std::shared_ptr<Form>& form, Form&) {
   windows.push_back(form);
   modal.push_back(form.get());
-  struct Down {
-    std::vector<Form*>& stack;
-    Form* form;
-    ~Down() { std::erase(stack, form); }
-  } down{modal, form.get()};
+  const AtEnd down([&] { std::erase(modal, form.get()); });
   const auto met = Meet(
       {Expectation::Kind::Window, form->Name(), form->Caption(), {}, Icon::None, Buttons::Ok, {}});
   if (!met) {
