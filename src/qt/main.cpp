@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <cstdio>
+#include <memory>
 
 #include "qt/desktop/theme.h"
 #include "qt/dialogs/store_trouble_boxes.h"
@@ -25,9 +26,17 @@ int Run(const Options& options) {
 }  // namespace quillmark
 
 int main(int argc, char* argv[]) {
-  const QApplication application(argc, argv);
-  quillmark::DescribeApplication("quillmark-console");
-  const auto read = quillmark::ReadOptions(QApplication::arguments());
+  std::unique_ptr<QCoreApplication> application;
+  QStringList arguments;
+  if (const auto text = quillmark::TextAskedFor(argc, argv)) {
+    application = std::make_unique<QCoreApplication>(argc, argv);
+    arguments = {QCoreApplication::arguments().front(), *text};
+  } else {
+    application = std::make_unique<QApplication>(argc, argv);
+    quillmark::DescribeApplication("quillmark-console");
+    arguments = QCoreApplication::arguments();
+  }
+  const auto read = quillmark::ReadOptions(arguments);
   if (const auto* printed = std::get_if<quillmark::Printed>(&read)) {
     std::fputs(printed->Text.c_str(), printed->ExitCode == 0 ? stdout : stderr);
     return printed->ExitCode;

@@ -2,6 +2,9 @@
 
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <algorithm>
+#include <array>
+#include <string_view>
 
 #include "app/version.h"
 
@@ -17,6 +20,13 @@ std::string DevicePath(const QString& named) {
 }
 
 }  // namespace
+
+std::optional<QString> TextAskedFor(int argc, const char* const* argv) {
+  constexpr std::array<std::string_view, 5> words{"--help", "-h", "--help-all", "--version", "-v"};
+  const auto* const asked = std::find_first_of(argv, argv + argc, words.begin(), words.end());
+  if (asked == argv + argc) return std::nullopt;
+  return QString::fromLocal8Bit(*asked);
+}
 
 std::variant<Options, Printed> ReadOptions(const QStringList& arguments) {
   QCommandLineParser parser;

@@ -21,4 +21,7 @@ struct Printed {
 
 std::variant<Options, Printed> ReadOptions(const QStringList& arguments);
 
+// The argument that asks for nothing but a text, if there is one. That needs no display.
+std::optional<QString> TextAskedFor(int argc, const char* const* argv);
+
 }  // namespace quillmark

@@ -211,6 +211,18 @@ TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   EXPECT_THAT(radio.Lines(), EndsWith("pass ****\n"));
 }
 
+TEST(CommandLine, TextsNeedNoDisplay) {
+  QProcess console;
+  console.setProcessEnvironment(QProcessEnvironment());
+  const QString program = QCoreApplication::applicationDirPath() + "/quillmark-console";
+  for (const char* asked : {"--version", "--help"}) {
+    console.start(program, {"-platform", "xcb", asked});
+    ASSERT_TRUE(console.waitForFinished(5'000));
+    EXPECT_EQ(console.exitCode(), 0) << console.readAllStandardError().toStdString();
+    EXPECT_THAT(console.readAllStandardOutput().toStdString(), HasSubstr("quillmark-console"));
+  }
+}
+
 TEST(EndSignals, EachWayToEndAProgramIsAnEventAndALostReaderIsNone) {
   int ended = 0;
   const EndSignals handled([&] { ++ended; });

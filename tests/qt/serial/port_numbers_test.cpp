@@ -7,6 +7,7 @@
 #include <fstream>
 #include <set>
 
+#include "qt/serial/named_port_preferences.h"
 #include "qt/store/ini_preference_store.h"
 
 namespace quillmark {
@@ -105,6 +106,19 @@ TEST_F(PortsOfAMachine, WhenAllAreTakenTheOneAbsentLongestIsGivenAgain) {
   EXPECT_EQ(PortNumbers(store, Surroundings()).NumberFor("/dev/ttyNEW"), 2);
   EXPECT_EQ(Shown().front(), "-/dev/ttyUSB1");
   EXPECT_EQ(PortNumbers(store, Surroundings()).NumberFor("/dev/ttyOTHER"), 4);
+}
+
+// "OK" in the preferences window writes all that it shows.
+TEST_F(PortsOfAMachine, APortNamedForOneRunIsNeverStored) {
+  store.Write("Properties", "CommPort", "2");
+  NamedPortPreferences named(store, 7);
+  EXPECT_EQ(named.Read("Properties", "CommPort", "1"), "7");
+  named.Write("Properties", "CommPort", "7");
+  named.Write("Preferences", "ConnectOnLaunch", "True");
+  EXPECT_EQ(store.Read("Properties", "CommPort", "1"), "2");
+  EXPECT_EQ(store.Read("Preferences", "ConnectOnLaunch", "none"), "none");
+  named.Write("Properties", "CommPort", "3");
+  EXPECT_EQ(store.Read("Properties", "CommPort", "1"), "3");
 }
 
 }  // namespace
