@@ -109,6 +109,7 @@ std::vector<Figure> MeasureReadCycle(Surroundings& surroundings) {
   // The first cycle also finds out who is logged in, which is no reading.
   desk.Connect();
   std::vector<Cycle> all;
+  all.reserve(cycles);
   for (int i = 0; i < cycles; ++i) all.push_back(ReadOnce(desk));
   const Cycle timed = MedianBy(all, &Cycle::Ratio);
   const Cycle costed = MedianBy(all, &Cycle::Share);

@@ -58,7 +58,7 @@ class Visit {
   double IdleRate() const { return RateBetween(idleBegin, idleEnd); }
 
  private:
-  void AfterRead(std::function<void()> act) {
+  void AfterRead(const std::function<void()>& act) {
     auto* timer = new QTimer(&owner);
     QObject::connect(timer, &QTimer::timeout, timer, [this, timer, act] {
       auto* form = static_cast<frmRestore*>(desk.Shown("frmRestore"));

@@ -44,7 +44,7 @@ fs::path Surroundings::File(const std::string& name) const {
 fs::path Surroundings::ThisProgram() { return fs::read_symlink("/proc/self/exe"); }
 
 fs::path Surroundings::Program(const std::string& name) const {
-  const fs::path program = ThisProgram().parent_path() / name;
+  fs::path program = ThisProgram().parent_path() / name;
   if (!fs::exists(program)) throw std::runtime_error(name + " is not built beside this program");
   return program;
 }

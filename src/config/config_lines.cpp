@@ -58,21 +58,8 @@ std::string Refused(const fs::path& path, const std::string& why) {
   return "The file " + PathText(path) + "\r\n" + why + "\r\n\r\nNothing was taken from it.";
 }
 
-}  // namespace
-
-ConfigText ReadConfigText(const fs::path& path, std::size_t mostLines) {
-  ConfigText text;
-  std::error_code error;
-  const fs::file_status status = fs::status(path, error);
-  if (!fs::is_regular_file(status)) {
-    text.Refusal = Refused(path, "is no plain file, and can't be read as a configuration.");
-    return text;
-  }
-  std::ifstream file(path, std::ios::binary);
-  if (!file) {
-    text.Refusal = Refused(path, "can't be opened: you may have no right to read it.");
-    return text;
-  }
+// Takes the lines of an open file, or tells in `text` why not.
+void TakeLines(const fs::path& path, std::istream& file, std::size_t mostLines, ConfigText& text) {
   LineCutter cutter(text.Lines, mostLines);
   // What is dropped from lines counts too: a file of such bytes alone would be read for hours.
   const std::size_t mostBytes = (mostLines + 1) * (LongestConfigLine + 2);
@@ -96,6 +83,24 @@ ConfigText ReadConfigText(const fs::path& path, std::size_t mostLines) {
               : bytes > mostBytes ? "is too large for a configuration."
                                   : "has more than " + std::to_string(mostLines) + " lines.");
   }
+}
+
+}  // namespace
+
+ConfigText ReadConfigText(const fs::path& path, std::size_t mostLines) {
+  ConfigText text;
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (!fs::is_regular_file(status)) {
+    text.Refusal = Refused(path, "is no plain file, and can't be read as a configuration.");
+    return text;
+  }
+  std::ifstream file(path, std::ios::binary);
+  if (!file) {
+    text.Refusal = Refused(path, "can't be opened: you may have no right to read it.");
+    return text;
+  }
+  TakeLines(path, file, mostLines, text);
   return text;
 }
 

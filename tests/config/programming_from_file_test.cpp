@@ -156,7 +156,7 @@ TEST_F(ProgrammingFromFileTest, FilesOfEveryShape) {
       {"line feeds", validLine + "ADDR 1\nADDR 2\n", nullptr, {"ADDR 1", "ADDR 2"}},
       {"returns", validLine + "ADDR 1\rADDR 2", nullptr, {"ADDR 1", "ADDR 2"}},
       {"mark", "\xEF\xBB\xBF" + validLine + "ADDR 1", nullptr, {"ADDR 1"}},
-      {"controls", validLine + std::string("AD\0D\x1BR\t 1\x7F", 11), nullptr, {"ADDR 1"}},
+      {"controls", validLine + std::string("AD\0D\x1BR\t 1\x7F", 10), nullptr, {"ADDR 1"}},
       {"101 lines", hundred + "with firmware version:", nullptr, {"with firmware version:"}},
       {"102 lines", hundred + validLine + "ADDR 1", "more than 101 lines", {}},
       {"one line", std::string(10'000'000, 'x'), "more than 1024 characters", {}},

@@ -140,7 +140,9 @@ std::string ZoneReply(const std::string& rx, const std::string& errors) {
   std::string text;
   for (int zone = 1; zone <= 8; ++zone) {
     const std::string digit = "\r\n" + std::to_string(zone) + ":";
-    text += digit + "TX TOTAL 00000000" + digit + "RX TOTAL " + rx + digit + "RX ERROR " + errors;
+    text.append(digit).append("TX TOTAL 00000000");
+    text.append(digit).append("RX TOTAL ").append(rx);
+    text.append(digit).append("RX ERROR ").append(errors);
   }
   return text + "\r\n";
 }

@@ -196,7 +196,7 @@ class Program : public testing::Test {
     ASSERT_TRUE(Until([this] { return machine->Shown.WindowOf(console->Main()) != nullptr; }));
     window = machine->Shown.WindowOf(console->Main());
   }
-  bool Until(std::function<bool()> done, double seconds = 10) {
+  bool Until(const std::function<bool()>& done, double seconds = 10) {
     return WaitUntil(machine->Events, Seconds(seconds), done);
   }
   template <class Widget>

@@ -33,7 +33,7 @@ class SerialLine : public testing::Test {
     };
   }
 
-  bool Until(std::function<bool()> done, double seconds = 3) {
+  bool Until(const std::function<bool()>& done, double seconds = 3) {
     return WaitUntil(events, Seconds(seconds), done);
   }
   // Whatever is on its way has arrived by now.
@@ -168,9 +168,10 @@ TEST_F(SerialLine, RespectsTheLockFilesOfOtherPrograms) {
   const std::string process = std::to_string(living.processId());
   for (const std::string& text : {process + "\n", "      " + process + " cat root\n"}) {
     std::ofstream(lock) << text;
-    ExpectTrouble(line.Path(), "in use by another program",
-                  "The program " + ProgramBehindCat() + " (process " + process + ") is using " +
-                      line.Path() + "; its lock file is " + lock + ". It may be");
+    std::string details = "The program ";
+    details.append(ProgramBehindCat()).append(" (process ").append(process).append(") is using ");
+    details.append(line.Path()).append("; its lock file is ").append(lock).append(". It may be");
+    ExpectTrouble(line.Path(), "in use by another program", details);
   }
   living.kill();
   living.waitForFinished();

@@ -129,6 +129,15 @@ TEST_F(UpgradeTest, TheWaysOutBeforeAnythingIsSent) {
     std::string Part;
     Answer Reply;
   };
+  const auto expect = [this](const Question& q) {
+    const bool told = q.Title == ProgramTitle;
+    const bool exclaims = told || q.Title == std::string("Warning!");
+    ExpectBox(q.Title)
+        .Containing(q.Part)
+        .With(exclaims ? Icon::Exclamation : Icon::Critical)
+        .With(told ? Buttons::Ok : Buttons::YesNo)
+        .Reply(q.Reply);
+  };
   const Question foreignYes{"Error", foreign, Answer::Yes};
   const Question foreignNo{"Error", foreign, Answer::No};
 
@@ -166,14 +175,7 @@ TEST_F(UpgradeTest, TheWaysOutBeforeAnythingIsSent) {
     for (const auto& path : c.Chosen) ExpectOpenFile(DialogTitle).Choose(path);
     const bool asksAgain = c.Chosen.empty() || !std::filesystem::exists(c.Chosen[0]);
     if (asksAgain) ExpectOpenFile(DialogTitle);
-    for (const Question& q : c.Questions) {
-      const bool told = q.Title == ProgramTitle;
-      ExpectBox(q.Title)
-          .Containing(q.Part)
-          .With(told || q.Title == std::string("Warning!") ? Icon::Exclamation : Icon::Critical)
-          .With(told ? Buttons::Ok : Buttons::YesNo)
-          .Reply(q.Reply);
-    }
+    for (const Question& q : c.Questions) expect(q);
     ASSERT_TRUE(Click("mnuSendText"));
     CheckExpectations();
     EXPECT_TRUE(Enabled("mnuSendText"));

@@ -28,7 +28,7 @@ class ConnectionTest : public sim::Bench {
           "mnuConfigRestore", "mnuRadioPassSub", "mnuSetPass", "cmdSaveToFile", "cmdSaveToPreset",
           "cmdProgramFromFile", "cmdMaster", "cmdRemote", "cmdRepeater", "cmdSubRemote", "cmbBaud",
           "txtNewADDR", "sldPwr", "cmdPrint"}) {
-      if (Enabled(name) == enabled) names.push_back(name);
+      if (Enabled(name) == enabled) names.emplace_back(name);
     }
     return names;
   }

@@ -136,7 +136,7 @@ TEST_F(RestoreLoad, FilesThatAreNone) {
       {"marks and NUL",
        Write("bom", std::string("\xEF\xBB\xBFPWR 2\0"
                                 "1\rMODE R",
-                                18)),
+                                17)),
        "", "mode=MODE R+|pwr=PWR 21+"},
       {"no text",
        Write("noise",

@@ -38,6 +38,19 @@ TEST_F(RestoreReplies, SlowAndLateReplies) {
   }
 }
 
+// The places in a read that belong to the reply to a word: around the value, and within it if
+// asked.
+std::vector<std::size_t> PlacesOf(const std::string& word, const std::string& read, bool within) {
+  const std::size_t start = read.find("\r\n>" + word + "\r\n");
+  const std::size_t value = start + word.size() + 5;
+  const std::size_t valueEnd = read.find("\r\n>", value);
+  std::vector<std::size_t> places;
+  for (std::size_t at = start; at < valueEnd + 3; ++at) {
+    if (within || at < value || at >= valueEnd) places.push_back(at);
+  }
+  return places;
+}
+
 // One byte of a reply is lost, comes as another one, or comes twice: around the value, and within
 // one whose length is known.
 TEST_F(RestoreReplies, NoDamagedByteShiftsAValue) {
@@ -53,12 +66,8 @@ TEST_F(RestoreReplies, NoDamagedByteShiftsAValue) {
       for (const std::string word : {"unit", "own", "mode", "amask", "dlink"}) {
         // What is longer or shorter than it can be is told apart within the value too.
         const bool told = (word == "mode" || word == "amask") && more != 1;
-        const std::size_t start = clean.find("\r\n>" + word + "\r\n");
-        const std::size_t value = start + word.size() + 5;
-        const std::size_t valueEnd = clean.find("\r\n>", value);
-        for (std::size_t at = start; at < valueEnd + 3;
-             at = at + 1 == value && !told ? valueEnd : at + 1) {
-          SCOPED_TRACE(word + " " + std::to_string(at - start) + " " + std::to_string(more));
+        for (const std::size_t at : PlacesOf(word, clean, told)) {
+          SCOPED_TRACE(word + " " + std::to_string(at) + " " + std::to_string(more));
           const std::size_t before = Received().size();
           Faults().*fault = static_cast<std::int64_t>(counted + at + 1);
           EXPECT_EQ(ReadAnew(), whole);

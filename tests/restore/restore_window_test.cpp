@@ -41,7 +41,7 @@ TEST_F(RestoreWindow, OpensWakesAndReadsByTheRevision) {
       for (const Setting& setting : AllSettings()) {
         const std::string word = setting.Word;
         const bool read = std::string(each.Unread).find(" " + word + " ") == std::string::npos;
-        if (setting.Restored && read) reads += "\r" + word + "\r";
+        if (setting.Restored && read) reads.append("\r").append(word).append("\r");
       }
       EXPECT_EQ(Sent(), probe + wake + reads);
       EXPECT_EQ(Words([](RestoreRowControls& row) { return !row.Current.Visible(); }), each.Hidden);
