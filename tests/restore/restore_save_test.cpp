@@ -108,15 +108,49 @@ TEST_F(RestoreSave, FilesThatCannotBeWritten) {
   });
 }
 
+// The faults at the two questions of a save; 0 for none, else which of them it hits.
+struct FaultySave {
+  const char* Name;
+  int Silent, NoPrompt, HangUp;
+  bool Serial, Version;  // what the file holds all the same
+};
+
+class RestoreSaveFaults : public RestoreSave {
+ public:
+  const std::string Lost = "There was an error communicating with the radio. Please reconnect";
+
+  void SetFaults(const FaultySave& each) {
+    const auto at = [now = Radio().CommandCount()](int question) {
+      return question > 0 ? now + question : 0;
+    };
+    Faults().NoPromptAt = at(each.NoPrompt);
+    Faults().SilentFrom = at(each.Silent);
+    Faults().HangUpAtCommand = at(each.HangUp);
+    if (each.NoPrompt == 0) ExpectBox("Error").Containing(Lost);
+    if (each.HangUp > 0) ExpectBox("Click Cancel to quit, OK to ignore.");
+    After(Seconds(2), [&] { Faults() = {}; });
+  }
+  void ExpectPulled() {
+    EXPECT_EQ(FileText(InScratch("window.txt.bak")), "old");
+    std::filesystem::remove(InScratch("window.txt.bak"));
+    EXPECT_TRUE(Window().ReadIdle && Window().Enabled());
+    Run(Seconds(1));
+    Unplug();
+    ExpectBox("Error").Containing(Lost);
+    CloseAndWait();
+  }
+  void ExpectSilent(const std::string& saved) {
+    EXPECT_EQ(saved, "old");
+    EXPECT_EQ(Boxes().back().Details,
+              "The configuration was not saved. A file of that name is what it was before.");
+    EXPECT_TRUE(RunUntil([&] { return !Window().Loaded(); }, Seconds(2)));
+  }
+};
+
 // A reply without its end is asked for once more. A silent radio costs the save and the window, a
 // pulled plug the rest of the file; the old file stays.
-TEST_F(RestoreSave, FaultsAtItsTwoQuestions) {
-  const std::string lost = "There was an error communicating with the radio. Please reconnect";
-  const struct {
-    const char* Name;
-    int Silent, NoPrompt, HangUp;
-    bool Serial, Version;
-  } cases[] = {
+TEST_F(RestoreSaveFaults, AtItsTwoQuestions) {
+  const FaultySave cases[] = {
       {"silent from ser", 1, 0, 0, false, false}, {"silent from srev", 2, 0, 0, false, false},
       {"no end of ser", 0, 1, 0, true, true},     {"no end of srev", 0, 2, 0, true, true},
       {"pulled at ser", 0, 0, 1, false, false},   {"pulled at srev", 0, 0, 2, true, false},
@@ -125,30 +159,9 @@ TEST_F(RestoreSave, FaultsAtItsTwoQuestions) {
     SCOPED_TRACE(each.Name);
     StartConnected();
     const int before = ReadCycles();
-    const auto pulled = [&] {
-      EXPECT_EQ(FileText(InScratch("window.txt.bak")), "old");
-      std::filesystem::remove(InScratch("window.txt.bak"));
-      EXPECT_TRUE(Window().ReadIdle && Window().Enabled());
-      Run(Seconds(1));
-      Unplug();
-      ExpectBox("Error").Containing(lost);
-      CloseAndWait();
-    };
-    const auto silent = [&](const std::string& saved) {
-      EXPECT_EQ(saved, "old");
-      EXPECT_EQ(Boxes().back().Details,
-                "The configuration was not saved. A file of that name is what it was before.");
-      EXPECT_TRUE(RunUntil([&] { return !Window().Loaded(); }, Seconds(2)));
-    };
     InWindow([&] {
       Write("window.txt", "old");
-      const int now = Radio().CommandCount();
-      Faults().NoPromptAt = each.NoPrompt > 0 ? now + each.NoPrompt : 0;
-      Faults().SilentFrom = each.Silent > 0 ? now + each.Silent : 0;
-      Faults().HangUpAtCommand = each.HangUp > 0 ? now + each.HangUp : 0;
-      if (each.NoPrompt == 0) ExpectBox("Error").Containing(lost);
-      if (each.HangUp > 0) ExpectBox("Click Cancel to quit, OK to ignore.");
-      After(Seconds(2), [&] { Faults() = {}; });
+      SetFaults(each);
       const Duration start = Now();
       const std::string saved = Save();
       EXPECT_EQ(saved.find("SN 00") != std::string::npos, each.Serial);
@@ -156,9 +169,9 @@ TEST_F(RestoreSave, FaultsAtItsTwoQuestions) {
       EXPECT_EQ(saved.find("RTU OFF") != std::string::npos, each.NoPrompt > 0);
       if (each.Silent > 0) {
         EXPECT_LT(Now() - start, Seconds(1));
-        silent(saved);
+        ExpectSilent(saved);
       }
-      if (each.HangUp > 0) pulled();
+      if (each.HangUp > 0) ExpectPulled();
     });
     if (each.HangUp > 0) {
       Plug();
