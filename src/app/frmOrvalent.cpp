@@ -20,6 +20,7 @@ frmOrvalent::frmOrvalent(EventLoop& events, std::span<const Setting> settings)
       MainMenus(static_cast<Form&>(*this)),
       SettingsRows(static_cast<Form&>(*this), settings),
       QuickTaskControls(static_cast<Form&>(*this)),
+      Notices(static_cast<Form&>(*this)),
       txtTerm(*this, this, "txtTerm"),
       ButtonAdv(*this, this, "ButtonAdv", "Advanced"),
       ButtonZoneData(*this, this, "ButtonZoneData", "Zone Data"),

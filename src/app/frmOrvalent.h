@@ -4,6 +4,7 @@
 #include <span>
 
 #include "app/main_menus.h"
+#include "app/notices.h"
 #include "app/quick_task_controls.h"
 #include "app/settings_rows.h"
 #include "controls/choices.h"
@@ -23,7 +24,8 @@ class frmOrvalent : public Form,
                     public LinkState,
                     public MainMenus,
                     public SettingsRows,
-                    public QuickTaskControls {
+                    public QuickTaskControls,
+                    public Notices {
  public:
   // `settings` outlives it.
   explicit frmOrvalent(EventLoop& events, std::span<const Setting> settings = AllSettings());

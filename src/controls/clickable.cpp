@@ -1,5 +1,7 @@
 #include "controls/clickable.h"
 
+#include <utility>
+
 #include "controls/form.h"
 
 namespace quillmark {
@@ -10,6 +12,18 @@ bool Clickable::Click() {
   Clicked();
   if (OnClick) OnClick();
   return true;
+}
+
+Notice::Notice(Form& form, Control* container, std::string name)
+    : Clickable(form, container, std::move(name)) {
+  Visible = false;
+}
+
+void Notice::Tell(const std::string& sentence, std::function<void()> act) {
+  OnClick = std::move(act);
+  Text = sentence;
+  Visible = true;
+  Changed();  // the handler is no property
 }
 
 bool Button::RightClick() {

@@ -82,6 +82,16 @@ class StatusPanel : public Clickable {
   using Clickable::Clickable;
 };
 
+// A sentence that comes and goes. With a handler it can be clicked.
+class Notice : public Clickable {
+ public:
+  Notice(Form& form, Control* container, std::string name);
+
+  // Shows the sentence; a click calls `act`.
+  void Tell(const std::string& sentence, std::function<void()> act = {});
+  void Drop() { Visible = false; }
+};
+
 // An entry of a menu.
 class MenuItem : public Clickable {
  public:

@@ -20,6 +20,7 @@
 #include "qt/text/latin1.h"
 #include "qt/widgets/clickable_text.h"
 #include "qt/widgets/color_block.h"
+#include "qt/widgets/notice_line.h"
 #include "qt/widgets/painted_controls.h"
 #include "qt/widgets/row_stack.h"
 #include "qt/widgets/terminal_view.h"
@@ -103,6 +104,7 @@ void Binder::Join() {
       &Binder::TryJoin<ValueField, ValueBox, &Binder::JoinValueField>,
       &Binder::TryJoin<Label, CaptionLabel, &Binder::JoinLabel>,
       &Binder::TryJoin<Button, QPushButton, &Binder::JoinButton>,
+      &Binder::TryJoin<Notice, NoticeLine, &Binder::JoinNotice>,
       &Binder::TryJoin<Lamp, QToolButton, &Binder::JoinLamp>,
       &Binder::TryJoin<ToolButton, QAction, &Binder::JoinToolButton>,
       &Binder::TryJoin<MenuItem, QAction, &Binder::JoinMenuItem>,

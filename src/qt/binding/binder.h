@@ -35,6 +35,7 @@ namespace quillmark {
 
 class CaptionLabel;
 class ColorBlock;
+class NoticeLine;
 class PaintedControls;
 class RowStack;
 class TerminalView;
@@ -91,6 +92,7 @@ class Binder : public QObject, public ControlView {
   void JoinOption(OptionButton& control, QRadioButton& button);
   void JoinValueField(ValueField& control, ValueBox& box);
   void JoinLabel(Label& control, CaptionLabel& label);
+  void JoinNotice(Notice& control, NoticeLine& line);
   void JoinPanel(StatusPanel& control, QLabel& label);
   void JoinFrame(Frame& control, QWidget& widget);
   void JoinTextBox(TextBox& control, QWidget& widget);

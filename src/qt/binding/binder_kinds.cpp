@@ -22,6 +22,7 @@
 #include "qt/widgets/color_block.h"
 #include "qt/widgets/colors.h"
 #include "qt/widgets/eliding_button.h"
+#include "qt/widgets/notice_line.h"
 
 namespace quillmark {
 
@@ -203,6 +204,16 @@ void Binder::JoinLabel(Label& control, CaptionLabel& label) {
     // A label that can't be clicked has no tool tip.
     if (!control.OnClick) label.setToolTip({});
     label.SetClickable(control.OnClick && !Locked(control));
+  });
+}
+
+void Binder::JoinNotice(Notice& control, NoticeLine& line) {
+  JoinClick(control, line);
+  Follow(control, [this, &control, &line] {
+    ShowCommon(control, line);
+    line.SetSentence(ToQt(OnOneLine(control.Text())));
+    line.setToolTip(PlainTip(control.Text()));
+    line.SetClickable(static_cast<bool>(control.OnClick));
   });
 }
 

@@ -11,6 +11,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include "qt/widgets/notice_line.h"
 #include "ui_frmOrvalent.h"
 
 namespace quillmark {
@@ -54,6 +55,11 @@ void FillToolbar(QMainWindow& window, const Ui::frmOrvalent& ui) {
   ui.tbrToolBar->addWidget(ui.viewPanel);
   ui.tbrToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
   window.setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+// One line high even while no notice stands, so that nothing jumps when one comes.
+void HoldNoticeStrip(QWidget& strip, const NoticeLine& line) {
+  strip.setMinimumHeight(line.sizeHint().height());
 }
 
 // A form can hold nothing in a status bar.
@@ -110,6 +116,7 @@ QWidget* DrawMainWindow(QWidget* parent) {
   ui.setupUi(window);
   FillToolbar(*window, ui);
   FillStatusBar(*ui.sbrStatus);
+  HoldNoticeStrip(*ui.noticeStrip, *ui.NoAnswer);
   AddPresetMenu(*window, ui);
   ShowPowerInWords(ui);
   HoldSizes(*window, ui);

@@ -1,0 +1,16 @@
+#include "app/notices.h"
+
+namespace quillmark {
+
+Notices::Notices(Form& form)
+    : noticeStrip(form, &form, "noticeStrip"),
+      Transmitting(form, &noticeStrip, "Transmitting"),
+      NoAnswer(form, &noticeStrip, "NoAnswer"),
+      ConnectFailed(form, &noticeStrip, "ConnectFailed"),
+      PortBack(form, &noticeStrip, "PortBack"),
+      NotLoggedIn(form, &noticeStrip, "NotLoggedIn"),
+      LastRun(form, &noticeStrip, "LastRun"),
+      FileDone(form, &noticeStrip, "FileDone"),
+      LastRead(form, &noticeStrip, "LastRead") {}
+
+}  // namespace quillmark

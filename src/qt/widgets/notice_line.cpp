@@ -1,0 +1,90 @@
+#include "qt/widgets/notice_line.h"
+
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+#include <algorithm>
+
+namespace quillmark {
+
+namespace {
+
+// Of the sentence, in average characters.
+constexpr int leastWidth = 12;
+
+}  // namespace
+
+NoticeLine::NoticeLine(QWidget* parent) : QPushButton(parent) {
+  setFlat(true);
+  setFocusPolicy(Qt::NoFocus);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void NoticeLine::SetSentence(const QString& next) {
+  if (next == sentence) return;
+  sentence = next;
+  setAccessibleName(sentence);
+  updateGeometry();
+  update();
+}
+
+void NoticeLine::SetClickable(bool next) {
+  clickable = next;
+  setFocusPolicy(clickable ? Qt::StrongFocus : Qt::NoFocus);
+  if (clickable) {
+    setCursor(Qt::PointingHandCursor);
+  } else {
+    unsetCursor();
+  }
+  update();
+}
+
+int NoticeLine::MarkWidth() const { return fontMetrics().height(); }
+
+QSize NoticeLine::SizeFor(int textWidth) const {
+  const int gap = fontMetrics().averageCharWidth();
+  return {MarkWidth() + textWidth + 2 * gap, fontMetrics().height() + gap};
+}
+
+QSize NoticeLine::sizeHint() const { return SizeFor(fontMetrics().horizontalAdvance(sentence)); }
+
+QSize NoticeLine::minimumSizeHint() const {
+  const int least = fontMetrics().averageCharWidth() * leastWidth;
+  return SizeFor(std::min(least, fontMetrics().horizontalAdvance(sentence)));
+}
+
+void NoticeLine::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor ink = palette().color(clickable ? QPalette::Link : QPalette::WindowText);
+  const int gap = fontMetrics().averageCharWidth();
+
+  // A disc in the colour of what is selected: no text stands on it.
+  const double side = fontMetrics().height() / 2.0;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette().highlight());
+  painter.drawEllipse(QRectF(gap, (height() - side) / 2, side, side));
+
+  QFont face = font();
+  face.setUnderline(clickable && (hovered || hasFocus()));
+  painter.setFont(face);
+  painter.setPen(ink);
+  const QRect room = rect().adjusted(MarkWidth() + gap, 0, 0, 0);
+  painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine,
+                   fontMetrics().elidedText(sentence, Qt::ElideRight, room.width()));
+  if (!hasFocus()) return;
+  QStyleOptionFocusRect frame;
+  frame.initFrom(this);
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+}
+
+void NoticeLine::enterEvent(QEnterEvent* event) {
+  hovered = true;
+  QPushButton::enterEvent(event);
+}
+
+void NoticeLine::leaveEvent(QEvent* event) {
+  hovered = false;
+  QPushButton::leaveEvent(event);
+}
+
+}  // namespace quillmark

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QPushButton>
+
+namespace quillmark {
+
+// A sentence that stands beside others on one line, behind a mark. It takes the room that its text
+// needs; where there is less it ends in dots, and the tool tip has all of it. It looks like a link
+// where it can be clicked, else like a text, and then takes no focus.
+class NoticeLine : public QPushButton {
+  Q_OBJECT
+
+ public:
+  explicit NoticeLine(QWidget* parent = nullptr);
+
+  void SetSentence(const QString& next);
+  void SetClickable(bool next);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+
+ private:
+  QSize SizeFor(int textWidth) const;
+  int MarkWidth() const;
+
+  QString sentence;
+  bool clickable = false;
+  bool hovered = false;
+};
+
+}  // namespace quillmark
