@@ -33,9 +33,16 @@ const Setting squelch{
             .Title = "Program Squelch",
             .Prompt = "Enter the squelch (0-9 dB):",
             .Strips = "SQL ",
+            .At = Modes::Master,
         },
-    .Saved = SettingSaved{},
-    .Restored = SettingRestored{.Check = "SquelchCheck", .Caption = "Restore Squelch"},
+    .Saved = SettingSaved{.MasterOnly = true},
+    .Restored =
+        SettingRestored{
+            .Check = "SquelchCheck",
+            .Caption = "Restore Squelch",
+            .Follows = RestoreFollows::MasterAndTick,
+            .SavedAtMasterOnly = true,
+        },
     .Manual = SettingManual{.Title = "Squelch", .Text = "Mutes what is too weak."},
 };
 
