@@ -1,7 +1,6 @@
 #include "link/receiver.h"
 
 #include <string_view>
-#include <utility>
 
 #include "link/comm_events.h"
 #include "link/connection.h"
@@ -14,9 +13,6 @@ namespace {
 constexpr std::size_t terminalLimit = 16000;  // characters, before the last arrival
 constexpr std::size_t terminalCut = 4096;
 constexpr char backspace = 8;
-constexpr std::size_t mostTyped = 4096;  // characters that wait for the line
-constexpr Duration longestThought = Seconds(10);
-constexpr Duration longestPause = Seconds(3);  // between the keys of a line
 
 // A received text after its backspaces have been carried out.
 struct Edited {
@@ -59,8 +55,6 @@ Receiver::Receiver(Platform& machine, Session& shared, frmOrvalent& window, Conn
       connection(link),
       radio(conversation),
       log(terminalLog) {}
-
-Receiver::~Receiver() { platform.Events.StopTimer(*this); }
 
 void Receiver::MSComm1_OnComm() {
   // A scripted run reads the port itself. The loss of the port is handled here all the same.
@@ -146,74 +140,6 @@ void Receiver::ReceiveText(TextBox& term, std::string& data) {
   if (main.TerminalEcho) term.SetSelText(data);
   log.Write(data);
   term.SetSelStart(term.Text().size());
-}
-
-char Receiver::txtTerm_KeyPress(char key) {
-  const bool lost = LosesKey(key);
-  if (!platform.MSComm1.PortOpen()) return key;
-  if (lost) {
-    platform.Desktop.Beep();
-    return 0;
-  }
-  SendTyped(key);
-  if (session.LocalEcho) return key;
-  main.txtTerm.SetSelStart(main.txtTerm.Text().size());
-  return 0;
-}
-
-// A half-typed line in front of a password would change it, so keys are lost while a window asks
-// for one. What was typed before a reconnect is not sent after it. A line that has lost some keys
-// would be another line: all of it is lost, up to its end or until the user pauses.
-bool Receiver::LosesKey(char key) {
-  const Duration now = platform.Events.Now();
-  const bool sameLine = now < lineUntil;
-  lineUntil = key == '\r' ? now : now + longestPause;
-  lineLost =
-      radio.Turns.TakenForSecret() || (sameLine && (lineLost || typedEpoch != radio.Epoch()));
-  if (lineLost) typed.erase(typed.rfind('\r') + 1);
-  return lineLost;
-}
-
-// Characters that are typed during an exchange wait for its end and go out together. While a
-// command is half typed, the terminal has the line: until its carriage return, or until the user
-// has typed nothing for too long.
-void Receiver::SendTyped(char key) {
-  if (typedEpoch != radio.Epoch()) ForgetTyped();
-  typedEpoch = radio.Epoch();
-  if (typed.size() == mostTyped) {
-    platform.Desktop.Beep();
-    return;
-  }
-  typed += key;
-  if (typing) return SendAllTyped();
-  if (typed.size() == 1) radio.Turns.WhenFree([this] { SendAllTyped(); });
-}
-
-void Receiver::SendAllTyped() {
-  const std::string characters = std::exchange(typed, {});
-  if (characters.empty() || !radio.Open()) return ForgetTyped();
-  WithLinkErrors(platform.Dialogs, [&] { radio.SayBytes(characters); });
-  const std::size_t lineEnd = characters.rfind('\r');
-  begun =
-      lineEnd == std::string::npos ? begun + characters.size() : characters.size() - lineEnd - 1;
-  if (begun == 0) return ForgetTyped();
-  if (!typing) typing.emplace(radio.Turns);
-  platform.Events.StartTimer(*this, longestThought);
-}
-
-void Receiver::ForgetTyped() {
-  platform.Events.StopTimer(*this);
-  typed.clear();
-  begun = 0;
-  typing.reset();
-}
-
-// The next command would become the rest of the line.
-void Receiver::Tick() {
-  if (radio.Open() && typedEpoch == radio.Epoch()) {
-    WithLinkErrors(platform.Dialogs, [this] { radio.SayBytes(std::string(begun, backspace)); });
-  }
-  ForgetTyped();
 }
 
 }  // namespace quillmark

@@ -2,7 +2,7 @@
 
 #include <QDateTime>
 
-#include "qt/serial/serial_access.h"
+#include "qt/serial/port_trouble.h"
 
 namespace quillmark {
 

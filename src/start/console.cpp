@@ -21,6 +21,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       radio(machine.MSComm1, machine.Events, session, *main, Conversation::Hears::ByEvents),
       connection(machine, session, *main, radio),
       receiver(machine, session, *main, connection, radio, log),
+      typedKeys(machine, session, main->txtTerm, radio),
       readCycle(machine, session, *main, connection, radio),
       mainTimer(machine, session, *main, connection, readCycle, radio),
       programmer(machine, session, *main, radio),
@@ -61,7 +62,7 @@ Console::~Console() {
 
 void Console::WireLink() {
   platform.MSComm1.OnComm = [this] { receiver.MSComm1_OnComm(); };
-  main->txtTerm.OnKeyPress = [this](char key) { return receiver.txtTerm_KeyPress(key); };
+  main->txtTerm.OnKeyPress = [this](char key) { return typedKeys.txtTerm_KeyPress(key); };
   main->txtNewADDR.OnLostFocus = [this] {
     ValidateNewAddr(platform.Dialogs, main->txtNewADDR.Text());
   };

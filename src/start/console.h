@@ -19,6 +19,7 @@
 #include "link/connection.h"
 #include "link/receiver.h"
 #include "link/terminal_log.h"
+#include "link/typed_keys.h"
 #include "platform/platform.h"
 #include "radio/main_timer.h"
 #include "radio/read_cycle.h"
@@ -77,6 +78,7 @@ class Console {
   Conversation radio;
   Connection connection;
   Receiver receiver;
+  TypedKeys typedKeys;
   ReadCycle readCycle;
   MainTimer mainTimer;
   SettingProgrammer programmer;

@@ -5,7 +5,7 @@
 #include <QSerialPortInfo>
 #include <algorithm>
 
-#include "qt/serial/serial_access.h"
+#include "qt/serial/port_trouble.h"
 #include "qt/store/ini_preference_store.h"
 #include "qt/text/latin1.h"
 

@@ -5,7 +5,7 @@
 #include <future>
 
 #include "qt/desktop/qt_event_loop.h"
-#include "qt/serial/serial_access.h"
+#include "qt/serial/port_trouble.h"
 
 namespace quillmark {
 

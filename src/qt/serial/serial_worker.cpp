@@ -9,7 +9,7 @@
 #include <algorithm>
 
 #include "platform/serial_port.h"
-#include "qt/serial/serial_access.h"
+#include "qt/serial/port_trouble.h"
 #include "qt/text/latin1.h"
 
 namespace quillmark {

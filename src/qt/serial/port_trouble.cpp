@@ -1,4 +1,4 @@
-#include "qt/serial/serial_access.h"
+#include "qt/serial/port_trouble.h"
 
 #include <fcntl.h>
 #include <grp.h>
