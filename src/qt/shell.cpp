@@ -7,6 +7,7 @@
 #include "app/version.h"
 #include "qt/desktop/end_signals.h"
 #include "qt/desktop/qt_desktop.h"
+#include "qt/widgets/accessible_widgets.h"
 
 namespace quillmark {
 
@@ -24,6 +25,7 @@ void DescribeApplication(const char* program) {
   QApplication::setDesktopFileName(QStringLiteral("quillmark-console"));
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/quillmark-console.svg")));
   QApplication::setQuitOnLastWindowClosed(false);
+  MakeOurWidgetsAccessible();
 }
 
 bool FoldersAreSound() {

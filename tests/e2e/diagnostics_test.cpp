@@ -11,7 +11,8 @@ using testing::ElementsAre;
 using testing::MatchesRegex;
 
 std::string Spoken(QWidget& window, const char* widget) {
-  return window.findChild<QWidget*>(widget)->accessibleName().toStdString();
+  const auto* shown = window.findChild<QWidget*>(widget);
+  return (shown->accessibleName() + ": " + shown->accessibleDescription()).toStdString();
 }
 
 TEST_F(Program, TheSignalAndTheZonesAreShownLiveUntilTheAdapterIsPulled) {
@@ -24,7 +25,7 @@ TEST_F(Program, TheSignalAndTheZonesAreShownLiveUntilTheAdapterIsPulled) {
   hand.Plan(
       "frmRSSI",
       [](QWidget& window) {
-        EXPECT_EQ(Spoken(window, "meter"), "-120 dBm to -50 dBm: 84 %");
+        EXPECT_EQ(Spoken(window, "meter"), "Signal level: -120 dBm to -50 dBm: 84 %");
         EXPECT_TRUE(window.findChild<QWidget*>("Command1")->hasFocus());
         Press(window, Qt::Key_Escape);
       },
@@ -37,7 +38,7 @@ TEST_F(Program, TheSignalAndTheZonesAreShownLiveUntilTheAdapterIsPulled) {
       "frmZoneData",
       [&](QWidget& window) {
         EXPECT_THAT(Spoken(window, "zoneData_3"),
-                    MatchesRegex("Zone 4, Tx\\. [0-9]+, Rx\\. [0-9]+, Errors [0-9]+"));
+                    MatchesRegex("Zone 4: Tx\\. [0-9]+, Rx\\. [0-9]+, Errors [0-9]+"));
         window.findChild<QAction*>("mnuShowZoneQuality")->trigger();
         radio.HangUp();
         EXPECT_TRUE(Until([&] { return !boxes.Texts.empty(); }));

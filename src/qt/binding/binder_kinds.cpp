@@ -84,6 +84,7 @@ void Binder::JoinMenu(Menu& control, QMenu& menu) {
   Follow(control, [this, &control, &menu] {
     ShowAction(control, *menu.menuAction());
     menu.setTitle(ToQt(control.Text()));
+    menu.setAccessibleName(WithoutMnemonics(control.Text()));
   });
 }
 

@@ -1,7 +1,9 @@
 #include "qt/binding/window_registry.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
 #include <QWidget>
 #include <algorithm>
 #include <memory>
@@ -180,6 +182,16 @@ void CheckEscape(const WindowRow& row, const QWidget& window) {
   if (Find<QAction>(window, row.EscapeClicks) == nullptr) TellMissing(row, row.EscapeClicks);
 }
 
+// The toolkit leaves some of its own buttons without a name.
+void NameToolkitButtons(const QWidget& window) {
+  for (QToolButton* button : window.findChildren<QToolButton*>()) {
+    const bool more = button->objectName() == QLatin1String("qt_toolbar_ext_button");
+    const bool clears = qobject_cast<QLineEdit*>(button->parent()) != nullptr;
+    if (more) button->setAccessibleName(QObject::tr("More tools"));
+    if (clears) button->setAccessibleName(QObject::tr("Clear"));
+  }
+}
+
 }  // namespace
 
 std::span<const WindowRow> AllWindows() { return windows; }
@@ -193,6 +205,7 @@ QWidget* MakeWindow(const WindowRow& row, QWidget* parent) {
   std::unique_ptr<QWidget> window(row.Draw(parent));
   SetDefaultButton(row, *window);
   CheckEscape(row, *window);
+  NameToolkitButtons(*window);
   return window.release();
 }
 

@@ -1,5 +1,6 @@
 #include "qt/widgets/notice_line.h"
 
+#include <QAccessible>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 #include <algorithm>
@@ -23,6 +24,8 @@ void NoticeLine::SetSentence(const QString& next) {
   if (next == sentence) return;
   sentence = next;
   setAccessibleName(sentence);
+  QAccessibleEvent event(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
   updateGeometry();
   update();
 }

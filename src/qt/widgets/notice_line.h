@@ -15,6 +15,7 @@ class NoticeLine : public QPushButton {
 
   void SetSentence(const QString& next);
   void SetClickable(bool next);
+  bool IsClickable() const { return clickable; }
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;

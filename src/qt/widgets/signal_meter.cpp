@@ -1,5 +1,6 @@
 #include "qt/widgets/signal_meter.h"
 
+#include <QAccessible>
 #include <QPainter>
 #include <algorithm>
 
@@ -31,9 +32,10 @@ void SignalMeter::Join(const Form& form) {
 }
 
 void SignalMeter::ControlChanged(const Control&) {
-  const int percent = static_cast<int>(Share() * 100);
-  setAccessibleName(ToQt(captions.front()->Text() + " to " + captions.back()->Text() + ": " +
-                         std::to_string(percent) + " %"));
+  setAccessibleDescription(ToQt(captions.front()->Text() + " to " + captions.back()->Text() + ": " +
+                                std::to_string(Percent()) + " %"));
+  QAccessibleValueChangeEvent event(this, Percent());
+  QAccessible::updateAccessibility(&event);
   update();
 }
 

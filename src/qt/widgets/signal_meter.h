@@ -21,6 +21,9 @@ class SignalMeter : public QWidget, public PaintedControls {
   void Join(const Form& form) override;
   void ControlChanged(const Control& control) override;
 
+  // How much of the scale the level covers.
+  int Percent() const { return static_cast<int>(Share() * 100); }
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -93,12 +93,12 @@ void ZoneView::ControlChanged(const Control& control) {
       return update(moved.toAlignedRect().adjusted(0, -edge, 0, edge));
     }
     if (&control == column.Count) {
-      setAccessibleName(Spoken());
+      TellFigures();
       return update(BelowColumn(i, plot).toAlignedRect());
     }
   }
   scaleWidth = 0;
-  setAccessibleName(Spoken());
+  TellFigures();
   update();
 }
 
@@ -107,12 +107,14 @@ void ZoneView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
-QString ZoneView::Spoken() const {
-  std::string text = frame->Text();
+// In words, for who can't see the bars.
+void ZoneView::TellFigures() {
+  QStringList figures;
   for (const Column& column : columns) {
-    text += ", " + column.Caption->Text() + " " + column.Count->Text();
+    figures << ToQt(column.Caption->Text() + " " + column.Count->Text());
   }
-  return ToQt(text);
+  setAccessibleName(ToQt(frame->Text()));
+  setAccessibleDescription(figures.join(QStringLiteral(", ")));
 }
 
 QFont ZoneView::ScaleFont() const {

@@ -62,7 +62,7 @@ class ZoneView : public QWidget, public PaintedControls {
   int Zone() const;
   std::string ZoneName(const char* array) const;
   std::string MarkName(const char* array, int mark) const;
-  QString Spoken() const;
+  void TellFigures();
 
   QFont ScaleFont() const;
   int ScaleWidth() const;
