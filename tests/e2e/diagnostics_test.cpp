@@ -63,7 +63,7 @@ TEST_F(Program, TheSignalAndTheZonesAreShownLiveUntilTheAdapterIsPulled) {
         EXPECT_FALSE(normal->isChecked());
         Press(window, Qt::Key_Escape);
       },
-      [](QWidget& window) { return Spoken(window, "zoneQuality_0") != "Zone 1, % Usable 0"; });
+      [](QWidget& window) { return Spoken(window, "zoneQuality_0") != "Zone 1: % Usable 0"; });
   hand.Start();
   Find<QPushButton>("ButtonZoneData").click();
   EXPECT_TRUE(hand.Done());
