@@ -8,7 +8,7 @@
 #include "link/serial_failure.h"
 #include "prefs/frmPreferences.h"
 #include "prefs/stored_preferences.h"
-#include "settings/setting_texts.h"
+#include "settings/explanations.h"
 #include "start/frmSplash.h"
 #include "text/text.h"
 
@@ -51,7 +51,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
   restore.MayStart = [this] { return !access.PasswordWindowOpen() || directRun.MayStart(); };
   restore.Wire();
   diagnostics.Wire();
-  WireSettingTexts(*main, platform.Dialogs, session);
+  WireExplanations(*main, platform.Dialogs, session);
 }
 
 Console::~Console() {

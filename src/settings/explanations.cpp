@@ -1,8 +1,8 @@
-#include "settings/setting_texts.h"
+#include "settings/explanations.h"
 
 namespace quillmark {
 
-void WireSettingTexts(frmOrvalent& main, Dialogs& dialogs, const Session& session) {
+void WireExplanations(frmOrvalent& main, Dialogs& dialogs, const Session& session) {
   for (SettingRow& row : main.Rows) {
     if (!row.What.Manual) continue;
     row.Caption.OnClick = [&dialogs, &session, &page = *row.What.Manual] {
