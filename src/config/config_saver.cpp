@@ -70,8 +70,10 @@ bool ConfigSaver::ChooseFile(std::filesystem::path& path) {
                          : given;
     if (path.empty()) return false;
     if (!FileExists(path)) return true;
-    const Answer answer = platform.Dialogs.Message(
-        {"File Exists !!\r\n\r\nOverwrite ? ", "File I/O Error", Icon::None, Buttons::YesNoCancel});
+    const Answer answer = platform.Dialogs.Message({.Text = "File Exists !!\r\n\r\nOverwrite ? ",
+                                                    .Title = "File I/O Error",
+                                                    .Choice = Buttons::YesNoCancel,
+                                                    .Irreversible = true});
     if (answer == Answer::Yes) return true;
     if (answer == Answer::Cancel) return false;
   }

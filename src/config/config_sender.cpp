@@ -55,9 +55,7 @@ void ConfigSender::LoadConfigLines(const std::filesystem::path& path, bool defau
   }
   ConfigLines = std::move(text.Lines);
   if (!defaults && !IsSavedConfig(ConfigLines)) {
-    const Answer answer =
-        platform.Dialogs.Message({notSaved, "File Error", Icon::None, Buttons::YesNo});
-    if (answer != Answer::Yes) return;
+    if (!run.ConfirmClearing(notSaved, "File Error")) return;
   }
   result = true;
 }

@@ -10,6 +10,8 @@ namespace {
 
 // The watchdog ends a wait long before that.
 constexpr Duration longestWait = Seconds(3600);
+// Of a serial number with its word, in characters.
+constexpr std::size_t longestNumber = 20;
 
 }  // namespace
 
@@ -87,6 +89,22 @@ void DirectRun::WhenFree(const Control& entry, std::function<void()> act) {
   radio.Turns.WhenFree(entry, [this, act = std::move(act)] {
     if (MayStart()) act();
   });
+}
+
+bool DirectRun::ConfirmClearing(const std::string& question, const std::string& title) {
+  return platform.Dialogs.Message({.Text = question,
+                                   .Title = title,
+                                   .Choice = Buttons::YesNo,
+                                   .Details = ClearingNote(),
+                                   .Irreversible = true}) == Answer::Yes;
+}
+
+// A run that has begun has cleared the radio already.
+std::string DirectRun::ClearingNote() const {
+  if (main.DirectPortMode) return {};
+  const std::string& number = main.At(SettingId::SerialNumber).Text();
+  const bool read = number.size() <= longestNumber && number.starts_with("SN ");
+  return "This clears all settings of " + (read ? number : "the radio") + " first.";
 }
 
 bool DirectRun::MayStart() {

@@ -58,6 +58,8 @@ class DirectRun {
   // False, with a box, while something keeps it.
   bool MayStart();
   bool UnderWay() const { return task != nullptr; }
+  // Asks whether to program the radio anew. Below the question stands whose settings go.
+  bool ConfirmClearing(const std::string& question, const std::string& title);
   // Runs the task that `entry` starts when the line is free, if it may still start then.
   void WhenFree(const Control& entry, std::function<void()> act);
   // Asks for a read of the radio. On a closed port that means a connect; only one is tried in a
@@ -79,6 +81,7 @@ class DirectRun {
     DirectRun& run;
   };
   bool Broken() const;
+  std::string ClearingNote() const;
 
   Platform& platform;
   frmOrvalent& main;

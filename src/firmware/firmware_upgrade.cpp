@@ -112,8 +112,11 @@ bool FirmwareUpgrade::AskAboutFaults(FirmwareFile& file, Chosen& chosen) {
 }
 
 bool FirmwareUpgrade::AskToContinue(const std::string& doubt) {
-  return platform.Dialogs.Message({"Error: " + doubt + " Continue working with it?", "Error",
-                                   Icon::Critical, Buttons::YesNo}) == Answer::Yes;
+  return platform.Dialogs.Message({.Text = "Error: " + doubt + " Continue working with it?",
+                                   .Title = "Error",
+                                   .Symbol = Icon::Critical,
+                                   .Choice = Buttons::YesNo,
+                                   .Irreversible = true}) == Answer::Yes;
 }
 
 bool FirmwareUpgrade::Load(const Chosen& chosen) {

@@ -53,7 +53,11 @@ void AskAboutAlphas(std::vector<MessageBox>& questions, std::string_view install
     } else {
       continue;
     }
-    questions.push_back({text, "WARNING", Icon::Critical, Buttons::YesNo});
+    questions.push_back({.Text = text,
+                         .Title = "WARNING",
+                         .Symbol = Icon::Critical,
+                         .Choice = Buttons::YesNo,
+                         .Irreversible = true});
   }
 }
 
@@ -78,8 +82,11 @@ std::vector<MessageBox> VersionQuestions(const std::string& installed, const std
   const std::string begin =
       "WARNING!! The firmware you are about to load into the radio, version " + next + "\r";
   const auto ask = [&](const std::string& text) {
-    questions.push_back({begin + text + "Are you sure you wish to continue?", "Warning!",
-                         Icon::Exclamation, Buttons::YesNo});
+    questions.push_back({.Text = begin + text + "Are you sure you wish to continue?",
+                         .Title = "Warning!",
+                         .Symbol = Icon::Exclamation,
+                         .Choice = Buttons::YesNo,
+                         .Irreversible = true});
   };
   const int order = Compare(installed, next);
   if (order > 0) {

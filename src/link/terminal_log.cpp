@@ -11,6 +11,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr const char* logTitle = "Open a Communications Log File";
+
 // What may arrive while the user is asked about a failed write.
 constexpr std::size_t heldBackLimit = 1024 * 1024;
 
@@ -21,24 +23,35 @@ std::error_code LastError() { return {errno, std::generic_category()}; }
 TerminalLog::TerminalLog(frmOrvalent& window, Dialogs& boxes) : main(window), dialogs(boxes) {}
 
 void TerminalLog::mnuOpenLog_Click() {
-  const FileDialog dialog{"Open a Communications Log File",
+  const FileDialog dialog{logTitle,
                           "Log Files (*.LOG)|*.log|Text Files (*.TXT)|*.txt|All Files (*.*)|*.*"};
   for (;;) {
     const auto path = dialogs.SaveFile(dialog);
     if (!path || path->empty()) return;
-    Answer replace = Answer::No;
-    if (FileExists(*path)) {
-      replace = dialogs.Message(
-          {"Replace existing file - " + PathText(*path) + "?\r\rClick 'NO' to append to the file.",
-           ProgramTitle, Icon::Question, Buttons::YesNoCancel});
-      if (replace == Answer::Cancel) continue;
-    }
-    if (Prepare(*path, replace)) OpenFile(*path);
+    const bool exists = FileExists(*path);
+    const Answer answer = exists ? AskToReplace(*path) : AskToCreate(*path);
+    if (answer == (exists ? Answer::Cancel : Answer::No)) continue;
+    if (Prepare(*path, exists && answer == Answer::Yes)) OpenFile(*path);
     return;
   }
 }
 
-bool TerminalLog::Prepare(const fs::path& path, Answer replace) {
+Answer TerminalLog::AskToReplace(const fs::path& path) {
+  return dialogs.Message({.Text = "Replace existing file - " + PathText(path) +
+                                  "?\r\rClick 'NO' to append to the file.",
+                          .Symbol = Icon::Question,
+                          .Choice = Buttons::YesNoCancel,
+                          .Irreversible = true});
+}
+
+Answer TerminalLog::AskToCreate(const fs::path& path) {
+  return dialogs.Message({.Text = PathText(path) + " does not exist.\r\rCreate it?",
+                          .Title = logTitle,
+                          .Symbol = Icon::Question,
+                          .Choice = Buttons::YesNo});
+}
+
+bool TerminalLog::Prepare(const fs::path& path, bool replace) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   // Opening one of these would wait for a reader that may never come.
@@ -46,7 +59,7 @@ bool TerminalLog::Prepare(const fs::path& path, Answer replace) {
     ShowError(PathText(path) + " is not a plain file.");
     return false;
   }
-  if (replace != Answer::Yes) return true;
+  if (!replace) return true;
   if (!fs::exists(status)) return true;
   if (!fs::is_regular_file(status)) {
     ShowError(PathText(path) + " is not a plain file and can't be replaced.");

@@ -32,8 +32,10 @@ class TerminalLog {
     void operator()(std::FILE* stream) const { std::fclose(stream); }
   };
 
+  Answer AskToReplace(const std::filesystem::path& path);
+  Answer AskToCreate(const std::filesystem::path& path);
   // Makes room for a new file or keeps the old one to append to; false when it can't be done.
-  bool Prepare(const std::filesystem::path& path, Answer replace);
+  bool Prepare(const std::filesystem::path& path, bool replace);
   void OpenFile(const std::filesystem::path& path);
   // Takes away what was written from the front of `text`; false when the system failed to write
   // all.

@@ -18,4 +18,8 @@ Answer CloseAnswer(Buttons choice) {
   return Answer::Cancel;
 }
 
+Answer Refusal(Buttons choice) {
+  return choice == Buttons::YesNoCancel ? Answer::No : CloseAnswer(choice);
+}
+
 }  // namespace quillmark

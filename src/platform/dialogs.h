@@ -18,6 +18,8 @@ enum class Answer { Ok, Cancel, Yes, No, Abort, Retry, Ignore };
 // What closing a box by its close box or Escape answers: Cancel where there is such a button, else
 // No, Abort or Ok, whichever the box has.
 Answer CloseAnswer(Buttons choice);
+// What refuses to do the thing asked about: No where there is such a button, else as CloseAnswer.
+Answer Refusal(Buttons choice);
 
 // The application's title; also that of a box without a title of its own.
 inline constexpr const char* ProgramTitle = "KELVOR Quillmark SS Configuration";
@@ -28,8 +30,8 @@ struct MessageBox {
   std::string Title = ProgramTitle;
   Icon Symbol = Icon::None;
   Buttons Choice = Buttons::Ok;
-  std::string Details{};      // more on the cause and the cure, on demand
-  bool Irreversible = false;  // a Yes cannot be undone
+  std::string Details{};      // below the text: the cause and the cure, or what a Yes brings
+  bool Irreversible = false;  // a Yes cannot be undone: Enter answers No
 };
 
 // A box that asks for one line of text.

@@ -25,6 +25,7 @@ class SecretsTest : public WindowBench {
     StartConnected(std::move(options));
     log = ScratchFolder() / "session.log";
     ExpectSaveFile("Open a Communications Log File").Choose(log);
+    ExpectBox("Open a Communications Log File").Reply(Answer::Yes);
     ASSERT_TRUE(Click("mnuOpenLog"));
   }
   // The radio's echo comes back on behind the program's back.

@@ -98,6 +98,7 @@ void World::Begin(const SimRadioOptions& options, const std::string& ownName, bo
   // A log costs half of the time: only where it could give something away.
   if (!Secrets.empty()) {
     ExpectSaveFile("Open a Communications Log File").Choose(Out("session.log"));
+    ExpectBox("Open a Communications Log File").Reply(Answer::Yes);
     Press("tbr_OpenLogFile");
   }
   if (connected && !Connect()) ADD_FAILURE() << "The radio could not be connected and read";

@@ -40,6 +40,12 @@ class ConfigBench : public sim::Bench {
     EXPECT_TRUE(Click("cmdProgramFromFile"));
   }
 
+  // The last question that came says what a Yes costs, and Enter does not answer Yes.
+  void ExpectWarned(const std::string& cost) {
+    EXPECT_EQ(Boxes().back().Details, cost);
+    EXPECT_TRUE(Boxes().back().Irreversible);
+  }
+
   // The box on a file that could not be written.
   void ExpectNotSaved(const std::filesystem::path& file) {
     ExpectBox("File Error")

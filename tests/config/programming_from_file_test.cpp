@@ -136,10 +136,12 @@ TEST_F(ProgrammingFromFileTest, AFileOfAnotherKindBringsTheQuestionTwice) {
       "Quillmark Configuration utility.\r\n\r\nDo you want to send it to the radio anyway ?";
   ExpectBox("File Error").Saying(question).With(Buttons::YesNo).Reply(Answer::No);
   Program("ADDR 5");
+  ExpectWarned("This clears all settings of SN 00123456 first.");
   EXPECT_EQ(Sent(), "");
   ExpectBox("File Error").Saying(question).Reply(Answer::Yes);
   ExpectBox("File Error").Saying(question).Reply(Answer::No);
   Program("ADDR 5");
+  ExpectWarned("");  // it has been cleared by then
   EXPECT_THAT(FileCommands(), ElementsAre("ADDR 5"));
   ExpectIdle();
 }

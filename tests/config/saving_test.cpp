@@ -107,6 +107,7 @@ TEST_F(SavingTest, AFileThatIsThereIsReplacedOnlyOnYes) {
   ExpectSaveFile("Radio Configuration Save").Choose(old);
   ExpectBox("File I/O Error").Saying(question).Reply(Answer::Cancel);
   ASSERT_TRUE(Click("cmdSaveToFile"));
+  ExpectWarned("");
   EXPECT_EQ(Sent(), "");
   EXPECT_EQ(FileText(old), "old");
   ExpectIdle();

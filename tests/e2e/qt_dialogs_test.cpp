@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 #include <QFileDialog>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -74,6 +76,37 @@ TEST_F(BoxOverAWindow, WaitsForItsAnswerAllTheSame) {
     Over(c.Window);
     EXPECT_EQ(dialogs.Input({"Name", "Title", "default"}), "typed") << c.Window;
     EXPECT_EQ(ownersOfBoxes.takeLast(), c.Owner);
+  }
+}
+
+TEST(MessageWindow, EnterAnswersNothingThatCannotBeUndone) {
+  const struct {
+    Buttons Choice;
+    bool Irreversible;
+    Answer Enter;
+  } cases[] = {
+      {Buttons::YesNo, false, Answer::Yes},      {Buttons::YesNo, true, Answer::No},
+      {Buttons::YesNoCancel, true, Answer::No},  {Buttons::OkCancel, false, Answer::Ok},
+      {Buttons::OkCancel, true, Answer::Cancel},
+  };
+  QtEventLoop events;
+  QtDialogs dialogs(events);
+  for (const auto& c : cases) {
+    std::string below;
+    Hand hand;
+    hand.Plan("MessageBox", [&](QWidget& box) {
+      below = box.findChild<QLabel*>("messageDetails")->text().toStdString();
+      QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+      QApplication::sendEvent(box.focusWidget(), &enter);
+    });
+    hand.Start();
+    EXPECT_EQ(dialogs.Message({.Text = "Go on?",
+                               .Symbol = Icon::None,
+                               .Choice = c.Choice,
+                               .Details = "This clears it.",
+                               .Irreversible = c.Irreversible}),
+              c.Enter);
+    EXPECT_EQ(below, "This clears it.");
   }
 }
 

@@ -178,6 +178,7 @@ TEST_F(UpgradeTest, TheWaysOutBeforeAnythingIsSent) {
     for (const Question& q : c.Questions) expect(q);
     ASSERT_TRUE(Click("mnuSendText"));
     CheckExpectations();
+    for (const auto& box : Boxes()) EXPECT_EQ(box.Irreversible, box.Choice == Buttons::YesNo);
     EXPECT_TRUE(Enabled("mnuSendText"));
     EXPECT_TRUE(Enabled("tbr_TransmitTextFile"));
     EXPECT_FALSE(WindowOpen("frmProgram"));

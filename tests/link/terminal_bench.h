@@ -27,7 +27,14 @@ class TerminalBench : public sim::Bench {
   }
   std::filesystem::path OpenLog(const std::string& name) {
     std::filesystem::path path = ScratchFolder() / name;
-    ExpectSaveFile("Open a Communications Log File").Choose(path);
+    const std::string title = "Open a Communications Log File";
+    ExpectSaveFile(title).Choose(path);
+    if (!std::filesystem::exists(path)) {
+      ExpectBox(title)
+          .Saying(path.string() + " does not exist.\r\rCreate it?")
+          .With(Buttons::YesNo)
+          .Reply(Answer::Yes);
+    }
     EXPECT_TRUE(Click("tbr_OpenLogFile"));
     return path;
   }

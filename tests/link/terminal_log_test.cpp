@@ -46,11 +46,18 @@ TEST_F(TerminalLogTest, ALogIsOpenedReplacedAppendedToAndClosed) {
 
   // Cancel goes back to the dialog; cancelled there, nothing has changed.
   question().Reply(Answer::Cancel);
-  ExpectSaveFile("Open a Communications Log File").Choose(log);
-  ExpectSaveFile("Open a Communications Log File");
+  const std::string title = "Open a Communications Log File";
+  ExpectSaveFile(title).Choose(log);
+  ExpectSaveFile(title);
   ASSERT_TRUE(Click("mnuOpenLog"));
   EXPECT_EQ(FileText(log), "third");
   EXPECT_TRUE(Enabled("mnuOpenLog"));
+  // So does No to a new file, which is not created.
+  ExpectSaveFile(title).Choose(ScratchFolder() / "slip.log");
+  ExpectBox(title).Containing("slip.log does not exist.").Reply(Answer::No);
+  ExpectSaveFile(title);
+  ASSERT_TRUE(Click("mnuOpenLog"));
+  EXPECT_FALSE(std::filesystem::exists(ScratchFolder() / "slip.log"));
 }
 
 TEST_F(TerminalLogTest, ALogThatCantBeOpenedHarmsNothing) {
@@ -68,8 +75,11 @@ TEST_F(TerminalLogTest, ALogThatCantBeOpenedHarmsNothing) {
                {"/dev/full", true, Answer::Yes}};
   for (const auto& each : cases) {
     ExpectSaveFile("Open a Communications Log File").Choose(each.Path);
-    if (each.Exists)
+    if (each.Exists) {
       ExpectBox(ProgramTitle).Containing("Replace existing file").Reply(each.Replace);
+    } else {
+      ExpectBox("Open a Communications Log File").Reply(Answer::Yes);
+    }
     ExpectBox(ProgramTitle).With(Icon::Exclamation);
     ASSERT_TRUE(Click("mnuOpenLog"));
     EXPECT_TRUE(Enabled("mnuOpenLog")) << each.Path;

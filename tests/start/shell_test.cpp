@@ -181,6 +181,7 @@ TEST_F(ShellTest, QuittingLogsOutDrainsAndCloses) {
   Start();
   ASSERT_TRUE(Connect());
   ExpectSaveFile("Open a Communications Log File").Choose(ScratchFolder() / "x.log");
+  ExpectBox("Open a Communications Log File").Reply(Answer::Yes);
   ASSERT_TRUE(Click("mnuOpenLog"));
   ClearLog();
   EXPECT_TRUE(Quit());

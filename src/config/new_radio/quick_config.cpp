@@ -82,7 +82,7 @@ bool QuickConfig::Confirmed(const Role& role, const Entries& entries) const {
   const std::string text = std::string(role.Question) + "\r\n\r\nBAUD: " + entries.Baud +
                            "\r\n\r\nADDR: " + entries.Address +
                            "\r\n\r\nPWR: " + std::to_string(entries.Power) + " dBm";
-  return platform.Dialogs.Message({text, role.Title, Icon::None, Buttons::YesNo}) == Answer::Yes;
+  return run.ConfirmClearing(text, role.Title);
 }
 
 void QuickConfig::Role_Click(const Role& role, const Button& button) {

@@ -88,10 +88,11 @@ void Presets::cmdPre_MouseUp(std::size_t index, MouseButton button) {
 
 void Presets::ProgramFrom(std::size_t slot) {
   if (!run.MayStart()) return;
-  const Answer answer = platform.Dialogs.Message(
-      {"Program connected radio using preset: " + main.cmdPre[slot].ToolTip() + "  ?",
-       "Program from Preset", Icon::None, Buttons::YesNo});
-  if (answer != Answer::Yes) return;
+  if (!run.ConfirmClearing(
+          "Program connected radio using preset: " + main.cmdPre[slot].ToolTip() + "  ?",
+          "Program from Preset")) {
+    return;
+  }
   bool mayBeSent = false;
   sender.LoadConfigLines(File(slot), false, mayBeSent);
   if (!mayBeSent) return;
@@ -187,9 +188,11 @@ void Presets::mnuPresetView_Click() {
 void Presets::mnuPresetDelete_Click() {
   const Button& button = main.cmdPre[selectedSlot];
   const Answer answer =
-      platform.Dialogs.Message({"Delete Preset ?\r\n\r\nPreset Caption: " + button.Text() +
-                                    "\r\n\r\nDescription: " + button.ToolTip(),
-                                ProgramTitle, Icon::None, Buttons::YesNo});
+      platform.Dialogs.Message({.Text = "Delete Preset ?\r\n\r\nPreset Caption: " + button.Text() +
+                                        "\r\n\r\nDescription: " + button.ToolTip(),
+                                .Choice = Buttons::YesNo,
+                                .Details = "The preset's file is deleted.",
+                                .Irreversible = true});
   main.cmdSaveToPreset.Enabled = platform.MSComm1.PortOpen();
   if (answer != Answer::Yes) return;
   std::error_code error;

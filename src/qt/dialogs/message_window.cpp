@@ -54,7 +54,7 @@ void KeepInFront(QDialog& box) {
 
 // What Enter answers: nothing that cannot be undone.
 Answer DefaultAnswer(const MessageBox& box) {
-  if (box.Irreversible) return CloseAnswer(box.Choice);
+  if (box.Irreversible) return Refusal(box.Choice);
   switch (box.Choice) {
     case Buttons::Ok:
     case Buttons::OkCancel:

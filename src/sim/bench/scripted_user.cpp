@@ -166,8 +166,14 @@ void ScriptedUser::PlayBox(const Expectation& expectation) {
 }
 
 Answer ScriptedUser::Message(const MessageBox& box) {
-  seen.push_back(
-      {Expectation::Kind::Box, box.Title, box.Text, box.Details, box.Symbol, box.Choice, {}});
+  seen.push_back({Expectation::Kind::Box,
+                  box.Title,
+                  box.Text,
+                  box.Details,
+                  box.Symbol,
+                  box.Choice,
+                  {},
+                  box.Irreversible});
   const auto met = Meet(seen.back());
   if (!met) return CloseAnswer(box.Choice);
   PlayBox(*met);

@@ -78,6 +78,7 @@ class ScriptedUser : public Dialogs, public Windows {
     Icon Symbol = Icon::None;
     Buttons Choice = Buttons::Ok;
     std::string Default;
+    bool Irreversible = false;
   };
 
   // `fault` is told each thing that went wrong.

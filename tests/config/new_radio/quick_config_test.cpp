@@ -139,9 +139,15 @@ TEST_F(QuickConfigTest, TheValuesAreThoseOfTheFrame) {
     EXPECT_EQ(RoleBytes(), "MODE R\r" + std::string(each.Sent) + "PWR 20\rBAUD 115200\r");
     ASSERT_TRUE(Refresh());
   }
-  ExpectBox("REMOTE").Reply(Answer::No);
   ClearLog();
-  ASSERT_TRUE(Click("cmdRemote"));
+  for (const char* number : {"SN 00123456", "n/a", "SN and a text that is no number"}) {
+    Main().At(SettingId::SerialNumber).Text = number;
+    ExpectBox("REMOTE").Reply(Answer::No);
+    ASSERT_TRUE(Click("cmdRemote"));
+    const bool known = number == std::string("SN 00123456");
+    ExpectWarned(std::string("This clears all settings of ") + (known ? number : "the radio") +
+                 " first.");
+  }
   EXPECT_EQ(Sent(), "");
 }
 

@@ -71,6 +71,7 @@ TEST_F(PresetsTest, SavedShownAfterARestartAndProgrammed) {
   ExpectBox("Program from Preset").Saying(question).With(Buttons::YesNo).Reply(Answer::No);
   ClearLog();
   ASSERT_TRUE(Click("cmdPre_1"));
+  ExpectWarned("This clears all settings of SN 00123456 first.");
   EXPECT_EQ(Sent(), "");
   ExpectBox("Program from Preset").Saying(question).Reply(Answer::Yes);
   ExpectInput("Check UNIT number.").Reply(Answer::Cancel);
@@ -121,6 +122,7 @@ TEST_F(PresetsTest, SixSlotsAndADeletedOneIsFilledAgain) {
       .Saying("Delete Preset ?\r\n\r\nPreset Caption: P3\r\n\r\nDescription: d")
       .Reply(Answer::No);
   ASSERT_TRUE(Click("mnuPresetDelete"));
+  ExpectWarned("The preset's file is deleted.");
   EXPECT_TRUE(Enabled("cmdSaveToPreset"));
   EXPECT_EQ(Seen(3), "P3|d||9|on");
   ExpectBox(ProgramTitle).Containing("P3").Reply(Answer::Yes);
