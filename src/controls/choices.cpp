@@ -48,6 +48,11 @@ bool Slider::UserSlide(int value) {
   return true;
 }
 
+std::string TabStrip::Caption(std::size_t tab) const {
+  const int count = tab < Counts().size() ? Counts()[tab] : 0;
+  return Tabs.at(tab) + (count == 0 ? "" : " (" + std::to_string(count) + ")");
+}
+
 bool TabStrip::UserSelect(int index) {
   if (!Reachable() || index < 1 || index > static_cast<int>(Tabs.size())) return false;
   const auto alive = Owner().weak_from_this().lock();

@@ -79,6 +79,10 @@ class TabStrip : public Control {
 
   const std::vector<std::string> Tabs;
   Property<int> SelectedIndex{*this, 1};  // from 1
+  // Shown behind the captions, tab by tab; 0 and what is missing show nothing.
+  Property<std::vector<int>> Counts{*this, {}};
+  // The caption of a tab, from 0, with its count: "Network (3)".
+  std::string Caption(std::size_t tab) const;
 
   std::function<void()> OnClick;
 

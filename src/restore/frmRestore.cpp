@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "link/serial_failure.h"
-#include "restore/restore_program.h"
 #include "restore/restore_select.h"
 #include "text/at_end.h"
 
@@ -20,7 +19,8 @@ frmRestore::frmRestore(Platform& machine, Session& shared, frmOrvalent& window,
       link(machine, shared, window, *this),
       reader(*this, link, shared),
       loader(machine, shared, *this, *this, window.Settings),
-      saver(machine, shared, *this, link, *this) {
+      saver(machine, shared, *this, link, *this),
+      programmer(*this, link) {
   Caption = "Configuration Store/Restore";
   session.DropReconnect();
   session.RxBuffer = " ";
@@ -46,6 +46,7 @@ void frmRestore::LayOut() {
   tbr_SaveConfig.Enabled = false;
   CheckAllButton.Enabled = false;
   UnCheckAllButton.Enabled = false;
+  TickDifferingButton.Enabled = false;
 }
 
 void frmRestore::Wire() {
@@ -57,6 +58,8 @@ void frmRestore::Wire() {
   tbr_SaveConfig.OnClick = [this] { RunWhenFree(Task::Save); };
   CheckAllButton.OnClick = [this] { CheckEach(*this, true); };
   UnCheckAllButton.OnClick = [this] { CheckEach(*this, false); };
+  TickDifferingButton.OnClick = [this] { TickDiffering(*this); };
+  for (RestoreRowControls& row : Rows) row.New.OnChange = [this] { ShowDifferences(); };
   At(SettingId::Mode).Check.OnClick = [this] { ModeCheck_Click(*this); };
 }
 
@@ -160,6 +163,7 @@ void frmRestore::ReadRadio() {
     UpdateTimer();
     try {
       reader.Run();
+      programmer.ShowTaken();
     } catch (const RestoreLinkLost&) {
       Unload();
       return;
@@ -223,7 +227,7 @@ void frmRestore::Run(Task task) {
 void frmRestore::ProgramSelected() {
   StopReadTimer();
   WithLinkErrors(platform.Dialogs, [this] {
-    ProgramTickedRows(*this, link);
+    programmer.Run();
     CheckEach(*this, false);
     ReadPending = true;
     StartReadTimer();

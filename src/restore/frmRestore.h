@@ -9,6 +9,7 @@
 #include "restore/restore_controls.h"
 #include "restore/restore_link.h"
 #include "restore/restore_load.h"
+#include "restore/restore_program.h"
 #include "restore/restore_read.h"
 #include "restore/restore_save.h"
 #include "session/session.h"
@@ -69,6 +70,7 @@ class frmRestore : public Form, public RestoreControls {
   RestoreReader reader;
   RestoreLoader loader;
   RestoreSaver saver;
+  RestoreProgrammer programmer;
   bool programEnds = false;
   bool started = false;
   bool readTimerStarted = false;

@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "catalogue/same_value.h"
+
 namespace quillmark {
 
 namespace {
@@ -44,6 +46,10 @@ void RestoreRowControls::Show(bool shown) {
     field->Enabled = shown;
     field->Visible = shown;
   }
+}
+
+bool RestoreRowControls::HasOneValue() const {
+  return IsValue(*Row.What, Current.Text()) != IsValue(*Row.What, New.Text());
 }
 
 void RestoreRowControls::Enable(bool enabled) {
@@ -90,8 +96,12 @@ RestoreControls::RestoreControls(Form& form, EventLoop& events, std::span<const 
       tbr_Refresh(form, &form, "tbr_Refresh"),
       CheckAllButton(form, &form, "CheckAllButton", "Check All"),
       UnCheckAllButton(form, &form, "UnCheckAllButton", "Uncheck All"),
+      TickDifferingButton(form, &form, "TickDifferingButton", "Tick Differing"),
       CloseButton(form, &form, "CloseButton", "Close Window"),
+      lblDiffers(form, &form, "lblDiffers"),
+      lblOutcome(form, &form, "lblOutcome"),
       Timer1(form, "Timer1", events, timerInterval, false) {
+  TickDifferingButton.ToolTip = "Ticks the rows that differ, and no others (Ctrl+D)";
   tbr_OpenConfig.ToolTip = "Open A Configuration File";
   tbr_SaveConfig.ToolTip = "Save Current Settings To A File";
   tbr_ProgramRadio.ToolTip = "Program Selected Settings To The Radio";
@@ -126,6 +136,29 @@ std::vector<RestoreRowControls*> RestoreControls::ReadOrder() {
 
 void RestoreControls::TabStrip_Click() {
   RadSet.at(static_cast<std::size_t>(TabStrip.SelectedIndex() - 1)).BringToFront();
+}
+
+void RestoreControls::ShowDifferences() {
+  if (!FileLoaded) return;
+  std::vector<int> onTabs(RadSet.size());
+  int differ = 0;
+  int compared = 0;
+  int oneSided = 0;
+  for (const RestoreRowControls& row : Rows) {
+    if (!row.Shown()) continue;
+    const RestoreMatch match = row.Match();
+    if (match == RestoreMatch::Missing) {
+      oneSided += row.HasOneValue() ? 1 : 0;
+      continue;
+    }
+    ++compared;
+    if (match == RestoreMatch::Equal) continue;
+    ++differ;
+    ++onTabs.at(row.Row.Page);
+  }
+  TabStrip.Counts = onTabs;
+  lblDiffers.Text = std::to_string(differ) + " of " + std::to_string(compared) + " differ" +
+                    (oneSided == 0 ? "" : ", " + std::to_string(oneSided) + " on one side only");
 }
 
 void RestoreControls::ResetProgress() {

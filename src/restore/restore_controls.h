@@ -33,6 +33,10 @@ class RestoreRowControls {
   // The box alone, or box and both fields. A hidden row stays disabled.
   void EnableBox(bool enabled) { Check.Enabled = enabled && Shown(); }
   void Enable(bool enabled);
+
+  RestoreMatch Match() const { return MatchOf(Row, Current.Text(), New.Text()); }
+  // Only the radio has a value, or only the file.
+  bool HasOneValue() const;
 };
 
 // The heading of the radio's column.
@@ -55,7 +59,9 @@ class RestoreControls {
   Label ProgressLabel;
   std::deque<Shape> ProgressBlock;
   ToolButton tbr_OpenConfig, tbr_SaveConfig, tbr_ProgramRadio, tbr_Refresh;
-  Button CheckAllButton, UnCheckAllButton, CloseButton;
+  Button CheckAllButton, UnCheckAllButton, TickDifferingButton, CloseButton;
+  Label lblDiffers;  // how many rows differ
+  Label lblOutcome;  // how far programming has come, and how it ended
   Timer Timer1;
 
   bool ReadPending = false;     // a read of the radio is wanted
@@ -72,6 +78,8 @@ class RestoreControls {
   // Shows, hides and moves rows for the revision; an unknown one counts as below every threshold.
   void ApplyRevision(const Revision& revision);
   void TabStrip_Click();
+  // Counts the rows that differ, on each tab and in all. Once a file is open.
+  void ShowDifferences();
   // The row of blocks while nothing runs.
   void ResetProgress();
 };

@@ -1,5 +1,7 @@
 #include "restore/restore_link.h"
 
+#include <algorithm>
+
 #include "conversation/wake.h"
 #include "link/comm_events.h"
 #include "link/serial_failure.h"
@@ -67,6 +69,7 @@ void RestoreLink::Drop() {
   radio.Take();
   AwaitBacklog();
   CheckOpen();
+  NoteDropped();
   radio.Prime();
 }
 
@@ -100,6 +103,12 @@ bool RestoreLink::ShowsPrompt() {
   return shown;
 }
 
+void RestoreLink::NoteDropped() {
+  constexpr std::size_t enough = 400;
+  const std::string_view received = radio.Received();
+  dropped = received.substr(received.size() - std::min(received.size(), enough));
+}
+
 bool RestoreLink::AwaitPrompt(const LossTeller& lost) {
   if (!IsOpen()) {
     platform.Dialogs.Message({"Error: Port is not open", "Error", Icon::Critical});
@@ -117,8 +126,12 @@ bool RestoreLink::AwaitPrompt(const LossTeller& lost) {
   throw RestoreLinkLost{};
 }
 
-void RestoreLink::SendToRadio(const std::string& line) {
-  if (AwaitPrompt()) radio.Say(line);
+bool RestoreLink::SendToRadio(const std::string& line) {
+  dropped.clear();
+  if (!AwaitPrompt()) return false;
+  NoteDropped();
+  radio.Say(line);
+  return true;
 }
 
 std::optional<std::string> RestoreLink::Ask(Conversation::Question question,

@@ -38,8 +38,11 @@ class RestoreLink {
   void Wake(const std::function<bool()>& cancelled);
   // Sends a line, without its carriage return, once the radio has shown its prompt to a bare one;
   // that also drops the reply to the command before. On a closed port it tells so in a box and
-  // sends nothing. Throws RestoreLinkLost and SerialError.
-  void SendToRadio(const std::string& line);
+  // sends nothing; false then. Throws RestoreLinkLost and SerialError.
+  bool SendToRadio(const std::string& line);
+  // The end of what had come when the last SendToRadio or Drop threw it away: the radio's answer to
+  // the line before.
+  const std::string& Dropped() const { return dropped; }
   // Asks for a setting in the same way: its word, how its value begins, whether it has many lines.
   // The value may be a refusal. Nothing when no whole reply comes within 400 ms, or 1 s once it has
   // begun. Throws as SendToRadio does, and SerialError on a closed port.
@@ -57,6 +60,7 @@ class RestoreLink {
  private:
   void CheckOpen() const;
   void AwaitBacklog();
+  void NoteDropped();
   // False on a closed port.
   bool AwaitPrompt(const LossTeller& lost = {});
   bool ShowsPrompt();
@@ -68,6 +72,7 @@ class RestoreLink {
   Conversation radio;
   std::string commEventText;  // the last notice; while there is one, line errors show no box
   bool errorShown = false;
+  std::string dropped;
 };
 
 }  // namespace quillmark

@@ -51,6 +51,7 @@ void RestoreLoader::OpenConfiguration() {
       }
     }
     TakeLine(file.Lines[i]);
+    controls.ShowDifferences();
     WaitMilliseconds(platform.Events, linePause);
     platform.Events.Pump();
   }
@@ -75,7 +76,10 @@ void RestoreLoader::Prepare(const std::filesystem::path& path) {
   }
   controls.CheckAllButton.Enabled = true;
   controls.UnCheckAllButton.Enabled = true;
+  controls.TickDifferingButton.Enabled = true;
+  controls.lblOutcome.Text = "";
   controls.FileLoaded = true;
+  controls.ShowDifferences();
   controls.FileSettingsLabel.Text = "Settings in file\r" + PathText(path.filename()) + ":";
 }
 

@@ -1,5 +1,9 @@
 #include "restore/restore_program.h"
 
+#include <algorithm>
+
+#include "conversation/reply.h"
+#include "text/at_end.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -21,15 +25,33 @@ std::vector<std::string> SwitchedCommands(const RestoreRow& row, const std::stri
   return commands;
 }
 
-void SendEach(const std::vector<std::string>& commands, RestoreLink& link) {
-  for (const std::string& command : commands) {
-    try {
-      link.SendToRadio(command);
-    } catch (const RestoreLinkLost&) {
-      // The user has been told.
-    }
-    link.Sleep(commandPause);
+// What the radio said to a command, if that was not its consent: the first line behind the echo.
+// Nothing when the echo has not come.
+std::string ObjectionIn(std::string_view received, const std::string& command) {
+  constexpr std::size_t longest = 40;
+  const std::size_t echo = received.rfind(command + "\r");
+  if (echo == std::string_view::npos) return {};
+  received.remove_prefix(echo + command.size());
+  received.remove_prefix(std::min(received.find_first_not_of("\r\n "), received.size()));
+  const std::string_view line = received.substr(0, received.find_first_of("\r\n"));
+  const bool consents = Contains(line, "PROGRAMMED OK");
+  return consents || PromptAtEnd(line) != PromptKind::None ? ""
+                                                           : std::string(line.substr(0, longest));
+}
+
+std::string Settings(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " setting" : " settings");
+}
+
+// The first ones by name; the marks in the rows show the others.
+std::string Listed(const std::vector<std::string>& names) {
+  constexpr std::size_t most = 3;
+  std::string text;
+  for (std::size_t i = 0; i < std::min(most, names.size()); ++i) {
+    text += (i == 0 ? "" : ", ") + names[i];
   }
+  return names.size() > most ? text + " and " + std::to_string(names.size() - most) + " more"
+                             : text;
 }
 
 }  // namespace
@@ -51,11 +73,78 @@ std::vector<std::string> RestoreCommands(const RestoreRow& row, const std::strin
   return {text};
 }
 
-void ProgramTickedRows(RestoreControls& controls, RestoreLink& link) {
-  for (const RestoreRowControls& row : controls.Rows) {
+RestoreProgrammer::RestoreProgrammer(RestoreControls& itsControls, RestoreLink& itsLink)
+    : controls(itsControls), link(itsLink) {}
+
+void RestoreProgrammer::Run() {
+  asked = nullptr;
+  jobs.clear();
+  for (RestoreRowControls& row : controls.Rows) {
     const bool wanted = row.Check.Checked() && row.Shown() && row.New.Text() != NoValue;
-    if (wanted) SendEach(RestoreCommands(row.Row, row.New.Text()), link);
+    if (wanted) jobs.push_back({&row, row.New.Text()});
   }
+  const AtEnd told([this] { ShowSent(); });
+  for (std::size_t number = 0; number < jobs.size(); ++number) Send(number);
+}
+
+// The text is painted in the pauses.
+void RestoreProgrammer::Send(std::size_t number) {
+  Job& job = jobs[number];
+  controls.lblOutcome.Text = "Programming " + std::to_string(number + 1) + " of " +
+                             std::to_string(jobs.size()) + ": " + job.Row->Row.Subject();
+  bool all = true;
+  for (const std::string& each : RestoreCommands(job.Row->Row, job.Text)) {
+    bool sent = false;
+    try {
+      sent = link.SendToRadio(each);
+    } catch (const RestoreLinkLost&) {
+      // The user has been told.
+    }
+    NoteReply();
+    if (sent) {
+      asked = &job;
+      command = each;
+    }
+    all = all && sent;
+    link.Sleep(commandPause);
+  }
+  job.Sent = all;
+}
+
+void RestoreProgrammer::NoteReply() {
+  if (asked != nullptr && asked->Said.empty()) asked->Said = ObjectionIn(link.Dropped(), command);
+  asked = nullptr;
+}
+
+void RestoreProgrammer::ShowSent() {
+  std::vector<std::string> unsent;
+  for (const Job& job : jobs) {
+    if (!job.Sent) unsent.push_back(job.Row->Row.Subject());
+  }
+  if (jobs.empty()) {
+    controls.lblOutcome.Text = "Nothing is ticked that the file has, so nothing was sent.";
+  } else if (unsent.empty()) {
+    controls.lblOutcome.Text = Settings(jobs.size()) + " sent.";
+  } else {
+    controls.lblOutcome.Text = std::to_string(jobs.size() - unsent.size()) + " of " +
+                               Settings(jobs.size()) + " sent. Not sent: " + Listed(unsent) + ".";
+  }
+}
+
+void RestoreProgrammer::ShowTaken() {
+  NoteReply();
+  if (jobs.empty()) return;
+  std::vector<std::string> refused;
+  for (const Job& job : jobs) {
+    if (!job.Sent ||
+        MatchOf(job.Row->Row, job.Row->Current.Text(), job.Text) == RestoreMatch::Equal)
+      continue;
+    refused.push_back(job.Row->Row.Subject() + (job.Said.empty() ? "" : " (" + job.Said + ")"));
+  }
+  controls.lblOutcome.Text =
+      controls.lblOutcome.Text() +
+      (refused.empty() ? " The radio has what was sent." : " Not taken: " + Listed(refused) + ".");
+  jobs.clear();
 }
 
 }  // namespace quillmark

@@ -11,9 +11,38 @@ namespace quillmark {
 // The commands, without their carriage returns, that program a row's new text.
 std::vector<std::string> RestoreCommands(const RestoreRow& row, const std::string& text);
 
-// Sends the new value of each ticked row, in the order of the table. What the radio says to it is
-// not looked at; the read that follows shows what it took. A radio that shows no prompt ends a
-// command, not the run. Throws SerialError.
-void ProgramTickedRows(RestoreControls& controls, RestoreLink& link);
+// Programs the ticked rows of the store and restore window, and tells in it how far that has come
+// and how it ended. Everything given to it outlives it.
+class RestoreProgrammer {
+ public:
+  RestoreProgrammer(RestoreControls& controls, RestoreLink& link);
+
+  // Sends the new value of each ticked row, in the order of the table. A radio that shows no prompt
+  // ends a command, not the run. Throws SerialError.
+  void Run();
+  // The radio has been read again: tells which of the settings sent it has now. What it has said to
+  // a command is told beside a setting that it has not.
+  void ShowTaken();
+
+ private:
+  // A setting that is to be programmed, as it was when the run began.
+  struct Job {
+    RestoreRowControls* Row;
+    std::string Text;
+    bool Sent = false;
+    std::string Said{};  // the radio's words that were no consent
+  };
+
+  void Send(std::size_t number);
+  void NoteReply();
+  void ShowSent();
+
+  RestoreControls& controls;
+  RestoreLink& link;
+  std::vector<Job> jobs;
+  // The command that the next text from the radio answers.
+  Job* asked = nullptr;
+  std::string command;
+};
 
 }  // namespace quillmark

@@ -37,6 +37,7 @@ void RestoreReader::Run() {
   for (RestoreRowControls* row : controls.ReadOrder()) {
     const bool offered = row->Row.Read.HoldsIfUnknown(session.SoftwareRevision);
     if (offered && ReadRow(*row)) anyCame = true;
+    controls.ShowDifferences();
     AfterRow(row->Row.Id, offered);
   }
   ShowEnd(anyCame);

@@ -1,25 +1,8 @@
 #include "restore/restore_rows.h"
 
-#include "text/text.h"
+#include "catalogue/same_value.h"
 
 namespace quillmark {
-
-namespace {
-
-std::string Normalised(std::string_view text) {
-  std::string plain;
-  for (const char c : text) {
-    if (c == ':' || (c == ' ' && (plain.empty() || plain.back() == ' '))) continue;
-    plain += c;
-  }
-  return std::string(Trim(plain));
-}
-
-bool HasNoValue(std::string_view text) {
-  return text.empty() || Contains(text, NoValue) || Contains(text, "NOT AVAILABLE");
-}
-
-}  // namespace
 
 RestoreRow::RestoreRow(const Setting& setting)
     : What(&setting),
@@ -43,9 +26,14 @@ std::vector<RestoreRow> RestoreRows(std::span<const Setting> settings) {
   return rows;
 }
 
-RestoreMatch MatchOf(std::string_view current, std::string_view next) {
-  if (HasNoValue(current) || HasNoValue(next)) return RestoreMatch::Missing;
-  return Normalised(current) == Normalised(next) ? RestoreMatch::Equal : RestoreMatch::Differs;
+std::string RestoreRow::Subject() const {
+  const std::string_view caption = Caption;
+  return std::string(caption.substr(caption.find(' ') + 1));
+}
+
+RestoreMatch MatchOf(const RestoreRow& row, std::string_view current, std::string_view next) {
+  if (!IsValue(*row.What, current) || !IsValue(*row.What, next)) return RestoreMatch::Missing;
+  return MeansTheSame(*row.What, current, next) ? RestoreMatch::Equal : RestoreMatch::Differs;
 }
 
 }  // namespace quillmark

@@ -31,6 +31,9 @@ struct RestoreRow {
   RevisionGate Loaded;
   RestoreFollows Mode;
   RestoreForm Text;
+
+  // What the row is about: "Power Level".
+  std::string Subject() const;
 };
 
 // In the order in which they are programmed. `settings` outlives the rows.
@@ -42,9 +45,9 @@ inline constexpr const char* NoValue = "n/a";
 // How a row's value in the radio stands to that of the file.
 enum class RestoreMatch {
   Missing,  // one of them is not there
-  Equal,    // blanks and colons aside, which the radio prints as it likes
+  Equal,    // they mean the same
   Differs
 };
-RestoreMatch MatchOf(std::string_view current, std::string_view next);
+RestoreMatch MatchOf(const RestoreRow& row, std::string_view current, std::string_view next);
 
 }  // namespace quillmark

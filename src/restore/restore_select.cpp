@@ -60,4 +60,18 @@ void CheckEach(RestoreControls& controls, bool ticked) {
   }
 }
 
+void TickDiffering(RestoreControls& controls) {
+  int ticked = 0;
+  int left = 0;
+  for (RestoreRowControls& row : controls.Rows) {
+    const bool differs = row.Shown() && row.Match() == RestoreMatch::Differs;
+    const bool enabled = row.Check.Enabled();
+    if (enabled) row.Check.Checked = differs;
+    if (differs) ++(enabled ? ticked : left);
+  }
+  controls.lblOutcome.Text =
+      std::to_string(ticked) + " ticked." +
+      (left == 0 ? "" : " " + std::to_string(left) + " more can't be ticked in this mode.");
+}
+
 }  // namespace quillmark

@@ -15,5 +15,8 @@ void EnableLoadedRow(RestoreControls& controls, RestoreRowControls& row);
 void ModeCheck_Click(RestoreControls& controls);
 // Ticks or clears each box that is enabled.
 void CheckEach(RestoreControls& controls, bool ticked);
+// Ticks the rows that differ and clears the others, where the boxes are enabled. Tells how many are
+// ticked, and how many differ that can't be.
+void TickDiffering(RestoreControls& controls);
 
 }  // namespace quillmark

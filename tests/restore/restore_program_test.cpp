@@ -55,6 +55,41 @@ TEST_F(RestoreProgram, TheBytesInTheirOrder) {
   }
 }
 
+TEST_F(RestoreProgram, ItsStepsAndItsEndAreTold) {
+  const struct {
+    const char *Password, *Lines, *Steps, *End;
+  } cases[] = {
+      {"", "PWR 21\nADDR 77\nAMASK 0000 00ff\nOWN Hill\n",
+       "Programming 2 of 4: Power Level|4 settings sent.",
+       "4 settings sent. The radio has what was sent."},
+      {"", "PWR 99\nADDR 77\nXRSSI 5\n", "Programming 1 of 3: Power Level|3 settings sent.",
+       "3 settings sent. Not taken: Power Level (INVALID ENTRY), Extension RSSI (INVALID ENTRY)."},
+      {"1234", "PWR 21\n", "Programming 1 of 1: Power Level|1 setting sent.",
+       "1 setting sent. Not taken: Power Level (ACCESS DENIED)."},
+      {"", "", "|Nothing is ticked that the file has, so nothing was sent.",
+       "Nothing is ticked that the file has, so nothing was sent."},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Lines);
+    StartConnected({.Mode = 'R', .Password = each.Password});
+    if (*each.Password != '\0') ExpectBox("Warning!").Reply(Answer::Yes);
+    InWindow([&] {
+      LoadText(each.Lines);
+      Click("CheckAllButton");
+      std::string steps;
+      Radio().OnLine = [&](const sim::ReceivedLine& line) {
+        if (line.text.starts_with("PWR ")) steps = Text("lblOutcome");
+      };
+      ASSERT_TRUE(Click("tbr_ProgramRadio"));
+      EXPECT_EQ(steps + "|" + Text("lblOutcome"), each.Steps);
+      Radio().OnLine = nullptr;
+      EXPECT_TRUE(WaitForRead());
+      EXPECT_EQ(Text("lblOutcome"), each.End);
+    });
+    EndSession();
+  }
+}
+
 // The run goes on row by row; the main timer closes the window meanwhile and connects anew.
 TEST_F(RestoreProgram, ARadioThatFallsSilent) {
   for (const std::size_t rows : {1U, 2U, 6U}) {
@@ -75,6 +110,10 @@ TEST_F(RestoreProgram, ARadioThatFallsSilent) {
         ExpectBox("Error").Saying("Error: Port is not open").With(Icon::Critical);
       }
       ASSERT_TRUE(Click("tbr_ProgramRadio"));
+      EXPECT_EQ(Window().lblOutcome.Text(), rows == 6   ? "2 of 5 settings sent. Not sent: Owner's "
+                                                          "Msg., Power Level, Data Baud Rate."
+                                            : rows == 2 ? "2 settings sent."
+                                                        : "1 setting sent.");
       EXPECT_TRUE(RunUntil([&] { return !Window().Loaded(); }, Seconds(3)));
     });
     const int before = ReadCycles();

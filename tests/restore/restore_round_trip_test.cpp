@@ -42,7 +42,7 @@ TEST_F(RestoreRoundTrip, OneRadioIsSavedAndAnotherTakesItsSettings) {
         EXPECT_EQ(Ticks(), "");
         for (RestoreRowControls& row : Window().Rows) {
           const bool both = row.Check.Enabled() && row.New.Text() != "n/a";
-          const auto match = MatchOf(row.Current.Text(), row.New.Text());
+          const auto match = row.Match();
           EXPECT_TRUE(!both || match == RestoreMatch::Equal) << row.Row.Word;
         }
       });

@@ -183,6 +183,40 @@ TEST_F(RestoreWindow, ClosesInTheMiddle) {
   }
 }
 
+TEST_F(RestoreWindow, CountsTheRowsThatDifferAndTicksThem) {
+  StartConnected({.Mode = 'R'});
+  InWindow([&] {
+    EXPECT_EQ(Text("lblDiffers"), "");
+    EXPECT_FALSE(Enabled("TickDifferingButton"));
+    LoadText("PWR 30\nBAUD 9600 8N1\nAMASK ffff ffff\nCTS 7\nHOPTIME 28\nOWN quillmark ss\n");
+    const auto seen = [&] {
+      const TabStrip& tabs = Window().TabStrip;
+      std::string text = Text("lblDiffers") + "|";
+      for (std::size_t tab = 0; tab < tabs.Tabs.size(); ++tab) text += tabs.Caption(tab) + "|";
+      return text;
+    };
+    const std::string others =
+        "Network Settings 2...|Store & Forward Settings...|Network Wide Diagnostic Settings...|";
+    EXPECT_EQ(seen(),
+              "4 of 6 differ, 25 on one side only|Radio Information (1)|Radio Settings 1... (1)|"
+              "Radio Settings 2... (1)|Network Settings 1... (1)|" +
+                  others);
+    // What is the same loses its tick; the hop time can't be ticked at a remote.
+    ASSERT_TRUE(Click("PowerCheck"));
+    ASSERT_TRUE(Click("TickDifferingButton"));
+    EXPECT_EQ(Ticks(), "own baud cts");
+    EXPECT_EQ(Text("lblOutcome"), "3 ticked. 1 more can't be ticked in this mode.");
+    // What the user types counts, and what the radio has taken.
+    ASSERT_TRUE(Edit("NewCTSdelay", "cts 0"));
+    ASSERT_TRUE(Click("tbr_ProgramRadio"));
+    ASSERT_TRUE(WaitForRead());
+    EXPECT_EQ(seen(),
+              "1 of 6 differ, 25 on one side only|Radio Information|Radio Settings 1...|"
+              "Radio Settings 2...|Network Settings 1... (1)|" +
+                  others);
+  });
+}
+
 TEST_F(RestoreWindow, NoPortNoReadButAWayOut) {
   StartConnected();
   ExpectBox("Error").Containing(

@@ -32,6 +32,12 @@ namespace {
 constexpr double usualFontSize = 8;
 constexpr std::uint32_t linkColor = 0xFF0000;
 
+void ShowCaption(const TabStrip& control, QTabBar& bar, int tab) {
+  const std::string caption = control.Caption(static_cast<std::size_t>(tab));
+  bar.setTabText(tab, OnTwoLines(WithoutMnemonics(caption)));
+  bar.setAccessibleTabName(tab, ToQt(caption));
+}
+
 void ShowFont(const Clickable& control, QWidget& widget) {
   if (control.FontSize() <= 0) return;
   QFont font = widget.parentWidget()->font();
@@ -266,16 +272,14 @@ void Binder::JoinProgress(ProgressBar& control, QProgressBar& bar) {
 }
 
 void Binder::JoinTabs(TabStrip& control, QTabBar& bar) {
-  for (const std::string& tab : control.Tabs) {
-    const int index = bar.addTab(OnTwoLines(WithoutMnemonics(tab)));
-    bar.setAccessibleTabName(index, ToQt(tab));
-  }
+  for (const std::string& tab : control.Tabs) bar.addTab(ToQt(tab));
   connect(&bar, &QTabBar::currentChanged, this, [this, &control](int index) {
     ActOn(control, [&control, index] { control.UserSelect(index + 1); });
   });
   Follow(control, [this, &control, &bar] {
     const QSignalBlocker quiet(bar);
     ShowCommon(control, bar);
+    for (int tab = 0; tab < bar.count(); ++tab) ShowCaption(control, bar, tab);
     bar.setCurrentIndex(control.SelectedIndex() - 1);
   });
 }

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QShortcut>
 #include <QToolBar>
 #include <algorithm>
@@ -34,10 +35,7 @@ Widget* Add(QWidget& parent, const QString& name) {
   return widget;
 }
 
-// "Restore Unit Address" is about the unit address.
-QString SubjectOf(const RestoreRow& row) {
-  return QString::fromLatin1(row.Caption).section(QLatin1Char(' '), 1);
-}
+QString SubjectOf(const RestoreRow& row) { return QString::fromStdString(row.Subject()); }
 
 void AddRow(const RestoreRow& row, QGridLayout& grid, int place, QWidget& fileUser) {
   QWidget& page = *grid.parentWidget();
@@ -53,7 +51,7 @@ void AddRow(const RestoreRow& row, QGridLayout& grid, int place, QWidget& fileUs
   grid.addWidget(current, place, currentColumn);
   grid.addWidget(mark, place, markColumn);
   grid.addWidget(next, place, newColumn);
-  new RowComparison(*check, *current, *next, *mark, fileUser);
+  new RowComparison(row, *check, *current, *next, *mark, fileUser);
 }
 
 // From the top down; rows that are hidden take no room.
@@ -125,6 +123,13 @@ void FinishToolbar(QToolBar& bar) {
   }
 }
 
+// A key that goes on by so many tabs, round the end.
+void AddTabKey(QDialog& window, QKeySequence::StandardKey key, QTabBar& tabs, int step) {
+  QObject::connect(new QShortcut(key, &window), &QShortcut::activated, &tabs, [&tabs, step] {
+    tabs.setCurrentIndex((tabs.currentIndex() + step + tabs.count()) % tabs.count());
+  });
+}
+
 void AddKeys(QDialog& window, const Ui::frmRestore& ui) {
   // A key that does what a button of the toolbar does.
   struct Key {
@@ -137,6 +142,10 @@ void AddKeys(QDialog& window, const Ui::frmRestore& ui) {
     QObject::connect(new QShortcut(key.Sequence, &window), &QShortcut::activated, key.Action,
                      &QAction::trigger);
   }
+  QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_D, &window), &QShortcut::activated,
+                   ui.TickDifferingButton, &QAbstractButton::click);
+  AddTabKey(window, QKeySequence::NextChild, *ui.TabStrip, 1);
+  AddTabKey(window, QKeySequence::PreviousChild, *ui.TabStrip, -1);
 }
 
 }  // namespace

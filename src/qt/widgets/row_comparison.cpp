@@ -3,8 +3,8 @@
 #include <QHelpEvent>
 #include <QToolTip>
 
+#include "catalogue/same_value.h"
 #include "qt/text/latin1.h"
-#include "restore/restore_rows.h"
 
 namespace quillmark {
 
@@ -24,13 +24,14 @@ constexpr Look notInRadio{"", QT_TR_NOOP("not in the radio"), false};
 constexpr Look same{"=", QT_TR_NOOP("same"), false};
 constexpr Look differs{"≠", QT_TR_NOOP("differs"), true};
 
-bool Lacks(const std::string& text) { return MatchOf(text, text) == RestoreMatch::Missing; }
+bool Lacks(const RestoreRow& row, const std::string& text) { return !IsValue(*row.What, text); }
 
-const Look& LookOf(const std::string& current, const std::string& next, bool fileOpen) {
+const Look& LookOf(const RestoreRow& row, const std::string& current, const std::string& next,
+                   bool fileOpen) {
   if (!fileOpen) return noFile;
-  if (Lacks(current)) return Lacks(next) ? nowhere : notInRadio;
-  if (Lacks(next)) return notInFile;
-  return MatchOf(current, next) == RestoreMatch::Differs ? differs : same;
+  if (Lacks(row, current)) return Lacks(row, next) ? nowhere : notInRadio;
+  if (Lacks(row, next)) return notInFile;
+  return MatchOf(row, current, next) == RestoreMatch::Differs ? differs : same;
 }
 
 void SetBold(QWidget& widget, bool bold) {
@@ -42,9 +43,10 @@ void SetBold(QWidget& widget, bool bold) {
 
 }  // namespace
 
-RowComparison::RowComparison(QCheckBox& box, ValueLine& radioValue, ValueLine& fileValue,
-                             QLabel& label, QWidget& user)
+RowComparison::RowComparison(const RestoreRow& itsRow, QCheckBox& box, ValueLine& radioValue,
+                             ValueLine& fileValue, QLabel& label, QWidget& user)
     : QObject(&label),
+      row(itsRow),
       check(box),
       current(radioValue),
       next(fileValue),
@@ -71,8 +73,10 @@ void RowComparison::Show() {
   const bool fileOpen = fileUser.isEnabledTo(fileUser.window());
   const std::string inRadio = FromQt(current.text());
   const std::string inFile = FromQt(next.text());
-  const Look& look = LookOf(inRadio, inFile, fileOpen);
-  const bool lacking = fileOpen && (Lacks(inRadio) || Lacks(inFile));
+  const Look& look = LookOf(row, inRadio, inFile, fileOpen);
+  const bool radioLacks = Lacks(row, inRadio);
+  const bool fileLacks = Lacks(row, inFile);
+  const bool lacking = fileOpen && (radioLacks || fileLacks);
   const QString words = tr(look.Words);
   mark.setVisible(!check.isHidden());
   mark.setText(QString::fromUtf8(look.Mark));
@@ -81,8 +85,8 @@ void RowComparison::Show() {
   SetBold(mark, look.Bold);
   SetBold(current, look.Bold);
   SetBold(next, look.Bold);
-  current.SetQuiet(lacking || Lacks(inRadio));
-  next.SetQuiet(lacking || Lacks(inFile));
+  current.SetQuiet(lacking || radioLacks);
+  next.SetQuiet(lacking || fileLacks);
   check.setAccessibleDescription(
       tr("In the radio: %1. In the file: %2. %3.").arg(current.text(), next.text(), words));
 }

@@ -4,6 +4,7 @@
 #include <QObject>
 
 #include "qt/widgets/row_widgets.h"
+#include "restore/restore_rows.h"
 
 namespace quillmark {
 
@@ -15,8 +16,8 @@ class RowComparison : public QObject {
 
  public:
   // `fileUser` is enabled as soon as a file is open. Before that there is nothing to compare.
-  RowComparison(QCheckBox& check, ValueLine& current, ValueLine& next, QLabel& mark,
-                QWidget& fileUser);
+  RowComparison(const RestoreRow& row, QCheckBox& check, ValueLine& current, ValueLine& next,
+                QLabel& mark, QWidget& fileUser);
 
   // How wide the column of the marks is.
   static int MarkWidth(const QWidget& where);
@@ -28,6 +29,7 @@ class RowComparison : public QObject {
   void Show();
   bool ShowTip(QWidget& widget, const QPoint& place) const;
 
+  const RestoreRow row;
   QCheckBox& check;
   ValueLine& current;
   ValueLine& next;
