@@ -75,7 +75,7 @@ std::string FirmwareTransfer::SendBlocks() {
   AwaitEmptyBuffer();
   loader.AwaitTaking();
   const Duration began = platform.Events.Now();
-  std::int64_t sent = 0;
+  std::int64_t& sent = bytesSent;
   const auto missing = [&](const std::string& why) {
     return why + " after " + std::to_string(sent) + " of " + std::to_string(length) + " bytes.";
   };
@@ -88,6 +88,7 @@ std::string FirmwareTransfer::SendBlocks() {
     if (length - sent > block) progress->ProgressBar1.Value = static_cast<int>(100 * sent / length);
     progress->ShowBytes(sent, length, platform.Events.Now() - began);
     sent += static_cast<std::int64_t>(bytes.size());
+    if (!bytes.empty()) ++blocksSent;
     // A file that was cut short meanwhile: its rest will not come, and the loader says so.
     if (static_cast<std::int64_t>(bytes.size()) < wanted)
       return missing(file.Failed() ? "The file could not be read" : "The file ended");
@@ -95,6 +96,11 @@ std::string FirmwareTransfer::SendBlocks() {
   }
   if (length == 0) return "The file is empty.";
   return sent < length ? missing("The transfer was cancelled") : "";
+}
+
+std::string FirmwareTransfer::Sent() const {
+  return std::to_string(bytesSent) + " bytes were sent, in " + std::to_string(blocksSent) +
+         (blocksSent == 1 ? " block." : " blocks.");
 }
 
 bool FirmwareTransfer::SendBlock(const std::string& block) {

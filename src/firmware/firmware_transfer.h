@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -22,6 +23,8 @@ class FirmwareTransfer {
 
   // Gives a sentence on what is missing; "" when the whole file was sent.
   std::string Run(const std::filesystem::path& path);
+  // A sentence on what was sent.
+  std::string Sent() const;
 
  private:
   void ForceSettings();
@@ -36,6 +39,8 @@ class FirmwareTransfer {
   LoaderTalk& loader;
   std::shared_ptr<frmProgram> progress;
   FirmwareFile file;
+  std::int64_t bytesSent = 0;
+  int blocksSent = 0;
 };
 
 // Changes the line's rate. A port that refuses is no reason to stop.

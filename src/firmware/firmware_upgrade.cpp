@@ -1,7 +1,6 @@
 #include "firmware/firmware_upgrade.h"
 
 #include "app/held_controls.h"
-#include "firmware/firmware_transfer.h"
 #include "firmware/firmware_version.h"
 #include "firmware/loader_entry.h"
 #include "link/serial_failure.h"
@@ -54,7 +53,10 @@ void FirmwareUpgrade::mnuSendText_Click() {
     controls.HoldAgain();
     if (chosen) reconnect = Load(*chosen);
   }
-  if (reconnect) connection.mnuOpen_Click();
+  if (!reconnect) return;
+  connection.mnuOpen_Click();
+  // Behind what the connect has shown, where it can be read when the box has gone.
+  main.txtTerm.Text = main.txtTerm.Text() + "\r\n" + outcome + "\r\n";
 }
 
 void FirmwareUpgrade::EnableEntries(bool enabled) {
@@ -127,8 +129,9 @@ bool FirmwareUpgrade::Load(const Chosen& chosen) {
     if (!AtLoaderPrompt(radio) && !entry.Enter(chosen.Version, chosen.Note)) return false;
     if (!AtLoaderPrompt(radio)) return false;
     LoaderTalk loader(platform, session, radio);
-    const std::string missing = FirmwareTransfer(platform, session, main, loader).Run(chosen.Path);
-    Judge(loader, missing, chosen.Note);
+    FirmwareTransfer transfer(platform, session, main, loader);
+    const std::string missing = transfer.Run(chosen.Path);
+    Judge(loader, transfer, missing, chosen.Note);
     EndSession();
     return true;
   } catch (const SerialError& error) {
@@ -137,23 +140,24 @@ bool FirmwareUpgrade::Load(const Chosen& chosen) {
   }
 }
 
-void FirmwareUpgrade::Judge(LoaderTalk& loader, const std::string& missing,
-                            const std::string& note) {
+void FirmwareUpgrade::Judge(LoaderTalk& loader, const FirmwareTransfer& transfer,
+                            const std::string& missing, const std::string& note) {
   WaitMilliseconds(platform.Events, 1000);
   platform.Events.Pump();
   platform.Events.Sleep(Milliseconds(500));
   const bool whole = missing.empty();
   if (whole) loader.AwaitVerdict();
-  if (loader.SaysProgrammed()) {
-    loader.Exit();
-    platform.Dialogs.Message(
-        {"Radio programming was successful.", "Programmed OK", Icon::Exclamation});
-  } else {
-    platform.Dialogs.Message({.Text = "Radio programming FAILED.",
-                              .Title = "Radio Error",
-                              .Symbol = Icon::Exclamation,
-                              .Details = whole ? note : missing});
-  }
+  const bool programmed = loader.SaysProgrammed();
+  const std::string text =
+      programmed ? "Radio programming was successful." : "Radio programming FAILED.";
+  const std::string details = (whole ? transfer.Sent() : missing) + " " + loader.Answer();
+  outcome = text + " " + details;
+  if (programmed) loader.Exit();
+  platform.Dialogs.Message(
+      {.Text = text,
+       .Title = programmed ? "Programmed OK" : "Radio Error",
+       .Symbol = Icon::Exclamation,
+       .Details = programmed || !whole || note.empty() ? details : details + "\r\r" + note});
 }
 
 void FirmwareUpgrade::EndSession() {

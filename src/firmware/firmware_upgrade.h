@@ -8,6 +8,7 @@
 #include "app/frmOrvalent.h"
 #include "conversation/conversation.h"
 #include "firmware/firmware_file.h"
+#include "firmware/firmware_transfer.h"
 #include "firmware/loader_talk.h"
 #include "link/connection.h"
 #include "platform/platform.h"
@@ -54,8 +55,9 @@ class FirmwareUpgrade {
 
   // True when the link is to be connected anew.
   bool Load(const Chosen& chosen);
-  // `missing` tells what was not sent.
-  void Judge(LoaderTalk& loader, const std::string& missing, const std::string& note);
+  // Waits for the loader's verdict and tells it. `missing` tells what was not sent.
+  void Judge(LoaderTalk& loader, const FirmwareTransfer& transfer, const std::string& missing,
+             const std::string& note);
   void EndSession();
   void GiveUp(const SerialError& error);
 
@@ -64,6 +66,7 @@ class FirmwareUpgrade {
   frmOrvalent& main;
   Connection& connection;
   Conversation& radio;
+  std::string outcome;  // of the last transfer, as a sentence
   bool running = false;
   bool loading = false;
 };

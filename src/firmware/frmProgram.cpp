@@ -1,6 +1,7 @@
 #include "firmware/frmProgram.h"
 
 #include <chrono>
+#include <initializer_list>
 
 namespace quillmark {
 
@@ -10,11 +11,28 @@ frmProgram::frmProgram(Platform& machine, Session& shared)
       ProgressBar1(*this, this, "ProgressBar1", 0, 100, 0),
       lblLeft(*this, this, "lblLeft"),
       Command1(*this, this, "Command1", "Cancel"),
+      lblQuestion(*this, this, "lblQuestion",
+                  "A transfer that is stopped leaves the radio without its program, until it is "
+                  "upgraded again. Stop it?"),
+      cmdYes(*this, this, "cmdYes", "Yes"),
+      cmdNo(*this, this, "cmdNo", "No"),
       platform(machine),
       session(shared) {
   Caption = "Downloading Software to the radio...";
   lblLeft.Visible = false;
-  Command1.OnClick = [this] { Command1_Click(); };
+  Ask(false);
+  Command1.OnClick = [this] { Ask(true); };
+  cmdYes.OnClick = [this] { Stop(); };
+  cmdNo.OnClick = [this] { Ask(false); };
+}
+
+// No box: the transfer could not go on behind it.
+void frmProgram::Ask(bool asking) {
+  Command1.Visible = !asking;
+  for (Control* control : std::initializer_list<Control*>{&lblQuestion, &cmdYes, &cmdNo}) {
+    control->Visible = asking;
+  }
+  if (asking) cmdNo.SetFocus();
 }
 
 void frmProgram::Show() { platform.Windows.Show(shared_from_this()); }

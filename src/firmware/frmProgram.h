@@ -21,6 +21,9 @@ class frmProgram : public Form {
   ProgressBar ProgressBar1;  // percent
   Label lblLeft;             // bytes and time left; hidden until ShowBytes
   Button Command1;           // disabled by a job that cannot be cancelled
+  // Asked in the place of Command1 before a cancel counts. The job goes on meanwhile.
+  Label lblQuestion;
+  Button cmdYes, cmdNo;
 
   // Puts it on the screen.
   void Show();
@@ -35,7 +38,7 @@ class frmProgram : public Form {
   void Form_Close() override { Command1.Click(); }
 
  private:
-  void Command1_Click() { Stop(); }
+  void Ask(bool asking);
 
   Platform& platform;
   Session& session;

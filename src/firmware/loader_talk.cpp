@@ -77,6 +77,22 @@ void LoaderTalk::AwaitVerdict() {
 
 bool LoaderTalk::SaysProgrammed() const { return Contains(radio.Received(), "PROGRAMMED OK"); }
 
+std::string LoaderTalk::Answer() const {
+  constexpr std::size_t longest = 60;
+  std::string_view said = radio.Received();
+  said.remove_prefix(std::min(saidAt, said.size()));
+  std::string_view last;
+  while (!said.empty()) {
+    const std::size_t end = std::min(said.find_first_of("\r\n"), said.size());
+    const std::string_view line = Trim(said.substr(0, end));
+    said.remove_prefix(std::min(end + 1, said.size()));
+    const bool counts = !line.empty() && line != lastWord && !line.ends_with('>');
+    if (counts) last = line.substr(0, longest);
+  }
+  if (last.empty()) return "The radio answered nothing.";
+  return "The radio answered: " + std::string(last);
+}
+
 void LoaderTalk::Exit() {
   Say("EXIT");
   if (slow) AwaitAnswer();

@@ -32,6 +32,8 @@ class LoaderTalk {
   // Behind a whole image: waits for what the loader makes of it.
   void AwaitVerdict();
   bool SaysProgrammed() const;
+  // A sentence on what the loader has answered to the image: its last line that is no prompt.
+  std::string Answer() const;
   // Starts the new firmware. A slow loader is given time to do so.
   void Exit();
 

@@ -120,7 +120,8 @@ void Connection::AwaitPrompt() {
         {"ERROR - This radio needs software!\r\rUse the 'Radio Firmware Upgrade' option to upload "
          "a .s28 firmware file to the radio.\r\rVisit the Kelvor website to obtain the most recent "
          "release of firmware.",
-         "Radio Error", Icon::Critical});
+         "Radio Error", Icon::Critical, Buttons::Ok,
+         "In the toolbar it is the button \"" + main.tbr_TransmitTextFile.Text() + "\"."});
   } else {
     session.AskForRead();
   }

@@ -83,8 +83,18 @@ bool ReadCycle::CheckRadio() {
   // The wake asks a sleeping radio more often than it answers.
   radio.ForgetLate();
   const bool inLoader = radio.LastPrompt() == PromptKind::Loader;
+  if (inLoader) ShowInLoader();
   Pause80();
   return !inLoader;
+}
+
+void ReadCycle::ShowInLoader() {
+  main.pnl_Status.Text = "Status: The radio is in its loader.";
+  main.Timer2.Enabled = false;
+  main.txtTerm.Text = main.txtTerm.Text() +
+                      "\r\nThe radio is in its loader and has no settings to read. Load firmware "
+                      "with \"" +
+                      main.tbr_TransmitTextFile.Text() + "\" in the toolbar.\r\n";
 }
 
 // A reply without its prompt shows the revision too.

@@ -25,6 +25,7 @@ class ReadCycle {
  private:
   // False when the radio is in its loader, where there is nothing to read.
   bool CheckRadio();
+  void ShowInLoader();
   void ReadRow(SettingRow& row);
   // The setting's value; nothing when the radio gives none.
   std::optional<std::string> Ask(const Setting& setting);

@@ -79,6 +79,8 @@ TEST_F(UpgradeFaultsTest, CancelledAtEveryBlock) {
     SCOPED_TRACE(at);
     AtByte(at * block, [&] {
       EXPECT_TRUE(at % 2 == 0 ? Click("Command1") : CloseWindow("frmProgram"));
+      EXPECT_FALSE(Shared().TransferStop);
+      EXPECT_TRUE(Click("cmdYes"));
       EXPECT_TRUE(Shared().TransferStop);
       EXPECT_FALSE(WindowOpen("frmProgram"));
     });
@@ -87,7 +89,8 @@ TEST_F(UpgradeFaultsTest, CancelledAtEveryBlock) {
     const std::int64_t sent = at == 0 ? 0 : (at + 1) * block;
     EXPECT_EQ(Radio().Transfer().Bytes, sent);
     EXPECT_EQ(Boxes()[before + 1].Details,
-              "The transfer was cancelled after " + std::to_string(sent) + " of 65536 bytes.");
+              "The transfer was cancelled after " + std::to_string(sent) +
+                  " of 65536 bytes. The radio answered: SEND S-RECORDS");
   }
   SucceedAtLast();
 }
@@ -96,12 +99,49 @@ TEST_F(UpgradeFaultsTest, CancelledWhileNothingLeaves) {
   StartInLoader();
   AtByte(4 * block, [&] {
     Port().HoldOutput(true);
-    After(Seconds(1), [&] { EXPECT_TRUE(Click("Command1")); });
+    After(Seconds(1), [&] { EXPECT_TRUE(Click("Command1") && Click("cmdYes")); });
   });
   ExpectFailed().Do([&] { Port().HoldOutput(false); });
   ExpectNeedsSoftware();
   Upgrade(file);
   ExpectConnected();
+}
+
+// The transfer goes on behind the question, and the answer may come too late to count.
+TEST_F(UpgradeFaultsTest, ACancelIsAskedAboutWhileTheTransferGoesOn) {
+  const auto asked = [&] { return std::pair(Visible("cmdYes"), Visible("Command1")); };
+  StartInLoader();
+  file = Image(16384);
+  WhileSending([&] {
+    EXPECT_EQ(asked(), std::pair(false, true));
+    EXPECT_TRUE(Click("Command1"));
+    EXPECT_EQ(asked(), std::pair(true, false));
+    EXPECT_TRUE(CloseWindow("frmProgram"));  // asks nothing new
+    EXPECT_EQ(As<Form>("frmProgram").Focus(), &Find("cmdNo"));
+    After(Milliseconds(500), [&] {
+      EXPECT_TRUE(Click("cmdNo"));
+      EXPECT_EQ(asked(), std::pair(false, true));
+      EXPECT_TRUE(Click("Command1"));
+    });
+  });
+  ExpectSuccess().Do([&] { EXPECT_FALSE(WindowOpen("frmProgram")); });
+  Upgrade(file);
+  const std::string told = std::to_string(sim::FirmwareImage("3.2.1", 16384).size()) +
+                           " bytes were sent, in 32 blocks. The radio answered: PROGRAMMED OK";
+  EXPECT_EQ(Boxes().back().Details, told);
+  EXPECT_THAT(Text("txtTerm"), testing::HasSubstr("Radio programming was successful. " + told));
+  ExpectConnected();
+}
+
+TEST_F(UpgradeFaultsTest, ARefreshInTheLoaderSaysSo) {
+  StartInLoader();
+  EXPECT_EQ(Boxes().back().Details, "In the toolbar it is the button \"Transmit Text File...\".");
+  ASSERT_TRUE(Click("ButtonRefresh"));
+  Run(Seconds(6));
+  EXPECT_THAT(Text("txtTerm"),
+              testing::HasSubstr("\r\nThe radio is in its loader and has no settings to read. "
+                                 "Load firmware with \"Transmit Text File...\" in the toolbar."));
+  EXPECT_EQ(Text("pnl_Status"), "Status: The radio is in its loader.");
 }
 
 // What the user does while an upgrade is under way.

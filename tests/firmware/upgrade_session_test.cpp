@@ -138,9 +138,11 @@ TEST_F(UpgradeSessionTest, LeftJustAfterTheLoaderHasFinished) {
   std::string image = sim::FirmwareImage("3.2.1", 4096);
   image.append(8192, '\n');
   const auto file = Save("new.s28", image);
-  const auto whenDone = [&](const char* button) {
+  const auto whenDone = [&](const std::string& button) {
     OnCommand("PROGRAM", [this, button] {
-      After(Milliseconds(800), [this, button] { EXPECT_TRUE(Click(button)); });
+      After(Milliseconds(800), [this, button] {
+        EXPECT_TRUE(Click(button) && (button != "Command1" || Click("cmdYes")));
+      });
     });
   };
   whenDone("Command1");
@@ -169,8 +171,9 @@ TEST_F(UpgradeSessionTest, AFileThatChangesWhileItIsSent) {
     const char* Details;
   } cases[] = {
       {"shrinks", [&] { std::filesystem::resize_file(file, 10000); }, image.substr(0, 10000),
-       "The file ended after 10000 of 16384 bytes."},
-      {"vanishes", [&] { std::filesystem::remove(file); }, image, ""},
+       "The file ended after 10000 of 16384 bytes. The radio answered: SEND S-RECORDS"},
+      {"vanishes", [&] { std::filesystem::remove(file); }, image,
+       "16384 bytes were sent, in 32 blocks. The radio answered: PROGRAMMED OK"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.Name);
@@ -216,7 +219,7 @@ TEST_F(UpgradeSessionTest, TwentyMegabytes) {
   OnCommand("PROGRAM", [&] {
     After(Seconds(2), [&] {
       EXPECT_EQ(Text("lblLeft"), "22528 of 20000000 bytes, 1735 s left");
-      EXPECT_TRUE(Click("Command1"));
+      EXPECT_TRUE(Click("Command1") && Click("cmdYes"));
     });
   });
   FailOnce(Image(20'000'000));

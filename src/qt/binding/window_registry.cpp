@@ -115,6 +115,7 @@ constexpr WindowRow windows[] = {
     {
         .Name = "frmProgram",
         .Draw = DrawDialog<Ui::frmProgram>,
+        .DefaultButton = "cmdNo",
         .EscapeClicks = "Command1",
     },
     {
