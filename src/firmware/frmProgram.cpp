@@ -12,8 +12,8 @@ frmProgram::frmProgram(Platform& machine, Session& shared)
       lblLeft(*this, this, "lblLeft"),
       Command1(*this, this, "Command1", "Cancel"),
       lblQuestion(*this, this, "lblQuestion",
-                  "A transfer that is stopped leaves the radio without its program, until it is "
-                  "upgraded again. Stop it?"),
+                  "A transfer that is stopped leaves the radio without\r"
+                  "its program, until it is upgraded again. Stop it?"),
       cmdYes(*this, this, "cmdYes", "Yes"),
       cmdNo(*this, this, "cmdNo", "No"),
       platform(machine),

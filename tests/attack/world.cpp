@@ -15,7 +15,6 @@
 namespace quillmark::attack {
 
 namespace fs = std::filesystem;
-using sim::SameWord;
 using sim::SimRadio;
 using sim::SimRadioOptions;
 
@@ -117,7 +116,7 @@ void World::FollowRadio() {
   Radio().OnLine = [this](const sim::ReceivedLine& line) {
     NoteValues();
     const bool own = line.text == "own " + Radio().Setting("own") ||
-                     SameWord(line.text, "addr " + Radio().Setting("addr"));
+                     sim::SameWord(line.text, "addr " + Radio().Setting("addr"));
     taken.push_back({line.at, line.text, own});
   };
 }

@@ -32,10 +32,15 @@ namespace {
 constexpr double usualFontSize = 8;
 constexpr std::uint32_t linkColor = 0xFF0000;
 
+// The count stands in the shorter line, so that the tab is no wider for it.
 void ShowCaption(const TabStrip& control, QTabBar& bar, int tab) {
-  const std::string caption = control.Caption(static_cast<std::size_t>(tab));
-  bar.setTabText(tab, OnTwoLines(WithoutMnemonics(caption)));
-  bar.setAccessibleTabName(tab, ToQt(caption));
+  const auto place = static_cast<std::size_t>(tab);
+  const QString caption = ToQt(control.Caption(place));
+  QStringList lines = OnTwoLines(WithoutMnemonics(control.Tabs[place])).split(QLatin1Char('\n'));
+  const bool first = lines.size() > 1 && lines.front().size() < lines.back().size();
+  (first ? lines.front() : lines.back()) += caption.mid(ToQt(control.Tabs[place]).size());
+  bar.setTabText(tab, lines.join(QLatin1Char('\n')));
+  bar.setAccessibleTabName(tab, caption);
 }
 
 void ShowFont(const Clickable& control, QWidget& widget) {
