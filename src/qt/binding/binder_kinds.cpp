@@ -60,6 +60,9 @@ void ShowColor(const Clickable& control, QWidget& widget) {
   widget.setPalette(palette);
 }
 
+// The text of a menu's entry without the marks of its mnemonic.
+QString WithoutKeys(QString text) { return text.remove(QLatin1Char('&')); }
+
 }  // namespace
 
 QString Binder::TipOf(const Control& control) const {
@@ -83,9 +86,12 @@ void Binder::ShowAction(const Clickable& control, QAction& action) {
 void Binder::JoinMenuItem(MenuItem& control, QAction& action) {
   connect(&action, &QAction::triggered, this,
           [this, &control] { ActOn(control, [&control] { control.Click(); }); });
-  Follow(control, [this, &control, &action] {
+  // The form may give the same text a mnemonic.
+  const QString drawn = action.text();
+  Follow(control, [this, &control, &action, drawn] {
     ShowAction(control, action);
-    action.setText(ToQt(control.Text()));
+    const QString text = ToQt(control.Text());
+    action.setText(WithoutKeys(drawn) == text ? drawn : text);
     if (action.isCheckable()) action.setChecked(control.Checked());
   });
 }

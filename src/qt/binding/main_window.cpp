@@ -1,15 +1,17 @@
 #include "qt/binding/main_window.h"
 
+#include <QAbstractButton>
 #include <QKeySequence>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSlider>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QToolButton>
+#include <initializer_list>
 
 #include "qt/widgets/notice_line.h"
 #include "ui_frmOrvalent.h"
@@ -95,17 +97,73 @@ void HoldSizes(const QMainWindow& window, const Ui::frmOrvalent& ui) {
   }
 }
 
-void AddKeys(QMainWindow& window, const Ui::frmOrvalent& ui) {
-  // A key that clicks a button.
-  struct Key {
-    const char* Sequence;
-    QPushButton* Button;
-  };
-  for (const Key& key : {Key{"F5", ui.ButtonRefresh}, Key{"F9", ui.ButtonAdv}}) {
-    const QKeySequence sequence(QLatin1String(key.Sequence));
-    QObject::connect(new QShortcut(sequence, &window), &QShortcut::activated, key.Button,
-                     &QAbstractButton::click);
+// An entry of a menu that clicks a button, and the key that does so too.
+struct ClickEntry {
+  const char* Text;
+  const char* Key;
+  QAbstractButton* Button;
+};
+
+// The tasks and the settings share one place: the view with the button comes first.
+void ClickInItsView(QAbstractButton& button, QAbstractButton& otherView) {
+  if (!button.isVisibleTo(button.window())) otherView.click();
+  button.click();
+}
+
+// What buttons do is found in a menu as well, with its key, ahead of `next`. While its menu is open
+// an entry shows whether its button is on; else it is on, and the button decides.
+void InsertEntries(const Ui::frmOrvalent& ui, QMenu& menu, QAction* next,
+                   std::initializer_list<ClickEntry> entries) {
+  for (const ClickEntry& entry : entries) {
+    auto* action = new QAction(QObject::tr(entry.Text), &menu);
+    action->setShortcut(QKeySequence(QLatin1String(entry.Key)));
+    menu.insertAction(next, action);
+    QAbstractButton* button = entry.Button;
+    QObject::connect(action, &QAction::triggered, button,
+                     [button, otherView = ui.ButtonAdv] { ClickInItsView(*button, *otherView); });
+    QObject::connect(&menu, &QMenu::aboutToShow, action,
+                     [action, button] { action->setEnabled(button->isEnabled()); });
+    QObject::connect(
+        &menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); },
+        Qt::QueuedConnection);
   }
+}
+
+void AddFileEntries(const Ui::frmOrvalent& ui) {
+  QAction* first = ui.mnuFile->actions().constFirst();
+  InsertEntries(ui, *ui.mnuFile, first,
+                {{"Program &From File...", "Ctrl+O", ui.cmdProgramFromFile},
+                 {"&Save To File...", "Ctrl+S", ui.cmdSaveToFile},
+                 {"&Print...", "Ctrl+P", ui.cmdPrint}});
+  ui.mnuFile->insertSeparator(first);
+}
+
+void AddViewMenu(const Ui::frmOrvalent& ui) {
+  auto* view = new QMenu(QObject::tr("&View"), ui.menuBar);
+  view->setAccessibleName(QObject::tr("View"));
+  // The toolbar's action has the key of the last one.
+  auto* terminal = qobject_cast<QAbstractButton*>(ui.tbrToolBar->widgetForAction(ui.tbr_Terminal));
+  InsertEntries(ui, *view, nullptr,
+                {{"&Refresh", "F5", ui.ButtonRefresh},
+                 {"&What the Radio Took", "F6", ui.LastRun},
+                 {"&Zone Data", "F7", ui.ButtonZoneData},
+                 {"&Signal Level", "Shift+F7", ui.ButtonRSSI},
+                 {"&Advanced or Tasks", "F9", ui.ButtonAdv},
+                 {"&Terminal\tF8", "", terminal}});
+  ui.menuBar->insertMenu(ui.mnuAbout, view);
+}
+
+// The keyboard reaches the toolbar ahead of the rest of the window.
+void PutToolbarInTabOrder(const Ui::frmOrvalent& ui) {
+  QWidget* last = nullptr;
+  for (QAction* action : ui.tbrToolBar->actions()) {
+    auto* button = qobject_cast<QToolButton*>(ui.tbrToolBar->widgetForAction(action));
+    if (button == nullptr) continue;
+    button->setFocusPolicy(Qt::TabFocus);
+    if (last != nullptr) QWidget::setTabOrder(last, button);
+    last = button;
+  }
+  if (last != nullptr) QWidget::setTabOrder(last, ui.txtTerm);
 }
 
 }  // namespace
@@ -120,7 +178,9 @@ QWidget* DrawMainWindow(QWidget* parent) {
   AddPresetMenu(*window, ui);
   ShowPowerInWords(ui);
   HoldSizes(*window, ui);
-  AddKeys(*window, ui);
+  AddFileEntries(ui);
+  AddViewMenu(ui);
+  PutToolbarInTabOrder(ui);
   return window;
 }
 

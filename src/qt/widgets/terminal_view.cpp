@@ -55,6 +55,14 @@ QChar PictureOf(unsigned char byte) {
   return QChar(byte);
 }
 
+// Keys with a character go to the radio, but for those with Alt, and for Ctrl and Shift together:
+// no radio needs these, and the menus have some.
+bool IsForRadio(const QKeyEvent& key) {
+  const auto controlShift = Qt::ControlModifier | Qt::ShiftModifier;
+  return !key.text().isEmpty() && (key.modifiers() & Qt::AltModifier) == 0 &&
+         (key.modifiers() & controlShift) != controlShift;
+}
+
 }  // namespace
 
 QString TerminalPicture(const std::string& text) {
@@ -139,7 +147,7 @@ bool TerminalView::event(QEvent* event) {
   // Keys that stand for characters belong to the radio, not to a shortcut.
   if (event->type() == QEvent::ShortcutOverride) {
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (!key->text().isEmpty() && (key->modifiers() & Qt::AltModifier) == 0) {
+    if (IsForRadio(*key)) {
       event->accept();
       return true;
     }
@@ -163,6 +171,8 @@ void TerminalView::keyPressEvent(QKeyEvent* event) {
   } else if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab ||
              (modifiers & Qt::AltModifier) != 0 || event->text().isEmpty()) {
     QPlainTextEdit::keyPressEvent(event);
+  } else if (!IsForRadio(*event)) {
+    event->ignore();
   } else if (const std::string typed = FromQt(event->text()); !typed.empty()) {
     emit Typed(typed);
   }

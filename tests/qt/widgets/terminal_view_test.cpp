@@ -77,13 +77,21 @@ TEST(TerminalView, KeysGoToTheRadio) {
               {Qt::Key_F5, Qt::NoModifier, ""},
               {Qt::Key_F, Qt::AltModifier, "f"},
               {Qt::Key_Up, Qt::NoModifier, ""},
+              {Qt::Key_Q, Qt::ControlModifier | Qt::ShiftModifier, "\x11"},
               {Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier, "\x16"}};
+  std::string taken;  // from the menus
   for (const auto& key : keys) {
+    QKeyEvent first(QEvent::ShortcutOverride, key.Key, key.Modifiers,
+                    QString::fromLatin1(key.Text));
+    first.ignore();
+    QCoreApplication::sendEvent(&view, &first);
+    taken += first.isAccepted() ? "x" : ".";
     QKeyEvent press(QEvent::KeyPress, key.Key, key.Modifiers, QString::fromLatin1(key.Text));
     QCoreApplication::sendEvent(&view, &press);
   }
   EXPECT_EQ(typed, "a|\r|\r|\b|\x1b|\x03|one\rtwo\rthree|");
   EXPECT_EQ(view.toPlainText(), "");
+  EXPECT_EQ(taken, "xxxxxxx.....");
 }
 
 }  // namespace

@@ -1,0 +1,71 @@
+// What can be reached by keyboard alone: the menus' mnemonics and keys, and the tab order.
+
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolButton>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "qt/binding/main_window.h"
+
+namespace quillmark {
+namespace {
+
+using testing::ElementsAre;
+
+class MainWindowKeys : public testing::Test {
+ protected:
+  void WalkMenu(const QWidget& menu) {
+    std::set<QString> mnemonics;
+    for (const QAction* action : menu.actions()) {
+      if (action->isSeparator()) continue;
+      const QString key = QKeySequence::mnemonic(action->text()).toString();
+      if (key.isEmpty() || !mnemonics.insert(key).second) {
+        faults += action->text().toStdString() + " has no mnemonic of its own\n";
+      }
+      if (action->menu() != nullptr) WalkMenu(*action->menu());
+    }
+  }
+
+  std::unique_ptr<QWidget> window{DrawMainWindow(nullptr)};
+  std::string faults;
+};
+
+TEST_F(MainWindowKeys, EachMenuEntryHasItsOwn) {
+  WalkMenu(*static_cast<QMainWindow&>(*window).menuBar());
+  EXPECT_EQ(faults, "");
+  std::map<QString, int> uses;
+  for (const QAction* action : window->findChildren<QAction*>()) {
+    if (!action->shortcut().isEmpty()) ++uses[action->shortcut().toString()];
+  }
+  for (const auto& [key, count] : uses) EXPECT_EQ(count, 1) << key.toStdString();
+}
+
+TEST_F(MainWindowKeys, TheTabKeyLeadsFromTheToolbarIntoTheTerminal) {
+  std::vector<std::string> order;
+  const QWidget* at = window.get();
+  do {
+    at = at->nextInFocusChain();
+    const bool reached = (at->focusPolicy() & Qt::TabFocus) != 0;
+    const auto* button = qobject_cast<const QToolButton*>(at);
+    if (reached && button != nullptr && button->defaultAction() != nullptr) {
+      order.push_back(button->defaultAction()->objectName().toStdString());
+    } else if (reached) {
+      order.push_back(at->objectName().toStdString());
+    }
+  } while (order.empty() || order.back() != "txtTerm");
+  order.erase(order.begin(), order.end() - 10);
+  EXPECT_THAT(order, ElementsAre("tbr_OpenLogFile", "tbr_CloseLogFile", "tbr_Connect",
+                                 "tbr_Disconnect", "tbr_Properties", "tbr_TransmitTextFile",
+                                 "tbr_Login", "tbr_Logout", "tbr_Terminal", "txtTerm"));
+}
+
+}  // namespace
+}  // namespace quillmark
