@@ -13,7 +13,8 @@ Machine::Machine(const std::string& device, Duration longestSleep)
                       [this](int number) { return PortInUse(number); }}),
       First(Events, [this](int number) { return Numbers.DeviceOf(number); }),
       Second(Events, [this](int number) { return Numbers.DeviceOf(number); }),
-      Shown(Events),
+      Places(WindowPlaces::UsualFile()),
+      Shown(Events, &Places),
       Boxes(Events) {
   if (!device.empty()) Named.emplace(Store, Numbers.NumberFor(device));
 }

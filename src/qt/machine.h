@@ -5,6 +5,7 @@
 
 #include "platform/platform.h"
 #include "qt/binding/qt_windows.h"
+#include "qt/binding/window_places.h"
 #include "qt/desktop/qt_desktop.h"
 #include "qt/desktop/qt_event_loop.h"
 #include "qt/dialogs/qt_dialogs.h"
@@ -33,6 +34,7 @@ struct Machine {
   QtProgramFiles Files;
   QtDesktop Screen;
   QtRandom Chance;
+  WindowPlaces Places;
   QtWindows Shown;
   QtDialogs Boxes;
 

@@ -23,6 +23,7 @@
 #include "e2e/program_fixture.h"
 #include "qt/desktop/end_signals.h"
 #include "qt/dialogs/store_trouble_boxes.h"
+#include "text/at_end.h"
 
 namespace quillmark {
 namespace {
@@ -109,17 +110,31 @@ TEST_F(Program, APortThatIsMissingIsToldWithItsCure) {
               ElementsAre(HasSubstr("There is no device " + radio.link.toStdString())));
 }
 
-TEST_F(Program, HidingTheTerminalTakesItsHeightOffTheWindow) {
+TEST_F(Program, HidingTheTerminalTakesItsHeightOffTheWindowAtAnySizeOfFont) {
   Prefer("False");
-  Launch();
-  const QSize before = window->size();
-  Find<QAction>("tbr_Terminal").trigger();
-  EXPECT_FALSE(Find<TerminalView>("txtTerm").isVisible());
-  EXPECT_LT(window->height(), before.height() - 100);
-  EXPECT_GE(Find<QWidget>("lowerHalf").height(),
-            Find<QWidget>("frQuick").minimumSizeHint().height());
-  Find<QAction>("tbr_Terminal").trigger();
-  EXPECT_EQ(window->size(), before);
+  const QFont usual = QApplication::font();
+  const AtEnd restored([&] { QApplication::setFont(usual); });
+  for (const double size : {7.0, 9.0, 12.5, 16.0, 24.0}) {
+    SCOPED_TRACE(size);
+    QFont font = usual;
+    font.setPointSizeF(size);
+    QApplication::setFont(font);
+    Launch();
+    const QSize shown = window->size();
+    const int lower = Find<QWidget>("lowerHalf").height();
+    const int terminal = Find<TerminalView>("txtTerm").height();
+    for (int times = 1; times <= 10; ++times) {
+      Find<QAction>("tbr_Terminal").trigger();
+      machine->Events.Pump();
+      EXPECT_FALSE(Find<TerminalView>("txtTerm").isVisible());
+      EXPECT_NEAR(window->height(), shown.height() - terminal, 12) << times;
+      EXPECT_EQ(Find<QWidget>("lowerHalf").height(), lower) << times;
+      Find<QAction>("tbr_Terminal").trigger();
+      machine->Events.Pump();
+      EXPECT_EQ(window->size(), shown) << times;
+      EXPECT_EQ(Find<QWidget>("lowerHalf").height(), lower) << times;
+    }
+  }
 }
 
 TEST_F(Program, WhatIsSetBeforeASleepIsSeenDuringIt) {

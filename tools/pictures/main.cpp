@@ -56,6 +56,7 @@ int TakePictures(const Wanted& wanted) {
   IgnorePlatformChatter();
   ReportDialogs silentBoxes;
   Shell shell(wanted.Port, &silentBoxes);
+  shell.Machine.Shown.ForgetPlaces();
   Report report(shell.Console, shell.Platform, shell.Machine.Shown, silentBoxes, wanted.Folder);
   silentBoxes.OnTrouble = [&report] { report.GiveUp("The radio could not be read."); };
   report.Start();

@@ -4,12 +4,12 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLayout>
-#include <QMainWindow>
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
 
+#include "qt/binding/window_fit.h"
+#include "qt/binding/window_places.h"
 #include "qt/binding/window_registry.h"
 #include "qt/desktop/form_size.h"
 #include "qt/desktop/qt_event_loop.h"
@@ -26,11 +26,12 @@ constexpr int mouseLook = 20;         // ms between looks for the release of a m
 }  // namespace
 
 FormWindow::FormWindow(std::shared_ptr<Form> shownForm, const WindowRow& itsRow, QWidget* parent,
-                       QtEventLoop& loop, std::function<bool()> isBlocked)
+                       QtEventLoop& loop, WindowPlaces* kept, std::function<bool()> isBlocked)
     : form(std::move(shownForm)),
       row(itsRow),
       window(MakeWindow(row, parent)),
       events(loop),
+      places(row.Remembered ? kept : nullptr),
       blocked(std::move(isBlocked)),
       binder(std::make_unique<Binder>(*form, *window, *this, row.Paints)) {}
 
@@ -76,6 +77,11 @@ void FormWindow::StayOnTop() {
 void FormWindow::TakeSize() {
   sizing = true;
   window->ensurePolished();
+  const QRect screen = FreeScreen();
+  const QSize room = RoomOn(screen, *window);
+  // Without a screen there is none to be too large for.
+  const bool bounded = QGuiApplication::platformName() != QLatin1String("offscreen");
+  if (bounded) FitInto(*window, room);
   if (row.Size == FirstSize::OfForm) {
     const QSize wanted(ToPixels(form->Width()), ToPixels(form->Height()));
     window->resize(wanted.expandedTo(window->sizeHint()));
@@ -84,44 +90,31 @@ void FormWindow::TakeSize() {
     window->adjustSize();
     window->resize(window->size().expandedTo(window->sizeHint()));
   }
-  const QRect screen = window->screen()->availableGeometry();
-  // Without a screen there is none to be too large for.
-  if (QGuiApplication::platformName() != QLatin1String("offscreen")) {
-    window->resize(window->size().boundedTo(screen.size()).expandedTo(window->minimumSizeHint()));
-  }
-  window->move(PlaceOn(screen));
+  const bool placed = places != nullptr && places->PutBack(*window);
+  if (bounded) window->resize(window->size().boundedTo(room));
+  if (!placed) window->move(Within(screen, PlaceOn(screen), window->size()));
   sizing = false;
+}
+
+QRect FormWindow::FreeScreen() const {
+  const QWidget* owner = window->parentWidget();
+  const QWidget* shown = owner != nullptr && owner->isVisible() ? owner : window.data();
+  return shown->screen()->availableGeometry();
 }
 
 // Beside an owner that is no dialog there is nothing to explain.
 QPoint FormWindow::PlaceOn(const QRect& screen) const {
   const QWidget* owner = window->parentWidget();
-  if (owner == nullptr || !owner->isVisible()) return screen.center() - window->rect().center();
+  const bool alone = owner == nullptr || !owner->isVisible();
+  if (alone || row.Stands == Place::OnScreen) return screen.center() - window->rect().center();
   if (row.Stands == Place::OverOwner || qobject_cast<const QDialog*>(owner) == nullptr) {
     return owner->geometry().center() - window->rect().center();
   }
   const int left = owner->frameGeometry().left() - ToPixels(helpDistance) - window->width();
-  const int top = owner->frameGeometry().top();
-  return {std::max(left, screen.left()),
-          std::max(screen.top(), std::min(top, screen.bottom() - window->height()))};
-}
-
-// What the logic adds to the form's height, the window gets too.
-void FormWindow::FollowSize() {
-  const double change = form->Height() - heightSeen;
-  heightSeen = form->Height();
-  if (change == 0 || window->isMaximized() || window->isFullScreen()) return;
-  sizing = true;
-  if (auto* main = qobject_cast<QMainWindow*>(window.data())) {
-    main->centralWidget()->layout()->activate();
-  }
-  window->layout()->activate();
-  window->resize(window->width(), window->height() + ToPixels(change));
-  sizing = false;
+  return {left, owner->frameGeometry().top()};
 }
 
 void FormWindow::NoteSize() {
-  heightSeen = ToTwips(window->height());
   events.Deliver([this] { form->UserResize(ToTwips(window->width()), ToTwips(window->height())); });
 }
 
@@ -129,7 +122,6 @@ void FormWindow::Changed(Control&) {
   if (dying || window.isNull()) return;
   window->setWindowTitle(ToQt(form->Caption()));
   if (window->isVisible() != form->Visible()) window->setVisible(form->Visible());
-  FollowSize();
 }
 
 void FormWindow::FocusMoved(Control& control) {
@@ -142,7 +134,10 @@ void FormWindow::MenuPopsUp(Menu& menu, Control& beside) {
 
 void FormWindow::Unloaded(Form&) {
   dying = true;
-  if (!window.isNull()) window->hide();
+  if (!window.isNull()) {
+    if (places != nullptr) places->Note(*window);
+    window->hide();
+  }
   emit Gone();
   Die();
 }

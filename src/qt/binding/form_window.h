@@ -13,6 +13,7 @@
 namespace quillmark {
 
 class QtEventLoop;
+class WindowPlaces;
 
 struct WindowRow;
 
@@ -24,9 +25,10 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
 
  public:
   // Draws the window of that row. `parent` may be null. `blocked` tells whether a modal window
-  // stands in the way. Throws std::logic_error when the window lacks what the row names.
+  // stands in the way. `places` may be null: then no place is remembered. Throws std::logic_error
+  // when the window lacks what the row names.
   FormWindow(std::shared_ptr<Form> form, const WindowRow& row, QWidget* parent, QtEventLoop& events,
-             std::function<bool()> blocked);
+             WindowPlaces* places, std::function<bool()> blocked);
   ~FormWindow() override;
 
   // Throws std::logic_error when window and form do not fit.
@@ -57,8 +59,8 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
 
  private:
   void TakeSize();
+  QRect FreeScreen() const;
   QPoint PlaceOn(const QRect& screen) const;
-  void FollowSize();
   void StayOnTop();
   void NoteSize();
   bool KeyPressed(int key);
@@ -69,12 +71,12 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
   const WindowRow& row;
   QPointer<QWidget> window;
   QtEventLoop& events;
+  WindowPlaces* places;
   std::function<bool()> blocked;
   std::unique_ptr<Binder> binder;
   std::vector<std::function<void()>> postponed;
-  int acting = 0;         // acts on the stack
-  double heightSeen = 0;  // the form's, in twips, as the window's size reflects it
-  bool sizing = false;    // the program is changing the window's size
+  int acting = 0;       // acts on the stack
+  bool sizing = false;  // the program is changing the window's size
   bool dying = false;
 };
 

@@ -13,6 +13,7 @@
 #include <QToolButton>
 #include <initializer_list>
 
+#include "qt/binding/main_layout.h"
 #include "qt/widgets/notice_line.h"
 #include "ui_frmOrvalent.h"
 
@@ -20,8 +21,8 @@ namespace quillmark {
 
 namespace {
 
-// Of the view with the tabs, in average characters.
-constexpr int tabsWidth = 96;
+// Of a panel of the status bar, in average characters.
+constexpr int leastPanelWidth = 8;
 
 // Of the progress bar in the status bar, in average characters.
 constexpr int runBarWidth = 24;
@@ -32,6 +33,8 @@ QLabel* MakePanel(const char* name, QWidget& bar) {
   panel->setTextFormat(Qt::PlainText);
   panel->setTextInteractionFlags(Qt::TextSelectableByMouse);
   panel->setIndent(panel->fontMetrics().averageCharWidth());
+  // A long text must not widen the window.
+  panel->setMinimumWidth(panel->fontMetrics().averageCharWidth() * leastPanelWidth);
   return panel;
 }
 
@@ -49,13 +52,22 @@ QProgressBar* MakeRunBar(QWidget& bar) {
   return run;
 }
 
-// A form can hold neither a spacer nor another widget in a toolbar.
+// A form can hold neither a spacer nor another widget in a toolbar. The buttons that change the
+// view, and the lamp, have a bar of their own: where there is no room for all, the other bar's last
+// buttons go into its menu, and these stay.
 void FillToolbar(QMainWindow& window, const Ui::frmOrvalent& ui) {
-  auto* gap = new QWidget(ui.tbrToolBar);
+  auto* bar = new QToolBar(&window);
+  bar->setObjectName(QStringLiteral("viewBar"));
+  bar->setMovable(false);
+  auto* gap = new QWidget(bar);
   gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-  ui.tbrToolBar->addWidget(gap);
-  ui.tbrToolBar->addWidget(ui.viewPanel);
-  ui.tbrToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+  bar->addWidget(gap);
+  bar->addWidget(ui.viewPanel);
+  bar->setMinimumWidth(bar->sizeHint().width());
+  window.addToolBar(Qt::TopToolBarArea, bar);
+  for (QToolBar* each : {ui.tbrToolBar, bar}) {
+    each->setContextMenuPolicy(Qt::PreventContextMenu);
+  }
   window.setContextMenuPolicy(Qt::NoContextMenu);
 }
 
@@ -86,12 +98,7 @@ void ShowPowerInWords(const Ui::frmOrvalent& ui) {
       [label = ui.sldPwrValue](int dBm) { label->setText(QObject::tr("%1 dBm").arg(dBm)); });
 }
 
-// The lower half keeps its size, whichever view it shows: the tasks need the greater height, the
-// tabs the greater width.
-void HoldSizes(const QMainWindow& window, const Ui::frmOrvalent& ui) {
-  ui.lowerHalf->setMinimumHeight(ui.frQuick->sizeHint().height());
-  ui.viewStack->setMinimumWidth(window.fontMetrics().averageCharWidth() * tabsWidth);
-  ui.tbrToolBar->setMinimumWidth(ui.tbrToolBar->sizeHint().width());
+void HoldSizes(const Ui::frmOrvalent& ui) {
   for (QPushButton* help : {ui.cmdRptHelp1, ui.cmdRptHelp2}) {
     help->setFixedWidth(help->fontMetrics().height() * 2);
   }
@@ -177,7 +184,8 @@ QWidget* DrawMainWindow(QWidget* parent) {
   HoldNoticeStrip(*ui.noticeStrip, *ui.NoAnswer);
   AddPresetMenu(*window, ui);
   ShowPowerInWords(ui);
-  HoldSizes(*window, ui);
+  HoldSizes(ui);
+  ShareRoom(*window, ui);
   AddFileEntries(ui);
   AddViewMenu(ui);
   PutToolbarInTabOrder(ui);

@@ -19,7 +19,7 @@ constexpr Duration modalWait = Seconds(1);
 
 }  // namespace
 
-QtWindows::QtWindows(QtEventLoop& loop) : events(loop) {}
+QtWindows::QtWindows(QtEventLoop& loop, WindowPlaces* kept) : events(loop), places(kept) {}
 QtWindows::~QtWindows() { CloseAll(); }
 
 void QtWindows::CloseAll() {
@@ -47,7 +47,7 @@ std::unique_ptr<FormWindow> QtWindows::Make(const std::shared_ptr<Form>& form, Q
   if (row == nullptr) throw std::logic_error("There is no window for " + form->Name());
   // The window asks about itself, so it must know its own address.
   const auto self = std::make_shared<FormWindow*>(nullptr);
-  auto window = std::make_unique<FormWindow>(form, *row, parent, events,
+  auto window = std::make_unique<FormWindow>(form, *row, parent, events, places,
                                              [this, self] { return Blocked(*self); });
   *self = window.get();
   window->Join();

@@ -14,12 +14,14 @@ namespace quillmark {
 
 class FormWindow;
 class QtEventLoop;
+class WindowPlaces;
 
 // Puts the logic's forms on the screen, each in the window that the registry has for it. The
 // program makes one, and closes it (CloseAll) before the logic dies.
 class QtWindows : public QObject, public Windows {
  public:
-  explicit QtWindows(QtEventLoop& events);
+  // `places` outlives it, or is null: then no window's place is remembered.
+  explicit QtWindows(QtEventLoop& events, WindowPlaces* places = nullptr);
   ~QtWindows() override;
 
   // When a form and its window do not fit, the program ends and Misfit tells why.
@@ -32,6 +34,8 @@ class QtWindows : public QObject, public Windows {
   Form* FormNamed(const std::string& name) const;
   // The main window, or null as long as it is not shown.
   QWidget* MainWindow() const;
+  // From now on no window comes up where it stood in another run, and none is remembered.
+  void ForgetPlaces() { places = nullptr; }
   // Deletes all windows.
   void CloseAll();
   // What is wrong with a window, line by line; empty as long as all fit.
@@ -44,6 +48,7 @@ class QtWindows : public QObject, public Windows {
   void NoteActive(FormWindow* window);
 
   QtEventLoop& events;
+  WindowPlaces* places;
   std::string misfit;
   std::vector<FormWindow*> open;            // in the order of their opening
   std::vector<QPointer<FormWindow>> made;   // those that are about to die included

@@ -39,6 +39,7 @@ constexpr WindowRow windows[] = {
         .Draw = DrawMainWindow,
         .Main = true,
         .Size = FirstSize::OfForm,
+        .Remembered = true,
         .TakesKeys = Keys::ToForm,
     },
     {
@@ -56,6 +57,7 @@ constexpr WindowRow windows[] = {
     {
         .Name = "frmProperties",
         .Draw = DrawDialog<Ui::frmProperties>,
+        .Stands = Place::OnScreen,
         .DefaultButton = "cmdOK",
         .EscapeClicks = "cmdCancel",
     },
@@ -129,23 +131,27 @@ constexpr WindowRow windows[] = {
         .Name = "frmZoneData",
         .Draw = DrawDialog<Ui::frmZoneData>,
         .Paints = true,
+        .Remembered = true,
         .EscapeClicks = "mnuExitScreen",
     },
     {
         .Name = "frmZoneQuality",
         .Draw = DrawDialog<Ui::frmZoneQuality>,
         .Paints = true,
+        .Remembered = true,
         .EscapeClicks = "mnuExitScreen",
     },
     {
         .Name = "frmViewer",
         .Draw = DrawViewer,
+        .Remembered = true,
         .DefaultButton = "cmdClose",
         .EscapeClicks = "cmdClose",
     },
     {
         .Name = "frmRestore",
         .Draw = DrawRestoreWindow,
+        .Remembered = true,
         .EscapeClicks = "CloseButton",
     },
 };

@@ -16,6 +16,7 @@ enum class FirstSize {
 // Where a window comes up.
 enum class Place {
   OverOwner,    // in the middle of its owner, or of the screen when it has none
+  OnScreen,     // in the middle of the screen
   BesideOwner,  // to the left of a dialog that it explains
 };
 
@@ -42,6 +43,8 @@ struct WindowRow {
   bool Passes = false;
   FirstSize Size = FirstSize::OfLayout;
   Place Stands = Place::OverOwner;
+  // Comes up where the user left it, as large as it was then. Else each time at its first place.
+  bool Remembered = false;
   Keys TakesKeys = Keys::Escape;
   // The button that Enter clicks; empty when there is none.
   std::string_view DefaultButton = {};

@@ -13,7 +13,7 @@ namespace {
 
 // Of a value, in average characters.
 constexpr int usualWidth = 30;
-constexpr int leastWidth = 20;
+constexpr int leastWidth = 10;
 
 constexpr float mutedInk = 0.65F;
 
