@@ -34,6 +34,7 @@ QuickTaskControls::QuickTaskControls(Form& form)
               {form, &frPreset, "cmdPre_4", "(Empty)"},
               {form, &frPreset, "cmdPre_5", "(Empty)"}}} {
   cmbBaud.SetText("9600");
+  for (Label* label : {&Label1, &Label2, &Label3}) label->ToolTip = "Click for more Information";
   cmdSubRemote.ToolTip = "A 'Sub-Remote' is a remote unit that talks through a repeater.";
   cmdPrint.ToolTip = "Prints radio configuration to default printer";
   for (Button& preset : cmdPre) {

@@ -23,6 +23,7 @@ frmSplash::frmSplash(EventLoop& events, Desktop& desktop, const Session& session
       Timer1(*this, "Timer1", events, 15, false),
       onUnload(std::move(unloaded)),
       tickLimit(session.SplashAboutMode ? 160 : 40) {
+  Caption = ProgramTitle;
   pBar1.Visible = !session.SplashAboutMode;
   pBar1.Min = 1;
   pBar1.Max = 40;

@@ -13,6 +13,7 @@
 #include "e2e/program_fixture.h"
 #include "qt/desktop/printing.h"
 #include "qt/desktop/qt_event_loop.h"
+#include "qt/dialogs/message_window.h"
 
 namespace quillmark {
 namespace {
@@ -108,6 +109,27 @@ TEST(MessageWindow, EnterAnswersNothingThatCannotBeUndone) {
               c.Enter);
     EXPECT_EQ(below, "This clears it.");
   }
+}
+
+// What a caption can't hold is not dropped in silence.
+TEST(InputBox, RefusesWhatTheRadiosAlphabetDoesNotHave) {
+  InputWindow box({"Name", "Title", "default"}, nullptr);
+  auto* line = box.findChild<QLineEdit*>("inputLine");
+  auto* trouble = box.findChild<QLabel*>("inputTrouble");
+  box.show();
+  const auto accept = [&](const QString& text) {
+    line->setText(text);
+    box.findChild<QPushButton*>("Ok")->click();
+    return box.result() == QDialog::Accepted;
+  };
+  EXPECT_FALSE(accept(QString::fromUtf8("5 \xE2\x82\xAC \xF0\x9F\x93\xBB \xE2\x82\xAC")));
+  EXPECT_TRUE(box.isVisible() && trouble->isVisible());
+  EXPECT_EQ(trouble->text().toStdString(),
+            "This can't be taken, because the radio's alphabet does not have: \xE2\x82\xAC "
+            "\xF0\x9F\x93\xBB");
+  line->setText("5");
+  EXPECT_FALSE(trouble->isVisible());
+  EXPECT_TRUE(accept(QString::fromUtf8("K\xC3\xBCste & 5")));
 }
 
 TEST(PrintDialog, WithoutAPrinterAsksForAPdfAndBeforeItReplacesOne) {

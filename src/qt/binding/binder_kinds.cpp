@@ -50,14 +50,16 @@ void ShowFont(const Clickable& control, QWidget& widget) {
   widget.setFont(font);
 }
 
-// An address has the theme's own colour of links in place of the logic's blue.
+// An address has the theme's own colour of links in place of the logic's blue, whichever theme that
+// is.
 void ShowColor(const Clickable& control, QWidget& widget) {
-  if (control.ForeColor() == 0) return;
-  QPalette palette = widget.palette();
-  palette.setColor(QPalette::WindowText, control.ForeColor() == linkColor
-                                             ? palette.color(QPalette::Link)
-                                             : ToColor(control.ForeColor()));
-  widget.setPalette(palette);
+  if (control.ForeColor() == linkColor) {
+    widget.setForegroundRole(QPalette::Link);
+  } else if (control.ForeColor() != 0) {
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::WindowText, ToColor(control.ForeColor()));
+    widget.setPalette(palette);
+  }
 }
 
 // The text of a menu's entry without the marks of its mnemonic.
@@ -218,9 +220,9 @@ void Binder::JoinLabel(Label& control, CaptionLabel& label) {
     ShowCommon(control, label, false);
     ShowFont(control, label);
     ShowColor(control, label);
-    label.setText(InLines(control.Text()));
-    // A label that can't be clicked has no tool tip.
-    if (!control.OnClick) label.setToolTip({});
+    const QString text = InLines(control.Text());
+    // With a buddy "&" would be a mnemonic.
+    label.setText(label.buddy() == nullptr ? text : WithoutMnemonics(text));
     label.SetClickable(control.OnClick && !Locked(control));
   });
 }

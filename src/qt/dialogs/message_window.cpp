@@ -166,7 +166,7 @@ Answer MessageWindow::Ask() {
 }
 
 InputWindow::InputWindow(const InputBox& box, QWidget* parent)
-    : QDialog(parent), line(new QLineEdit(this)) {
+    : QDialog(parent), line(new QLineEdit(this)), trouble(MakeText("", "inputTrouble", this)) {
   setObjectName(QStringLiteral("InputBox"));
   setWindowTitle(ToQt(box.Title));
   KeepInFront(*this);
@@ -180,6 +180,12 @@ InputWindow::InputWindow(const InputBox& box, QWidget* parent)
   line->selectAll();
   line->setFocus();
   column->addWidget(line);
+  trouble->hide();
+  column->addWidget(trouble);
+  // What has been mended is no longer told.
+  connect(line, &QLineEdit::textChanged, this, [this](const QString& text) {
+    if (trouble->isVisible()) TellTrouble(ForeignCharacters(text));
+  });
   auto* row = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   row->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("Ok"));
   row->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("Cancel"));
@@ -187,6 +193,20 @@ InputWindow::InputWindow(const InputBox& box, QWidget* parent)
   connect(row, &QDialogButtonBox::rejected, this, &QDialog::reject);
   column->addSpacing(fontMetrics().height() / 2);
   column->addWidget(row);
+}
+
+void InputWindow::TellTrouble(const QString& foreign) {
+  trouble->setText(
+      tr("This can't be taken, because the radio's alphabet does not have: %1").arg(foreign));
+  trouble->setVisible(!foreign.isEmpty());
+  line->setAccessibleDescription(foreign.isEmpty() ? QString() : trouble->text());
+}
+
+void InputWindow::accept() {
+  const QString foreign = ForeignCharacters(line->text());
+  TellTrouble(foreign);
+  if (foreign.isEmpty()) return QDialog::accept();
+  line->setFocus();
 }
 
 QString InputWindow::Ask() {

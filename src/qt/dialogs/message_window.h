@@ -30,7 +30,8 @@ class MessageWindow : public QDialog {
   Answer answer;
 };
 
-// Asks the user for one line.
+// Asks the user for one line. A line with characters that the radio's alphabet does not have is not
+// taken: a sentence below it ("inputTrouble") names them, and the box stays.
 class InputWindow : public QDialog {
   Q_OBJECT
 
@@ -40,8 +41,14 @@ class InputWindow : public QDialog {
   // What was typed; empty on Cancel.
   QString Ask();
 
+  void accept() override;
+
  private:
+  // Shows the sentence, or no longer.
+  void TellTrouble(const QString& foreign);
+
   QLineEdit* line;
+  QLabel* trouble;
 };
 
 }  // namespace quillmark

@@ -29,8 +29,20 @@ QString InLines(const std::string& text) {
   return lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
-QString WithoutMnemonics(const std::string& text) {
-  return ToQt(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+QString WithoutMnemonics(const std::string& text) { return WithoutMnemonics(ToQt(text)); }
+
+QString WithoutMnemonics(QString text) {
+  return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString ForeignCharacters(const QString& text) {
+  QStringList foreign;
+  // What stands outside of the first plane takes two characters of Qt's.
+  for (const char32_t point : text.toUcs4()) {
+    const QString character = QString::fromUcs4(&point, 1);
+    if (point > 0xFF && !foreign.contains(character)) foreign << character;
+  }
+  return foreign.join(QLatin1Char(' '));
 }
 
 QString PlainTip(const std::string& text) {

@@ -23,6 +23,10 @@ QString InLines(const std::string& text);
 
 // For places where Qt would take "&" as a mnemonic and the text means the character.
 QString WithoutMnemonics(const std::string& text);
+QString WithoutMnemonics(QString text);
+
+// The characters of a text that the radio's alphabet does not have, each once.
+QString ForeignCharacters(const QString& text);
 
 // For tool tips: Qt would show a text that looks like mark-up as such, and a long one on one line.
 QString PlainTip(const std::string& text);

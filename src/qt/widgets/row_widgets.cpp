@@ -1,10 +1,8 @@
 #include "qt/widgets/row_widgets.h"
 
-#include <QHelpEvent>
 #include <QStyleOptionButton>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
-#include <QToolTip>
 
 namespace quillmark {
 
@@ -83,8 +81,9 @@ void ValueLine::paintEvent(QPaintEvent* event) {
   painter.drawText(TextPlace(), Qt::AlignLeft | Qt::AlignVCenter, Shown());
 }
 
-ColumnHeading::ColumnHeading(QWidget* parent) : CaptionLabel(parent) {
+ColumnHeading::ColumnHeading(QWidget* parent) : ElidedCaption(parent) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  setAlignment(Qt::AlignLeft | Qt::AlignBottom);
 }
 
 QSize ColumnHeading::sizeHint() const {
@@ -93,27 +92,6 @@ QSize ColumnHeading::sizeHint() const {
 
 QSize ColumnHeading::minimumSizeHint() const {
   return {CharacterWidth(*this) * leastWidth, sizeHint().height()};
-}
-
-QString ColumnHeading::Shown() const {
-  QStringList lines = text().split(QLatin1Char('\n'));
-  for (QString& line : lines) {
-    line = fontMetrics().elidedText(line, Qt::ElideMiddle, contentsRect().width());
-  }
-  return lines.join(QLatin1Char('\n'));
-}
-
-bool ColumnHeading::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip || Shown() == text()) return CaptionLabel::event(event);
-  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                     QStringLiteral("<qt>%1</qt>").arg(text().toHtmlEscaped()), this);
-  return true;
-}
-
-void ColumnHeading::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setPen(Ink(*this, foregroundRole(), !isEnabled()));
-  painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignBottom, Shown());
 }
 
 }  // namespace quillmark

@@ -3,7 +3,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 
-#include "qt/widgets/clickable_text.h"
+#include "qt/widgets/elided_caption.h"
 
 namespace quillmark {
 
@@ -47,23 +47,15 @@ class ValueLine : public QLineEdit {
   bool quiet = false;
 };
 
-// The heading of a column, on two lines. One with a file's name may be longer than its column; the
-// tool tip has the whole.
-class ColumnHeading : public CaptionLabel {
+// The heading of a column, on two lines. One with a file's name may be longer than its column.
+class ColumnHeading : public ElidedCaption {
   Q_OBJECT
 
  public:
   explicit ColumnHeading(QWidget* parent = nullptr);
 
-  // The text as far as there is room for it.
-  QString Shown() const;
-
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
-
- protected:
-  bool event(QEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace quillmark

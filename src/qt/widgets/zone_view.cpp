@@ -98,6 +98,8 @@ void ZoneView::ControlChanged(const Control& control) {
     }
   }
   scaleWidth = 0;
+  // Eight digits need a wider scale than the usual ones, and the columns keep their room.
+  updateGeometry();
   TellFigures();
   update();
 }
@@ -158,7 +160,12 @@ QSize ZoneView::minimumSizeHint() const {
 }
 
 QSize ZoneView::sizeHint() const {
-  return {minimumSizeHint().width(), HeightWithMarks(usualLines)};
+  // With room for the widest scale, so that the window need not grow when it comes.
+  const int widest = QFontMetrics(ScaleFont())
+                         .horizontalAdvance(columns.size() > 1 ? QStringLiteral("100000000")
+                                                               : QStringLiteral("100"));
+  const int more = std::max(0, widest - ScaleWidth());
+  return {minimumSizeHint().width() + more, HeightWithMarks(usualLines)};
 }
 
 // Where the bars stand: between the zone's name and the two lines below them.

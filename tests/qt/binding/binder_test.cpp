@@ -191,6 +191,11 @@ TEST(Binder, AValueLooksClickableOnlyWhereItIsAndF1ExplainsIt) {
   EXPECT_EQ(window.RmdLabel->focusPolicy(), Qt::TabFocus);
   press(window.RmdLabel, Qt::Key_Space);
   EXPECT_EQ(explained, 2);
+  // A label keeps its tip where nothing happens at a click.
+  form.RmdLabel.OnClick = nullptr;
+  form.RmdLabel.Text = "R&D";
+  EXPECT_EQ(window.RmdLabel->toolTip(), "Click for more Information");
+  EXPECT_EQ(window.RmdLabel->text(), "R&&D");
 }
 
 }  // namespace
