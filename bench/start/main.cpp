@@ -21,7 +21,7 @@ int StartConsole(int argc, char* argv[]) {
   DescribeApplication("quillmark-console");
   const auto read = ReadOptions(QApplication::arguments());
   if (!std::holds_alternative<Options>(read) || !FoldersAreSound()) return 2;
-  Shell shell(std::get<Options>(read).Port);
+  Shell shell(std::get<Options>(read));
   Machine& machine = shell.Machine;
   const StoreTroubleBoxes storeTroubles(machine.Store, machine.Shown, machine.Boxes,
                                         machine.Events);

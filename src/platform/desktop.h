@@ -7,6 +7,9 @@
 
 namespace quillmark {
 
+// How light the windows are.
+enum class Theme { Light, Dark, AsDesktop };
+
 // What the desktop does for the program outside of its windows.
 class Desktop {
  public:
@@ -19,6 +22,8 @@ class Desktop {
   // the user itself when that fails.
   virtual void Print(const PrintTarget& target, const std::filesystem::path& file,
                      const std::string& title) = 0;
+  // All windows, at once.
+  virtual void UseTheme(Theme theme) = 0;
   // Today's date in the short form of the user's locale.
   virtual std::string ShortDate() const = 0;
   // The main screen's size in twips (1440 to the inch at 100 %).

@@ -5,6 +5,10 @@
 
 namespace quillmark {
 
+// The terminal's, as long as the user has chosen none.
+inline constexpr std::uint32_t DefaultTextColour = 0x990000;
+inline constexpr std::uint32_t DefaultBackColour = 0xFFFFFF;
+
 // The colours to choose from for the terminal. Values are &HBBGGRR.
 struct NamedColour {
   const char* Name;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "prefs/colours.h"
+#include "prefs/stored_preferences.h"
 #include "text/numbers.h"
 
 namespace quillmark {
@@ -35,7 +36,8 @@ std::uint32_t ColourAt(int index) { return Colours()[static_cast<std::size_t>(in
 
 }  // namespace
 
-frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, TextBox& coloured)
+frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, TextBox& coloured,
+                               Desktop& themed)
     : Form("frmPreferences"),
       ConnectOnLaunchCheck(*this, this, "ConnectOnLaunchCheck", "Connect On Application Launch"),
       KeepAliveCheck(*this, this, "KeepAliveCheck", "Keep Radio Connection Alive"),
@@ -43,13 +45,16 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
       BoldCheck(*this, this, "BoldCheck", "Use Bold Text"),
       lblTextColor(*this, this, "lblTextColor", "Text Color"),
       lblBackgroundColor(*this, this, "lblBackgroundColor", "Text Background Color"),
+      lblTheme(*this, this, "lblTheme", "Theme"),
       TextColorList(*this, this, "TextColorList", ColourNames()),
       BackgroundColorList(*this, this, "BackgroundColorList", ColourNames()),
+      ThemeList(*this, this, "ThemeList", {"Light", "Dark", "As the desktop"}),
       OKButton(*this, this, "OKButton", "OK"),
       CancelButton(*this, this, "CancelButton", "Cancel"),
       store(preferences),
       session(shared),
-      terminal(coloured) {
+      terminal(coloured),
+      desktop(themed) {
   Caption = "Preferences";
   KeepAliveCheck.ToolTip =
       "If this is checked, the software will periodically send a carriage return to the radio, "
@@ -58,6 +63,7 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
   for (ListBox* list : {&TextColorList, &BackgroundColorList}) list->ItemColours = ColourValues();
   TextColorList.SetListIndex(ColourIndex(terminal.ForeColor()));
   BackgroundColorList.SetListIndex(ColourIndex(terminal.BackColor()));
+  ThemeList.SetListIndex(static_cast<int>(StoredTheme(store)));
   ConnectOnLaunchCheck.Checked = session.ConnectOnLaunch;
   KeepAliveCheck.Checked = session.KeepAlive;
   LogoutCheck.Checked = session.LogoutOnQuit;
@@ -80,6 +86,9 @@ void frmPreferences::OKButton_Click() {
   store.Write("Preferences", "TextColor", std::to_string(terminal.ForeColor()));
   terminal.BackColor = ColourAt(BackgroundColorList.ListIndex());
   store.Write("Preferences", "BackColor", std::to_string(terminal.BackColor()));
+  const auto theme = static_cast<Theme>(ThemeList.ListIndex());
+  desktop.UseTheme(theme);
+  StoreTheme(store, theme);
   Unload();
 }
 

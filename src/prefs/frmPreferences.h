@@ -4,6 +4,7 @@
 #include "controls/clickable.h"
 #include "controls/form.h"
 #include "controls/text_box.h"
+#include "platform/desktop.h"
 #include "platform/preference_store.h"
 #include "session/session.h"
 
@@ -12,11 +13,11 @@ namespace quillmark {
 // The program's preferences. Modal; OK puts them into force and stores them.
 class frmPreferences : public Form {
  public:
-  frmPreferences(PreferenceStore& store, Session& session, TextBox& terminal);
+  frmPreferences(PreferenceStore& store, Session& session, TextBox& terminal, Desktop& desktop);
 
   CheckBox ConnectOnLaunchCheck, KeepAliveCheck, LogoutCheck, BoldCheck;
-  Label lblTextColor, lblBackgroundColor;
-  ListBox TextColorList, BackgroundColorList;
+  Label lblTextColor, lblBackgroundColor, lblTheme;
+  ListBox TextColorList, BackgroundColorList, ThemeList;
   Button OKButton, CancelButton;
 
  private:
@@ -27,6 +28,7 @@ class frmPreferences : public Form {
   PreferenceStore& store;
   Session& session;
   TextBox& terminal;
+  Desktop& desktop;
 };
 
 }  // namespace quillmark

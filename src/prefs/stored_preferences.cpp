@@ -1,16 +1,21 @@
 #include "prefs/stored_preferences.h"
 
 #include <cstdint>
+#include <iterator>
 
+#include "prefs/colours.h"
 #include "text/numbers.h"
+#include "text/text.h"
 
 namespace quillmark {
 
 namespace {
 
 constexpr bool defaultBold = true;
-constexpr std::uint32_t defaultTextColour = 0x990000;
-constexpr std::uint32_t defaultBackColour = 0xFFFFFF;
+
+// In the order of Theme.
+constexpr const char* themeNames[] = {"Light", "Dark", "Desktop"};
+static_assert(static_cast<std::size_t>(Theme::AsDesktop) + 1 == std::size(themeNames));
 
 int PortNumber(const PreferenceStore& store) {
   const auto number = NumericValue(store.Read("Properties", "CommPort", "1"));
@@ -34,8 +39,8 @@ int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBo
   const int port = PortNumber(store);
   const auto passEnabled = flag("PassEnabled", defaults.PassEnabled);
   const auto bold = flag("BoldText", defaultBold);
-  const auto textColour = colour("TextColor", defaultTextColour);
-  const auto backColour = colour("BackColor", defaultBackColour);
+  const auto textColour = colour("TextColor", DefaultTextColour);
+  const auto backColour = colour("BackColor", DefaultBackColour);
   const auto connectOnLaunch = flag("ConnectOnLaunch", defaults.ConnectOnLaunch);
   const auto keepAlive = flag("KeepAlive", defaults.KeepAlive);
   const auto logoutOnQuit = flag("LogoutOnQuit", defaults.LogoutOnQuit);
@@ -44,12 +49,24 @@ int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBo
                      keepAlive && logoutOnQuit;
   session.PassEnabled = sound ? *passEnabled : defaults.PassEnabled;
   terminal.Bold = sound ? *bold : defaultBold;
-  terminal.ForeColor = sound ? *textColour : defaultTextColour;
-  terminal.BackColor = sound ? *backColour : defaultBackColour;
+  terminal.ForeColor = sound ? *textColour : DefaultTextColour;
+  terminal.BackColor = sound ? *backColour : DefaultBackColour;
   session.ConnectOnLaunch = sound ? *connectOnLaunch : defaults.ConnectOnLaunch;
   session.KeepAlive = sound ? *keepAlive : defaults.KeepAlive;
   session.LogoutOnQuit = sound ? *logoutOnQuit : defaults.LogoutOnQuit;
   return port;
+}
+
+Theme StoredTheme(const PreferenceStore& store) {
+  const std::string stored = store.Read("Preferences", "Theme", "Desktop");
+  for (std::size_t i = 0; i < std::size(themeNames); ++i) {
+    if (EqualAnyCase(stored, themeNames[i])) return static_cast<Theme>(i);
+  }
+  return Theme::AsDesktop;
+}
+
+void StoreTheme(PreferenceStore& store, Theme theme) {
+  store.Write("Preferences", "Theme", themeNames[static_cast<std::size_t>(theme)]);
 }
 
 }  // namespace quillmark

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/text_box.h"
+#include "platform/desktop.h"
 #include "platform/preference_store.h"
 #include "session/session.h"
 
@@ -11,5 +12,9 @@ namespace quillmark {
 // their defaults for this run; the store is left as it is. Returns the number of the serial port, 1
 // when none from 1 to 16 is stored.
 int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBox& terminal);
+
+// The stored theme; that of the desktop when none is stored that can be read.
+Theme StoredTheme(const PreferenceStore& store);
+void StoreTheme(PreferenceStore& store, Theme theme);
 
 }  // namespace quillmark

@@ -6,7 +6,23 @@
 
 namespace quillmark {
 
-Machine::Machine(const std::string& device, Duration longestSleep)
+namespace {
+
+// What the command line says about preferences, as the store would have it.
+std::vector<RunPreferences::Entry> NamedIn(const Options& options, PortNumbers& numbers) {
+  std::vector<RunPreferences::Entry> named;
+  if (!options.Port.empty()) {
+    const int number = numbers.NumberFor(options.Port);
+    named.push_back({"Properties", "CommPort", std::to_string(number)});
+    named.push_back({"Preferences", "ConnectOnLaunch", "True"});
+  }
+  if (options.Dark) named.push_back({"Preferences", "Theme", "Dark"});
+  return named;
+}
+
+}  // namespace
+
+Machine::Machine(const Options& options, Duration longestSleep)
     : Events(longestSleep),
       Store(IniPreferenceStore::UsualFile()),
       Numbers(Store, {FindPorts, DeviceExists, QDateTime::currentSecsSinceEpoch,
@@ -16,12 +32,11 @@ Machine::Machine(const std::string& device, Duration longestSleep)
       Places(WindowPlaces::UsualFile()),
       Shown(Events, &Places),
       Boxes(Events) {
-  if (!device.empty()) Named.emplace(Store, Numbers.NumberFor(device));
+  Named.emplace(Store, NamedIn(options, Numbers));
 }
 
 Platform Machine::AsPlatform(Dialogs& dialogs) {
   Screen.TellThrough(dialogs);
-  PreferenceStore& kept = Named ? static_cast<PreferenceStore&>(*Named) : Store;
   return {
       .Events = Events,
       .Dialogs = dialogs,
@@ -29,7 +44,7 @@ Platform Machine::AsPlatform(Dialogs& dialogs) {
       .MSComm1 = First,
       .MSComm2 = Second,
       .Ports = Numbers,
-      .Preferences = kept,
+      .Preferences = *Named,
       .Files = Files,
       .Desktop = Screen,
       .Random = Chance,

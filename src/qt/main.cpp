@@ -2,7 +2,6 @@
 #include <cstdio>
 #include <memory>
 
-#include "qt/desktop/theme.h"
 #include "qt/dialogs/store_trouble_boxes.h"
 #include "qt/options.h"
 #include "qt/shell.h"
@@ -13,8 +12,7 @@ namespace {
 
 int Run(const Options& options) {
   if (!FoldersAreSound()) return 2;
-  if (options.Dark) UseDarkTheme();
-  Shell shell(options.Port);
+  Shell shell(options);
   Machine& machine = shell.Machine;
   const StoreTroubleBoxes storeTroubles(machine.Store, machine.Shown, machine.Boxes,
                                         machine.Events);

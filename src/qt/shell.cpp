@@ -34,8 +34,8 @@ bool FoldersAreSound() {
   return !trouble;
 }
 
-Shell::Shell(const std::string& device, Dialogs* boxes)
-    : Machine(device),
+Shell::Shell(const Options& options, Dialogs* boxes)
+    : Machine(options),
       Platform(Machine.AsPlatform(boxes != nullptr ? *boxes : Machine.Boxes)),
       Console(Platform) {}
 

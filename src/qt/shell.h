@@ -4,6 +4,7 @@
 
 #include "platform/platform.h"
 #include "qt/machine.h"
+#include "qt/options.h"
 #include "start/console.h"
 
 namespace quillmark {
@@ -20,7 +21,7 @@ class Shell {
  public:
   // With a device named, this run uses that one and connects at once. With `boxes` given, those
   // answer in place of the desktop's.
-  explicit Shell(const std::string& device, Dialogs* boxes = nullptr);
+  explicit Shell(const Options& options, Dialogs* boxes = nullptr);
   // Closes all windows.
   ~Shell();
 

@@ -145,6 +145,11 @@ void Console::Refresh() {
 }
 
 void Console::Start() {
+  platform.Desktop.UseTheme(StoredTheme(platform.Preferences));
+  ShowSplash();
+}
+
+void Console::ShowSplash() {
   const auto window = std::make_shared<frmSplash>(platform.Events, platform.Desktop, session,
                                                   [this] { ShowMain(); });
   splash = window;
@@ -153,7 +158,7 @@ void Console::Start() {
 
 void Console::mnuAbout_Click() {
   session.SplashAboutMode = true;
-  Start();
+  ShowSplash();
   main->Enabled = false;
 }
 
@@ -194,8 +199,9 @@ void Console::mnuProperties_Click() {
 }
 
 void Console::mnuPreferences_Click() {
-  platform.Windows.ShowModal(
-      std::make_shared<frmPreferences>(platform.Preferences, session, main->txtTerm), *main);
+  platform.Windows.ShowModal(std::make_shared<frmPreferences>(platform.Preferences, session,
+                                                              main->txtTerm, platform.Desktop),
+                             *main);
 }
 
 void Console::Form_Unload() {

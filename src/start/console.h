@@ -53,6 +53,7 @@ class Console {
   std::function<void()> OnReadCycleDone;
 
  private:
+  void ShowSplash();
   void Form_Load();
   void ShowMain();
   void WireLink();

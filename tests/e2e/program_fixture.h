@@ -184,7 +184,7 @@ class Program : public testing::Test {
   void Launch() {
     if (machine) machine->Shown.CloseAll();
     console.reset();
-    machine.emplace("", longestSleep);
+    machine.emplace(Options(), longestSleep);
     platform.emplace(machine->AsPlatform(machine->Boxes));
     console.emplace(*platform);
     console->OnReadCycleDone = [this] { ++readCycles; };

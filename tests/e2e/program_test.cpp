@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabBar>
 #include <QTimer>
 #include <QToolButton>
@@ -161,6 +162,7 @@ TEST_F(Program, AModalWindowBlocksItsOwnerAndLetsTimersTick) {
   Prefer("False");
   Launch();
   bool looked = false;
+  window->move(-100, 50);
   const QString clock = Find<QLabel>("pnl_ConnectTime").text();
   QTimer::singleShot(0, [&] {
     machine->Events.Deliver([&] {
@@ -173,6 +175,9 @@ TEST_F(Program, AModalWindowBlocksItsOwnerAndLetsTimersTick) {
       EXPECT_TRUE(Until([&] { return Find<QLabel>("pnl_ConnectTime").text() != clock; }, 3));
       looked = true;
       QWidget* dialog = machine->Shown.WindowOf(*setup);
+      // In the middle of the screen, wherever its owner stands.
+      const QPoint off = dialog->geometry().center() - dialog->screen()->geometry().center();
+      EXPECT_LE(off.manhattanLength(), 6);
       QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
       QCoreApplication::sendEvent(dialog, &escape);
     });
@@ -212,7 +217,7 @@ TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   EXPECT_THAT(table, HasSubstr("\nStore and Forward Settings\n"
                                "  Store and Forward         SAF OFF\n"));
   EXPECT_THAT(table, HasSubstr("  Radio Mode                MODE M\n"));
-  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 34);
+  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 36);
 
   // A radio that was never connected is logged out all the same.
   Prefer("False");
@@ -257,7 +262,7 @@ TEST_F(Program, TellsOfADamagedPreferencesFileWhenTheMainWindowIsUp) {
   const auto file = IniPreferenceStore::UsualFile();
   std::filesystem::create_directories(file.parent_path());
   std::ofstream(file) << '\x01';
-  machine.emplace("", longestSleep);
+  machine.emplace(Options(), longestSleep);
   platform.emplace(machine->AsPlatform(machine->Boxes));
   console.emplace(*platform);
   const StoreTroubleBoxes troubles(machine->Store, machine->Shown, machine->Boxes, machine->Events);

@@ -6,6 +6,8 @@
 #include <algorithm>
 
 #include "e2e/program_fixture.h"
+#include "prefs/colours.h"
+#include "qt/desktop/contrast.h"
 #include "qt/window_forms.h"
 #include "settings/frmDLINKOptions.h"
 
@@ -95,7 +97,7 @@ TEST_F(Program, TheTabKeyFollowsTheEye) {
       {"frmDTYPEOptions", "NodeButton CancelButton RootButton"},
       {"frmPreferences",
        "ConnectOnLaunchCheck KeepAliveCheck LogoutCheck BoldCheck TextColorList "
-       "BackgroundColorList OKButton CancelButton"},
+       "BackgroundColorList ThemeList OKButton CancelButton"},
       {"frmDLINKOptions", "OnOption_1 BaudRate_4 OKButton CancelButton"},
   };
   WindowForms forms{*platform, *console};
@@ -123,6 +125,7 @@ TEST_F(Program, PreferencesAreSeenAtOnceAndStandInTheFile) {
     Press(*window.findChild<QComboBox*>("TextColorList"), Qt::Key_Down);
     Press(*window.findChild<QComboBox*>("BackgroundColorList"), Qt::Key_Down);
     window.findChild<QAbstractButton*>("BoldCheck")->click();
+    Press(*window.findChild<QComboBox*>("ThemeList"), Qt::Key_Up);
   };
   Hand hand;
   hand.Plan("frmPreferences", [&](QWidget& window) {
@@ -142,9 +145,25 @@ TEST_F(Program, PreferencesAreSeenAtOnceAndStandInTheFile) {
   EXPECT_EQ(terminal.palette().color(QPalette::Text), QColor(255, 0, 0));
   EXPECT_EQ(terminal.palette().color(QPalette::Base), QColor(0, 0, 0));
   EXPECT_FALSE(terminal.font().bold());
+  EXPECT_TRUE(IsDark(QApplication::palette()));
 
   IniPreferenceStore store(IniPreferenceStore::UsualFile());
   EXPECT_EQ(store.Read("Preferences", "TextColor", "none"), "255");
+  EXPECT_EQ(store.Read("Preferences", "Theme", "none"), "Dark");
+
+  // Colours that nobody has chosen give way to a dark theme, and come back with a light one.
+  console->Main().txtTerm.ForeColor = DefaultTextColour;
+  console->Main().txtTerm.BackColor = DefaultBackColour;
+  EXPECT_TRUE(IsDark(terminal.palette()));
+  EXPECT_LT(terminal.palette().color(QPalette::Base).lightness(), 64);
+  platform->Desktop.UseTheme(Theme::Light);
+  machine->Events.Pump();
+  EXPECT_EQ(terminal.palette().color(QPalette::Text), QColor(0, 0, 0x99));
+  EXPECT_EQ(terminal.palette().color(QPalette::Base), QColor(Qt::white));
+  platform->Desktop.UseTheme(Theme::Dark);
+  machine->Events.Pump();
+  EXPECT_LT(terminal.palette().color(QPalette::Base).lightness(), 64);
+  platform->Desktop.UseTheme(Theme::AsDesktop);
 }
 
 }  // namespace

@@ -35,6 +35,11 @@ TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
     }
     EXPECT_TRUE(Edit("TextColorList", "Light Yellow"));
     EXPECT_TRUE(Edit("BackgroundColorList", "Black"));
+    EXPECT_EQ(As<ListBox>("ThemeList").Items(),
+              (std::vector<std::string>{"Light", "Dark", "As the desktop"}));
+    EXPECT_EQ(Text("ThemeList"), "As the desktop");
+    EXPECT_TRUE(Edit("ThemeList", "Dark"));
+    EXPECT_EQ(DesktopSeen().Used, Theme::AsDesktop);
     EXPECT_FALSE(Shared().ConnectOnLaunch);  // not before OK
     EXPECT_TRUE(Click("OKButton"));
   });
@@ -45,6 +50,7 @@ TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
     EXPECT_FALSE(Main().txtTerm.Bold());
     EXPECT_EQ(Main().txtTerm.ForeColor(), 0xD2FAFAU);
     EXPECT_EQ(Main().txtTerm.BackColor(), 0U);
+    EXPECT_EQ(DesktopSeen().Used, Theme::Dark);
   };
   expectInForce();
   Restart();
@@ -55,6 +61,7 @@ TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
   });
   expectInForce();
   EXPECT_EQ(Stored("Preferences", "TextColor"), std::to_string(0xD2FAFA));
+  EXPECT_EQ(Stored("Preferences", "Theme"), "Dark");
   // A colour of no row leaves the list at its first.
   Main().txtTerm.ForeColor = 0x123456;
   InWindow("mnuPreferences", "frmPreferences", [&] {

@@ -48,7 +48,9 @@ struct WindowForms {
         {"frmSplash",
          [&] { return Of<frmSplash>(Platform.Events, Platform.Desktop, Shared, [] {}); }},
         {"frmPreferences",
-         [&] { return Of<frmPreferences>(Platform.Preferences, Shared, Main.txtTerm); }},
+         [&] {
+           return Of<frmPreferences>(Platform.Preferences, Shared, Main.txtTerm, Platform.Desktop);
+         }},
         {"frmProperties", [&] { return Of<frmProperties>(Platform, Shared, Main, [] {}); }},
         {"frmDLINKOptions", [&] { return Of<frmDLINKOptions>(Platform, Main, Talk); }},
         {"frmDTYPEOptions", [&] { return Of<frmDTYPEOptions>(Platform, Main, Talk); }},

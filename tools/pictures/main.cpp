@@ -6,7 +6,6 @@
 #include <string>
 
 #include "pictures/report.h"
-#include "qt/desktop/theme.h"
 #include "qt/shell.h"
 
 namespace quillmark {
@@ -16,8 +15,7 @@ namespace {
 // What the command line asks for.
 struct Wanted {
   std::string Folder;
-  std::string Port;
-  bool Dark = false;
+  quillmark::Options Options;
 };
 
 // Ends the program on arguments that it does not know.
@@ -35,8 +33,8 @@ Wanted ReadArguments() {
   parser.addHelpOption();
   parser.process(*QCoreApplication::instance());
   if (parser.positionalArguments().size() != 1) parser.showHelp(2);
-  return {parser.positionalArguments().front().toStdString(), parser.value(port).toStdString(),
-          parser.isSet(dark)};
+  return {parser.positionalArguments().front().toStdString(),
+          {.Port = parser.value(port).toStdString(), .Dark = parser.isSet(dark)}};
 }
 
 QtMessageHandler usualMessages = nullptr;
@@ -52,10 +50,9 @@ void IgnorePlatformChatter() {
 
 int TakePictures(const Wanted& wanted) {
   if (!FoldersAreSound()) return 2;
-  if (wanted.Dark) UseDarkTheme();
   IgnorePlatformChatter();
   ReportDialogs silentBoxes;
-  Shell shell(wanted.Port, &silentBoxes);
+  Shell shell(wanted.Options, &silentBoxes);
   shell.Machine.Shown.ForgetPlaces();
   Report report(shell.Console, shell.Platform, shell.Machine.Shown, silentBoxes, wanted.Folder);
   silentBoxes.OnTrouble = [&report] { report.GiveUp("The radio could not be read."); };

@@ -43,6 +43,22 @@ void WindowPictures::TakeMain() {
     Picture(main, "tab-" + std::to_string(tab) + "-" + FileName(title));
   }
   main.ButtonAdv.Click();
+  TakeSmallMain();
+}
+
+// As on the smallest screen.
+void WindowPictures::TakeSmallMain() {
+  frmOrvalent& main = console.Main();
+  QWidget* window = windows.WindowOf(main);
+  if (window == nullptr) return;
+  const QSize usual = window->size();
+  window->resize(640, 480);
+  Picture(main, "quick-tasks-640x480");
+  main.ButtonAdv.Click();
+  main.SettingsTab.UserSelect(1);
+  Picture(main, "tab-1-640x480");
+  main.ButtonAdv.Click();
+  window->resize(usual);
 }
 
 // A grab of the window lacks what stands over it.

@@ -34,6 +34,7 @@ class WindowPictures {
 
   void TellMissing() const;
   void TakeMain();
+  void TakeSmallMain();
   void TakeBoxes();
   void TakeOptionWindows();
   void TakeShellWindows();

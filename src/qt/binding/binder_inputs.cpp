@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 
+#include "prefs/colours.h"
 #include "qt/binding/binder.h"
 #include "qt/text/latin1.h"
 #include "qt/widgets/colors.h"
@@ -67,20 +68,18 @@ void ShowSecrecy(const TextBox& control, QLineEdit& line) {
                                       : QString());
 }
 
-// How the terminal writes.
-struct Style {
-  std::uint32_t Ink, Paper;  // &HBBGGRR
-  bool Bold;
-  bool operator==(const Style&) const = default;
-};
+// Both colours together are the user's choice: one may suit only the other.
+TerminalView::Style StyleOf(const TextBox& control) {
+  return {.Ink = ToColor(control.ForeColor()),
+          .Paper = ToColor(control.BackColor()),
+          .Chosen =
+              control.ForeColor() != DefaultTextColour || control.BackColor() != DefaultBackColour};
+}
 
-void SetStyle(QWidget& widget, const Style& style) {
-  QPalette palette = widget.palette();
-  palette.setColor(QPalette::Text, ToColor(style.Ink));
-  palette.setColor(QPalette::Base, ToColor(style.Paper));
-  widget.setPalette(palette);
+void SetBold(QWidget& widget, bool bold) {
+  if (widget.font().bold() == bold) return;
   QFont font = widget.font();
-  font.setBold(style.Bold);
+  font.setBold(bold);
   widget.setFont(font);
 }
 
@@ -116,14 +115,16 @@ void Binder::JoinTerminal(TextBox& control, TerminalView& terminal) {
   connect(&terminal, &TerminalView::Typed, this, [this, &control](const std::string& characters) {
     ActOn(control, [&control, characters] { control.UserType(characters); });
   });
-  Follow(control, [this, &control, &terminal, shown = std::optional<Style>()]() mutable {
-    ShowCommon(control, terminal);
-    // This runs for each text that arrives. The style rarely changes.
-    const Style style{control.ForeColor(), control.BackColor(), control.Bold()};
-    if (shown != style) SetStyle(terminal, style);
-    shown = style;
-    terminal.Follow(control.Text());
-  });
+  Follow(control,
+         [this, &control, &terminal, shown = std::optional<TerminalView::Style>()]() mutable {
+           ShowCommon(control, terminal);
+           // This runs for each text that arrives. The style rarely changes.
+           const TerminalView::Style style = StyleOf(control);
+           if (shown != style) terminal.SetStyle(style);
+           shown = style;
+           SetBold(terminal, control.Bold());
+           terminal.Follow(control.Text());
+         });
 }
 
 void Binder::JoinReading(TextBox& control, QPlainTextEdit& page) {

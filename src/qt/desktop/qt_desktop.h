@@ -9,6 +9,7 @@
 #include "platform/desktop.h"
 #include "platform/program_files.h"
 #include "platform/random_source.h"
+#include "qt/desktop/theme.h"
 
 namespace quillmark {
 
@@ -22,12 +23,14 @@ class QtDesktop : public Desktop {
   void Beep() override;
   void Print(const PrintTarget& target, const std::filesystem::path& file,
              const std::string& title) override;
+  void UseTheme(Theme theme) override { setter.Use(theme); }
   std::string ShortDate() const override;
   double ScreenWidth() const override;
   double ScreenHeight() const override;
 
  private:
   Dialogs* dialogs = nullptr;
+  ThemeSetter setter;
 };
 
 // Shipped files lie in share/quillmark-console, beside the program's folder when it is installed

@@ -2,6 +2,10 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QStyle>
+#include <span>
+
+#include "qt/desktop/contrast.h"
 
 namespace quillmark {
 
@@ -14,7 +18,7 @@ struct Role {
   QRgb WhenDisabled;
 };
 
-constexpr Role roles[] = {
+constexpr Role dark[] = {
     {QPalette::Window, 0xFF2B2E33, 0xFF2B2E33},
     {QPalette::WindowText, 0xFFE6E8EB, 0xFF868C95},
     {QPalette::Base, 0xFF202327, 0xFF272A2F},
@@ -37,24 +41,82 @@ constexpr Role roles[] = {
     {QPalette::LinkVisited, 0xFFB79BE8, 0xFF868C95},
 };
 
+// The same, for a desktop that is dark where the user wants light windows.
+constexpr Role light[] = {
+    {QPalette::Window, 0xFFEFEFEF, 0xFFEFEFEF},
+    {QPalette::WindowText, 0xFF000000, 0xFF6A6A6A},
+    {QPalette::Base, 0xFFFFFFFF, 0xFFEFEFEF},
+    {QPalette::AlternateBase, 0xFFF7F7F7, 0xFFF7F7F7},
+    {QPalette::Text, 0xFF000000, 0xFF6A6A6A},
+    {QPalette::PlaceholderText, 0xFF6A6A6A, 0xFF6A6A6A},
+    {QPalette::Button, 0xFFEFEFEF, 0xFFEFEFEF},
+    {QPalette::ButtonText, 0xFF000000, 0xFF6A6A6A},
+    {QPalette::BrightText, 0xFFFFFFFF, 0xFFFFFFFF},
+    {QPalette::ToolTipBase, 0xFFFFFFDC, 0xFFFFFFDC},
+    {QPalette::ToolTipText, 0xFF000000, 0xFF000000},
+    {QPalette::Light, 0xFFFFFFFF, 0xFFFFFFFF},
+    {QPalette::Midlight, 0xFFCACACA, 0xFFCACACA},
+    {QPalette::Mid, 0xFFB8B8B8, 0xFFB8B8B8},
+    {QPalette::Dark, 0xFF9F9F9F, 0xFFBEBEBE},
+    {QPalette::Shadow, 0xFF767676, 0xFFB1B1B1},
+    {QPalette::Highlight, 0xFF2878AC, 0xFF919191},
+    {QPalette::HighlightedText, 0xFFFFFFFF, 0xFFFFFFFF},
+    {QPalette::Link, 0xFF0000FF, 0xFF6A6A6A},
+    {QPalette::LinkVisited, 0xFF8000B0, 0xFF6A6A6A},
+};
+
 // The style draws the rim of check boxes and radio buttons darker than the ground, which is lost on
 // a dark one; so they are filled with a lighter colour.
 constexpr QRgb indicatorFill = 0xFF4C525A;
 constexpr QRgb indicatorFillWhenDisabled = 0xFF363A40;
 
-}  // namespace
+constexpr const char* indicators[] = {"QCheckBox", "QRadioButton"};
 
-void UseDarkTheme() {
-  QApplication::setStyle(QStringLiteral("Fusion"));
+QPalette Colors(std::span<const Role> roles) {
   QPalette palette;
   for (const Role& role : roles) {
     palette.setColor(role.Colored, QColor::fromRgb(role.Color));
     palette.setColor(QPalette::Disabled, role.Colored, QColor::fromRgb(role.WhenDisabled));
   }
-  QApplication::setPalette(palette);
+  return palette;
+}
+
+void UseStyle(const QString& name) {
+  if (QApplication::style()->name() != name) QApplication::setStyle(name);
+}
+
+void FillIndicators(QPalette palette) {
   palette.setColor(QPalette::Base, QColor::fromRgb(indicatorFill));
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor::fromRgb(indicatorFillWhenDisabled));
-  for (const char* kind : {"QCheckBox", "QRadioButton"}) QApplication::setPalette(palette, kind);
+  for (const char* kind : indicators) QApplication::setPalette(palette, kind);
+}
+
+}  // namespace
+
+ThemeSetter::ThemeSetter() : usualStyle(QApplication::style()->name()) {
+  connect(&scheme, &DesktopScheme::Changed, this, &ThemeSetter::Apply);
+}
+
+void ThemeSetter::Use(Theme next) {
+  wanted = next;
+  Apply();
+}
+
+void ThemeSetter::Apply() {
+  UseStyle(usualStyle);
+  QApplication::setPalette(QPalette());
+  for (const char* kind : indicators) QApplication::setPalette(QPalette(), kind);
+  const bool desktopIsDark = IsDark(QApplication::palette());
+  const bool asksForDark = desktopIsDark || scheme.PrefersDark();
+  const bool useDark = wanted == Theme::Dark || (wanted == Theme::AsDesktop && asksForDark);
+  QPalette palette = QApplication::palette();
+  if (useDark != desktopIsDark) {
+    UseStyle(QStringLiteral("fusion"));
+    palette = useDark ? Colors(dark) : Colors(light);
+  }
+  palette = Readable(palette);
+  QApplication::setPalette(palette);
+  if (useDark && !desktopIsDark) FillIndicators(palette);
 }
 
 }  // namespace quillmark

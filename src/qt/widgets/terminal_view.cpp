@@ -11,6 +11,7 @@
 #include <QTextBlock>
 #include <algorithm>
 
+#include "qt/desktop/contrast.h"
 #include "qt/text/latin1.h"
 
 namespace quillmark {
@@ -94,6 +95,29 @@ TerminalView::TerminalView(QWidget* parent) : QPlainTextEdit(parent) {
 QSize TerminalView::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
   return {metrics.averageCharWidth() * 80, metrics.lineSpacing() * 12};
+}
+
+void TerminalView::SetStyle(const Style& next) {
+  style = next;
+  ShowStyle();
+}
+
+// A palette of its own lacks what the theme changes later, but for the other colours in it.
+void TerminalView::ShowStyle() {
+  const bool giveWay = !style.Chosen && IsDark(QApplication::palette());
+  QPalette own;
+  if (!giveWay) {
+    own.setColor(QPalette::Text, style.Ink);
+    own.setColor(QPalette::Base, style.Paper);
+  }
+  themed = giveWay;
+  setPalette(own);
+}
+
+void TerminalView::changeEvent(QEvent* event) {
+  const bool giveWay = !style.Chosen && IsDark(QApplication::palette());
+  if (event->type() == QEvent::PaletteChange && giveWay != themed) ShowStyle();
+  QPlainTextEdit::changeEvent(event);
 }
 
 void TerminalView::Follow(const std::string& text) {

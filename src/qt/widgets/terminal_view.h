@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QPlainTextEdit>
 #include <QTimer>
 #include <string>
@@ -25,6 +26,15 @@ class TerminalView : public QPlainTextEdit {
   // Shows it now.
   void Flush();
 
+  // How it writes. Colours that nobody has chosen give way to the theme's where that is dark.
+  struct Style {
+    QColor Ink;
+    QColor Paper;
+    bool Chosen = true;
+    bool operator==(const Style&) const = default;
+  };
+  void SetStyle(const Style& next);
+
   QSize sizeHint() const override;
 
  signals:
@@ -37,6 +47,7 @@ class TerminalView : public QPlainTextEdit {
   void resizeEvent(QResizeEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void Paste();
@@ -44,7 +55,11 @@ class TerminalView : public QPlainTextEdit {
   void ShowChange(const std::string& next);
   void Replace(std::size_t keep, std::size_t until, const std::string& with);
 
+  void ShowStyle();
+
   QTimer batch;
+  Style style;
+  bool themed = true;    // it has the theme's colours
   std::string followed;  // the text to be shown
   std::string shown;     // what the document holds, as the control's bytes
 };

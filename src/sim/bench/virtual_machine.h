@@ -59,6 +59,7 @@ class RecordingDesktop : public Desktop {
   void Beep() override { ++Beeps; }
   void Print(const PrintTarget& target, const std::filesystem::path& file,
              const std::string& title) override;
+  void UseTheme(Theme theme) override { Used = theme; }
   std::string ShortDate() const override { return Date; }
   double ScreenWidth() const override { return 28800; }
   double ScreenHeight() const override { return 16200; }
@@ -74,6 +75,7 @@ class RecordingDesktop : public Desktop {
   std::vector<std::string> Addresses;
   std::vector<Printed> Prints;
   int Beeps = 0;
+  std::optional<Theme> Used;  // last
   std::string Date = "11/22/2026";
 };
 

@@ -7,8 +7,8 @@
 #include <fstream>
 #include <set>
 
-#include "qt/serial/named_port_preferences.h"
 #include "qt/store/ini_preference_store.h"
+#include "qt/store/run_preferences.h"
 
 namespace quillmark {
 namespace {
@@ -111,7 +111,8 @@ TEST_F(PortsOfAMachine, WhenAllAreTakenTheOneAbsentLongestIsGivenAgain) {
 // "OK" in the preferences window writes all that it shows.
 TEST_F(PortsOfAMachine, APortNamedForOneRunIsNeverStored) {
   store.Write("Properties", "CommPort", "2");
-  NamedPortPreferences named(store, 7);
+  RunPreferences named(
+      store, {{"Properties", "CommPort", "7"}, {"Preferences", "ConnectOnLaunch", "True"}});
   EXPECT_EQ(named.Read("Properties", "CommPort", "1"), "7");
   named.Write("Properties", "CommPort", "7");
   named.Write("Preferences", "ConnectOnLaunch", "True");

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/preference_store.h"
+#include "qt/store/ini_preference_store.h"
+
+namespace quillmark {
+
+// The user's preferences for a run with some of them named on the command line. What the user
+// chooses goes to the store; what the command line says never does.
+class RunPreferences : public PreferenceStore {
+ public:
+  using Entry = IniPreferenceStore::Entry;
+
+  // `kept` outlives it.
+  RunPreferences(PreferenceStore& kept, std::vector<Entry> named)
+      : store(kept), entries(std::move(named)) {}
+
+  std::string Read(const std::string& section, const std::string& key,
+                   const std::string& fallback) const override {
+    const Entry* named = Named(section, key);
+    return named != nullptr ? named->Value : store.Read(section, key, fallback);
+  }
+  void Write(const std::string& section, const std::string& key,
+             const std::string& value) override {
+    // A window writes all that it shows, also what nobody has changed.
+    const Entry* named = Named(section, key);
+    if (named == nullptr || named->Value != value) store.Write(section, key, value);
+  }
+
+ private:
+  const Entry* Named(const std::string& section, const std::string& key) const {
+    const auto found = std::ranges::find_if(
+        entries, [&](const Entry& entry) { return entry.Section == section && entry.Key == key; });
+    return found == entries.end() ? nullptr : &*found;
+  }
+
+  PreferenceStore& store;
+  std::vector<Entry> entries;
+};
+
+}  // namespace quillmark
