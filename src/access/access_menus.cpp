@@ -65,6 +65,7 @@ bool AccessMenus::RadioTakesChanges() {
   const int began = radio.Epoch();
   const LoginState state = ProbeLogin(radio, probe, [this](LoginState found) {
     main.txtTerm.Text = "";
+    main.ShowRefusesChanges(found == LoginState::Denied);
     if (found != LoginState::Denied) return;
     platform.Dialogs.Message(
         {"Error! You are not currently logged in, and therefore will not be able "

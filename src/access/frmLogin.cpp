@@ -81,6 +81,7 @@ void frmLogin::SendAndJudge() {
   if (pass) {
     main.tbr_Login.Enabled = false;
     main.tbr_Logout.Enabled = true;
+    main.ShowRefusesChanges(false);
   }
   Accept(pass ? "*** PASSWORD ACCEPTED ***" : "*** ENCRYPTION CODE ACCEPTED ***");
 }

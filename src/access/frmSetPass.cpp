@@ -134,6 +134,7 @@ void frmSetPass::End(const char* notice) {
 void frmSetPass::ShowState(bool protectedNow) {
   main.tbr_Login.Enabled = !protectedNow;
   main.tbr_Logout.Enabled = protectedNow;
+  main.ShowRefusesChanges(false);
   StorePassEnabled(protectedNow);
 }
 

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "text/text.h"
+
 namespace quillmark {
 
 namespace {
@@ -31,7 +33,8 @@ frmOrvalent::frmOrvalent(EventLoop& events, std::span<const Setting> settings)
       imgNotConnected(*this, &Frame1, "imgNotConnected"),
       Timer1(*this, "Timer1", events, 1000, false),
       Timer2(*this, "Timer2", events, 2000, false),
-      tmrPortTO(*this, "tmrPortTO", events, 2000, false) {
+      tmrPortTO(*this, "tmrPortTO", events, 2000, false),
+      Sent(settings) {
   txtTerm.ToolTip = "Terminal Window to radio.";
   ButtonZoneData.ToolTip = "Click to get Zone Data statistics.";
   ButtonZoneData.Enabled = false;
@@ -84,6 +87,22 @@ void frmOrvalent::StackSettingFrames() {
     NetSet[i].Width = NetSet[0].Width();
     NetSet[i].Height = NetSet[0].Height();
   }
+}
+
+void frmOrvalent::RadioAnswered(const std::string& line, bool taken, const std::string& words) {
+  if (!Sent.Answered(line, taken, words)) return;
+  if (taken || Contains(words, "DENIED")) ShowRefusesChanges(!taken);
+}
+
+void frmOrvalent::ShowRefusesChanges(bool refuses) {
+  if (!refuses) {
+    NotLoggedIn.Drop();
+    return;
+  }
+  // The radio may refuse although the toolbar has seen a login.
+  NotLoggedIn.Tell("Not logged in: the radio refuses changes", [this] {
+    if (!tbr_Login.Click()) mnuAccessCode.Click();
+  });
 }
 
 void frmOrvalent::Form_Close() {

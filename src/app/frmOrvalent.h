@@ -13,6 +13,7 @@
 #include "controls/text_box.h"
 #include "controls/timer.h"
 #include "platform/event_loop.h"
+#include "runs/sent_settings.h"
 #include "session/session.h"
 
 namespace quillmark {
@@ -36,6 +37,9 @@ class frmOrvalent : public Form,
   Lamp imgConnected, imgNotConnected;
   Timer Timer1, Timer2, tmrPortTO;
 
+  // What was sent to the radio last.
+  SentSettings Sent;
+
   bool ResizeEnabled = true;
   bool TerminalShown = true;
   bool AdvancedShown = false;
@@ -45,6 +49,13 @@ class frmOrvalent : public Form,
   void ToggleTerminal();
   void ButtonAdv_Click();
   void SettingsTab_Click();
+
+  // The radio has answered to a line, in its own words: the last settings sent and the notice on
+  // the login follow.
+  void RadioAnswered(const std::string& line, bool taken, const std::string& words);
+  // The radio refuses changes as nobody is logged in: a notice tells it, whose click opens the
+  // login. Or it does not, and the notice goes.
+  void ShowRefusesChanges(bool refuses);
 
   // What the close box does.
   std::function<void()> OnClose;

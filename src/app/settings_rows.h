@@ -21,6 +21,7 @@ class SettingRow : public ValueField {
 
   const Setting& What;
   Label Caption;
+  bool CameLast = false;  // the last read has brought a value
 
   void Show(bool shown);
   void MoveTo(double top);

@@ -157,7 +157,11 @@ void ConfigSender::CheckUnit(std::string& line) {
 void ConfigSender::ProgramFromFile(const std::filesystem::path& path) {
   bool loaded = false;
   main.HoldPort();
+  main.Sent.Forget();
+  const SentSettings::Listening listening(main.Sent);
   LoadConfigLines({}, true, loaded);
+  main.Sent.Plan(ConfigLines);
+  main.Sent.Plan(ReadConfigText(path, MostConfigLines).Lines);
   SendConfigLines(false);
   // Without a port there is nobody to send to, or to ask a unit number for.
   if (main.LinkLetGo || !platform.MSComm1.PortOpen()) {

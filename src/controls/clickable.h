@@ -68,6 +68,8 @@ class ToolButton : public Clickable {
 class ValueField : public Clickable {
  public:
   using Clickable::Clickable;
+
+  Property<std::string> Mark{*this, ""};  // what is wrong with the value; empty: nothing
 };
 
 // A box around other controls, with a caption.

@@ -27,7 +27,10 @@ std::string Conversation::Hear(std::string_view received) {
   session.RxBuffer.Append(received);
   std::string shown;
   for (const char byte : received) {
-    if (!secretDue) shown += byte;
+    if (!secretDue) {
+      shown += byte;
+      Answers.Hear(byte);
+    }
     Follow(byte);
   }
   return shown;
@@ -56,6 +59,7 @@ void Conversation::Follow(char byte) {
 }
 
 void Conversation::SeePrompt(PromptKind kind) {
+  Answers.SeePrompt();
   int& awaited = due > 0 ? due : late;
   if (awaited > 0) --awaited;
   if (due == 0 && late == 0) secretDue = false;
@@ -76,12 +80,20 @@ void Conversation::Sent(int prompts) {
   lastByte = events.Now();
 }
 
-void Conversation::Say(const std::string& line, int prompts) {
+void Conversation::Send(const std::string& line, int prompts) {
   port.Output(line + "\r");
   Sent(prompts);
 }
 
+void Conversation::Say(const std::string& line, int prompts) {
+  Send(line, prompts);
+  Answers.Sent(line);
+  if (OnSaid) OnSaid(line);
+}
+
 void Conversation::SayBytes(const std::string& bytes) {
+  // What is typed may be a secret.
+  if (std::any_of(bytes.begin(), bytes.end(), [](char c) { return c >= ' '; })) Answers.Clear();
   port.Output(bytes);
   Sent(static_cast<int>(std::count(bytes.begin(), bytes.end(), '\r')));
 }
@@ -95,7 +107,8 @@ bool Conversation::SaySecret(const std::string& line) {
   // Left or disconnected meanwhile.
   if (epoch != began || echoSwitches != switches) return false;
   Prime();
-  Say(line);
+  Answers.Clear();
+  Send(line, 1);
   secretDue = true;
   return true;
 }
@@ -189,6 +202,7 @@ void Conversation::Restart() {
   late = 0;
   secretDue = false;
   lineHead.clear();
+  Answers.Clear();
   lastByte = events.Now();
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "conversation/line_answers.h"
 #include "conversation/line_turns.h"
 #include "conversation/reply.h"
 #include "platform/event_loop.h"
@@ -117,6 +118,10 @@ class Conversation {
   std::function<bool()> GivenUp;
   // Told when a question is asked once more. May be empty.
   std::function<void()> AskingAgain;
+  // Told of each line that Say has sent; of no secret. May be empty.
+  std::function<void(const std::string& line)> OnSaid;
+  // What the radio answers to these lines.
+  LineAnswers Answers;
   // Waits until every line has its prompt, or nothing has come for `quiet`, `limit` at most. From
   // then on no prompt is due; those that did not come are taken for late.
   void Settle(Duration quiet = Milliseconds(500), Duration limit = Seconds(10));
@@ -158,6 +163,7 @@ class Conversation {
   void SeePrompt(PromptKind kind);
   void EndOldSecret();
   void Sent(int prompts);
+  void Send(const std::string& line, int prompts);
   // What asking once has brought.
   struct Asked {
     bool AskAgain = false;

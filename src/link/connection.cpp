@@ -177,6 +177,7 @@ void Connection::DisconnectRadio() {
   main.pnl_Status.Text = "Status: ";
   main.ReleasePort();
   main.NotConnected = true;
+  if (OnDisconnected) OnDisconnected();
 }
 
 void Connection::LogoutRadio() {

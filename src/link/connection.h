@@ -36,6 +36,9 @@ class Connection {
   void Timer2_Timer();
   void tmrPortTO_Timer();
 
+  // Called when the link was ended, by whomever. May be empty.
+  std::function<void()> OnDisconnected;
+
   // A connect is under way: no read of the radio may start in the middle of it.
   bool Connecting() const { return connecting; }
 

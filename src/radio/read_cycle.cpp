@@ -50,6 +50,7 @@ void ReadCycle::ReadRow(SettingRow& row) {
       row.AllowClick(!Contains(radio.Received(), "SELECTED OPTION"));
     }
   }
+  row.CameLast = value.has_value();
   AfterRow(row.What.Id, value);
   if (read.Pause) Pause80();
 }
@@ -115,6 +116,7 @@ void ReadCycle::FindLoginState(const std::string& ownerName) {
     main.txtTerm.Text = "";
     main.tbr_Login.Enabled = found == LoginState::Denied;
     main.tbr_Logout.Enabled = found != LoginState::Denied;
+    main.ShowRefusesChanges(found == LoginState::Denied);
   });
   if (state == LoginState::Unknown) return;
   main.LoginProbePending = false;

@@ -1,6 +1,7 @@
 #include "restore/frmRestore.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "link/serial_failure.h"
 #include "restore/restore_select.h"
@@ -20,7 +21,7 @@ frmRestore::frmRestore(Platform& machine, Session& shared, frmOrvalent& window,
       reader(*this, link, shared),
       loader(machine, shared, *this, *this, window.Settings),
       saver(machine, shared, *this, link, *this),
-      programmer(*this, link) {
+      programmer(*this, link, main.Sent) {
   Caption = "Configuration Store/Restore";
   session.DropReconnect();
   session.RxBuffer = " ";
@@ -226,6 +227,8 @@ void frmRestore::Run(Task task) {
 
 void frmRestore::ProgramSelected() {
   StopReadTimer();
+  // What is programmed until the window closes is told together.
+  if (!std::exchange(programmed, true)) main.Sent.Forget();
   WithLinkErrors(platform.Dialogs, [this] {
     programmer.Run();
     CheckEach(*this, false);

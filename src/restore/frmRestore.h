@@ -71,6 +71,7 @@ class frmRestore : public Form, public RestoreControls {
   RestoreLoader loader;
   RestoreSaver saver;
   RestoreProgrammer programmer;
+  bool programmed = false;
   bool programEnds = false;
   bool started = false;
   bool readTimerStarted = false;

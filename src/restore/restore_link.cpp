@@ -5,6 +5,7 @@
 #include "conversation/wake.h"
 #include "link/comm_events.h"
 #include "link/serial_failure.h"
+#include "link/settings_listener.h"
 #include "platform/utilities.h"
 #include "text/at_end.h"
 
@@ -28,7 +29,9 @@ RestoreLink::RestoreLink(Platform& machine, Session& shared, frmOrvalent& mainWi
       session(shared),
       main(mainWindow),
       window(itsWindow),
-      radio(machine.MSComm2, machine.Events, shared, mainWindow, Conversation::Hears::Itself) {}
+      radio(machine.MSComm2, machine.Events, shared, mainWindow, Conversation::Hears::Itself) {
+  ListenForSettings(radio, main);
+}
 
 void RestoreLink::Open() {
   SerialPort& port = platform.MSComm2;

@@ -62,6 +62,7 @@ bool RestoreMenu::MayBeOpened() {
   Answer answer = Answer::Yes;
   const LoginState state = ProbeLogin(radio, probe, [&](LoginState found) {
     main.txtTerm.Text = "";
+    main.ShowRefusesChanges(found == LoginState::Denied);
     if (found == LoginState::Denied) answer = AskWhetherToOpen();
   });
   if (state != LoginState::Unknown) main.txtTerm.Text = "";

@@ -1,6 +1,7 @@
 #include "restore/restore_program.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "conversation/reply.h"
 #include "text/at_end.h"
@@ -73,8 +74,9 @@ std::vector<std::string> RestoreCommands(const RestoreRow& row, const std::strin
   return {text};
 }
 
-RestoreProgrammer::RestoreProgrammer(RestoreControls& itsControls, RestoreLink& itsLink)
-    : controls(itsControls), link(itsLink) {}
+RestoreProgrammer::RestoreProgrammer(RestoreControls& itsControls, RestoreLink& itsLink,
+                                     SentSettings& sent)
+    : controls(itsControls), link(itsLink), record(sent) {}
 
 void RestoreProgrammer::Run() {
   asked = nullptr;
@@ -83,8 +85,20 @@ void RestoreProgrammer::Run() {
     const bool wanted = row.Check.Checked() && row.Shown() && row.New.Text() != NoValue;
     if (wanted) jobs.push_back({&row, row.New.Text()});
   }
+  record.Plan(Commands());
+  const SentSettings::Listening listening(record);
   const AtEnd told([this] { ShowSent(); });
   for (std::size_t number = 0; number < jobs.size(); ++number) Send(number);
+}
+
+std::vector<std::string> RestoreProgrammer::Commands() const {
+  std::vector<std::string> all;
+  for (const Job& job : jobs) {
+    for (std::string& command : RestoreCommands(job.Row->Row, job.Text)) {
+      all.push_back(std::move(command));
+    }
+  }
+  return all;
 }
 
 // The text is painted in the pauses.

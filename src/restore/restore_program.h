@@ -15,7 +15,7 @@ std::vector<std::string> RestoreCommands(const RestoreRow& row, const std::strin
 // and how it ended. Everything given to it outlives it.
 class RestoreProgrammer {
  public:
-  RestoreProgrammer(RestoreControls& controls, RestoreLink& link);
+  RestoreProgrammer(RestoreControls& controls, RestoreLink& link, SentSettings& sent);
 
   // Sends the new value of each ticked row, in the order of the table. A radio that shows no prompt
   // ends a command, not the run. Throws SerialError.
@@ -33,12 +33,14 @@ class RestoreProgrammer {
     std::string Said{};  // the radio's words that were no consent
   };
 
+  std::vector<std::string> Commands() const;
   void Send(std::size_t number);
   void NoteReply();
   void ShowSent();
 
   RestoreControls& controls;
   RestoreLink& link;
+  SentSettings& record;
   std::vector<Job> jobs;
   // The command that the next text from the radio answers.
   Job* asked = nullptr;

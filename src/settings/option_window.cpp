@@ -13,7 +13,11 @@ OptionWindow::OptionWindow(std::string name, Platform& machine, frmOrvalent& win
 
 void OptionWindow::Send(const std::string& command, int pause) {
   // The window may be gone when the turn comes.
-  const auto say = [&talk = radio, &events = platform.Events, command, pause] {
+  const bool first = !command.empty() && !std::exchange(begun, true);
+  const auto say = [&talk = radio, &events = platform.Events, &sent = main.Sent, command, pause,
+                    first] {
+    if (first) sent.Forget();
+    const SentSettings::Listening listening(sent);
     talk.Say(command);
     if (pause > 0) WaitMilliseconds(events, pause);
   };

@@ -32,6 +32,7 @@ class OptionWindow : public Form {
 
  private:
   bool linkLost = false;
+  bool begun = false;  // something has been sent
 };
 
 }  // namespace quillmark

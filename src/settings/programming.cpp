@@ -130,6 +130,8 @@ void SettingProgrammer::Talk(const Control* entry, std::function<void()> act) {
 }
 
 void SettingProgrammer::Program(const std::string& command, std::string_view awaited) {
+  main.Sent.Forget();
+  const SentSettings::Listening listening(main.Sent);
   radio.CommandExchange(command, awaited, timeOut);
   session.AskForRead();
 }

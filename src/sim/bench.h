@@ -147,6 +147,8 @@ class Bench : public ::testing::Test {
     return *control;
   }
   std::string Text(const std::string& name);  // text, caption, or a window's caption
+  // What the rows of the main window are marked with, a line each.
+  std::string Marks();
   std::string ToolTip(const std::string& name) { return Find(name).ToolTip(); }
   // The control's own flags; Find(name).Reachable() tells whether a user could act on it, the
   // frames and the window that hold it included.

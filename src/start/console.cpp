@@ -6,10 +6,12 @@
 #include "link/frmProperties.h"
 #include "link/new_address.h"
 #include "link/serial_failure.h"
+#include "link/settings_listener.h"
 #include "prefs/frmPreferences.h"
 #include "prefs/stored_preferences.h"
 #include "settings/explanations.h"
 #include "start/frmSplash.h"
+#include "text/at_end.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -35,7 +37,8 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       quickConfig(machine, *main, radio, directRun, sender),
       upgrade(machine, session, *main, connection, radio),
       restore(machine, session, *main, connection, mainTimer, radio),
-      diagnostics(machine, *main, radio) {
+      diagnostics(machine, *main, radio),
+      lastRun(machine, *main) {
   WireLink();
   WireShell();
   programmer.Wire();
@@ -77,7 +80,10 @@ void Console::WireLink() {
   main->Timer1.OnTick = [this] { mainTimer.Timer1_Timer(); };
   main->Timer2.OnTick = [this] { connection.Timer2_Timer(); };
   main->tmrPortTO.OnTick = [this] { connection.tmrPortTO_Timer(); };
+  ListenForSettings(radio, *main);
+  connection.OnDisconnected = [this] { lastRun.LinkEnded(lettingGo); };
   mainTimer.OnReadCycleDone = [this] {
+    lastRun.ReadDone();
     if (OnReadCycleDone) OnReadCycleDone();
   };
 }
@@ -124,6 +130,7 @@ void Console::tbrToolBar_ButtonClick(std::string_view key) {
 void Console::Disconnect() {
   // Only a run that is under way asks for it.
   main->LinkLetGo = directRun.UnderWay();
+  const auto byUser = Raised(lettingGo);
   connection.DisconnectRadio();
 }
 

@@ -28,6 +28,7 @@
 #include "settings/option_rows.h"
 #include "settings/programming.h"
 #include "start/frmSplash.h"
+#include "start/last_run.h"
 
 namespace quillmark {
 
@@ -94,9 +95,11 @@ class Console {
   FirmwareUpgrade upgrade;
   RestoreMenu restore;
   DiagnosticButtons diagnostics;
+  LastRun lastRun;
   std::weak_ptr<frmSplash> splash;
   bool mainLoaded = false;
   bool ending = false;
+  bool lettingGo = false;  // the user ends the link
 };
 
 }  // namespace quillmark

@@ -48,6 +48,9 @@ TEST_F(ProgrammingFromFileTest, ASavedFileBringsTheRadioBack) {
       Program(saved);
       brought.merge(Arrived(sent, HoldingsOf(factory), HoldingsOf(Radio())));
       ASSERT_TRUE(Refresh());
+      const std::string count = Text("LastRun").substr(0, Text("LastRun").find(' '));
+      EXPECT_EQ(Text("LastRun"), count + " of " + count + " settings taken");
+      EXPECT_EQ(Marks(), "");
       std::filesystem::remove(InScratch("saved.txt"));
       EXPECT_EQ(Save(), saved);
       ExpectIdle();

@@ -19,6 +19,7 @@
 #include "platform/platform.h"
 #include "prefs/frmPreferences.h"
 #include "restore/frmRestore.h"
+#include "runs/frmSentSettings.h"
 #include "settings/frmDLINKOptions.h"
 #include "settings/frmDTYPEOptions.h"
 #include "settings/frmRTUOptions.h"
@@ -66,6 +67,7 @@ struct WindowForms {
         {"frmZoneData", [&] { return Of<frmZoneData>(Platform, Main, Talk); }},
         {"frmZoneQuality", [&] { return Of<frmZoneQuality>(Platform, Main, Talk); }},
         {"frmViewer", [] { return Of<frmViewer>(); }},
+        {"frmSentSettings", [] { return Of<frmSentSettings>("1 of 2 settings taken", "PWR\r\n"); }},
         {"frmRestore", [&] { return Of<frmRestore>(Platform, Shared, Main, Connection); }},
     };
     const auto found = makers.find(name);

@@ -15,6 +15,8 @@
 #include "qt/binding/qt_windows.h"
 #include "qt/binding/window_registry.h"
 #include "qt/dialogs/message_window.h"
+#include "runs/frmSentSettings.h"
+#include "runs/outcomes.h"
 #include "settings/frmSimpleRptrSetup.h"
 #include "settings/frmSimpleXMAP.h"
 #include "start/console.h"
@@ -38,6 +40,18 @@ constexpr const char* samplePreset =
 constexpr Duration longestReport = Seconds(5);
 
 constexpr int modalLook = 10;  // ms between looks for a window that is about to open
+
+std::vector<JudgedSetting> SampleOutcomes() {
+  return {{.Came = Outcome::Taken, .Name = "OWN", .Sent = "Hill top", .Has = "Hill top"},
+          {.Came = Outcome::Taken, .Name = "MODE", .Sent = "R", .Has = "MODE R"},
+          {.Came = Outcome::Refused,
+           .Name = "PWR",
+           .Sent = "45",
+           .Has = "PWR 30 dBm",
+           .Refusal = "INVALID ENTRY"},
+          {.Came = Outcome::Taken, .Name = "XMAP", .Sent = "00000002"},
+          {.Came = Outcome::Taken, .Name = "DLINK", .Sent = "9600 OFF", .Has = "DLINK 9600 (OFF)"}};
+}
 
 void Click(Form& form, const std::string& name) {
   if (auto* control = dynamic_cast<Clickable*>(form.Find(name))) control->Click();
@@ -146,6 +160,10 @@ void WindowPictures::TakeAccessWindows() {
 
 void WindowPictures::TakeConfigurationWindows() {
   frmOrvalent& main = console.Main();
+  TakeShown("frmSentSettings", "settings-sent", [&] {
+    platform.Windows.Show(std::make_shared<frmSentSettings>("4 of 5 settings taken; refused: PWR",
+                                                            TableOf(SampleOutcomes())));
+  });
   TakeModal("frmViewer", "preset", [&] {
     const auto viewer = std::make_shared<frmViewer>();
     viewer->Caption = "North ridge";

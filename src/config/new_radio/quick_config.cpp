@@ -93,9 +93,12 @@ void QuickConfig::Role_Click(const Role& role, const Button& button) {
 
 void QuickConfig::ProgramRole(const Role& role, const Entries& entries) {
   const QuickTask task(run);
+  const std::vector<std::string> commands = RoleCommands(role, entries);
+  main.Sent.Forget();
+  const SentSettings::Listening listening(main.Sent);
   try {
-    ClearUnit(role);
-    if (!main.LinkLetGo) SendRole(role, entries);
+    ClearUnit(role, commands);
+    if (!main.LinkLetGo) SendRole(role, commands);
   } catch (const SerialError&) {
     // The loss of the port has told the user.
   }
@@ -103,7 +106,12 @@ void QuickConfig::ProgramRole(const Role& role, const Entries& entries) {
   run.ReadRadioAgain();
 }
 
-void QuickConfig::ClearUnit(const Role& role) {
+std::vector<std::string> QuickConfig::RoleCommands(const Role& role, const Entries& entries) {
+  return {std::string("MODE ") + role.Mode, "ADDR " + PlainDecimal(LeadingNumber(entries.Address)),
+          "PWR " + std::to_string(entries.Power), "BAUD " + entries.Baud};
+}
+
+void QuickConfig::ClearUnit(const Role& role, const std::vector<std::string>& commands) {
   constexpr const char* status = "Clearing Unit";
   if (role.StatusFirst) run.ShowStatus(status);
   run.ShowTitle("PROGRAMMING.");
@@ -111,22 +119,24 @@ void QuickConfig::ClearUnit(const Role& role) {
   main.HoldPort();
   bool loaded = false;
   sender.LoadConfigLines({}, true, loaded);
+  main.Sent.Plan(sender.ConfigLines);
+  main.Sent.Plan(commands);
   sender.SendConfigLines(false);
   // Its failure path gives the line away, but the role still follows.
   main.HoldPort();
 }
 
-void QuickConfig::SendRole(const Role& role, const Entries& entries) {
+void QuickConfig::SendRole(const Role& role, const std::vector<std::string>& commands) {
   const auto send = [&](const std::string& command, int pause) {
     run.Send(command);
     if (role.DotFirst) run.Dot();
     run.Sleep(pause);
     if (!role.DotFirst) run.Dot();
   };
-  send(std::string("MODE ") + role.Mode, 250);
-  send("ADDR " + PlainDecimal(LeadingNumber(entries.Address)), 100);
-  send("PWR " + std::to_string(entries.Power), 100);
-  run.Send("BAUD " + entries.Baud);
+  send(commands[0], 250);
+  send(commands[1], 100);
+  send(commands[2], 100);
+  run.Send(commands[3]);
   for (const int pause : role.AfterBaud) {
     if (pause == end) break;
     if (pause == dot) {

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/frmOrvalent.h"
 #include "config/config_sender.h"
@@ -39,8 +40,10 @@ class QuickConfig {
   void Role_Click(const Role& role, const Button& button);
   bool Confirmed(const Role& role, const Entries& entries) const;
   void ProgramRole(const Role& role, const Entries& entries);
-  void ClearUnit(const Role& role);
-  void SendRole(const Role& role, const Entries& entries);
+  static std::vector<std::string> RoleCommands(const Role& role, const Entries& entries);
+  void ClearUnit(const Role& role, const std::vector<std::string>& commands);
+  // `commands` are those of RoleCommands.
+  void SendRole(const Role& role, const std::vector<std::string>& commands);
   void AskFurther(const Role& role);
   void AskForRepeater();
   void AskXaddr();

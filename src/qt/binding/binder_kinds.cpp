@@ -65,6 +65,12 @@ void ShowColor(const Clickable& control, QWidget& widget) {
 // The text of a menu's entry without the marks of its mnemonic.
 QString WithoutKeys(QString text) { return text.remove(QLatin1Char('&')); }
 
+// What a screen reader says of a value.
+QString WithMark(const ValueField& control) {
+  const QString text = ToQt(OnOneLine(control.Text()));
+  return control.Mark().empty() ? text : text + QStringLiteral(". ") + ToQt(control.Mark());
+}
+
 }  // namespace
 
 QString Binder::TipOf(const Control& control) const {
@@ -207,7 +213,8 @@ void Binder::JoinValueField(ValueField& control, ValueBox& box) {
     ShowCommon(control, box, false);
     ShowFont(control, box);
     box.setText(ToQt(OnOneLine(control.Text())));
-    box.setAccessibleDescription(box.text());
+    box.SetMark(ToQt(OnOneLine(control.Mark())));
+    box.setAccessibleDescription(WithMark(control));
     const bool promised = control.MousePointer() != Pointer::NoDrop;
     box.SetClickable(control.OnClick && promised && !Locked(control));
   });

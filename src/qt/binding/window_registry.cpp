@@ -21,6 +21,7 @@
 #include "ui_frmProperties.h"
 #include "ui_frmRSSI.h"
 #include "ui_frmRTUOptions.h"
+#include "ui_frmSentSettings.h"
 #include "ui_frmSetPass.h"
 #include "ui_frmSetup.h"
 #include "ui_frmSimpleRptrSetup.h"
@@ -145,6 +146,12 @@ constexpr WindowRow windows[] = {
         .Name = "frmViewer",
         .Draw = DrawViewer,
         .Remembered = true,
+        .DefaultButton = "cmdClose",
+        .EscapeClicks = "cmdClose",
+    },
+    {
+        .Name = "frmSentSettings",
+        .Draw = DrawDialog<Ui::frmSentSettings>,
         .DefaultButton = "cmdClose",
         .EscapeClicks = "cmdClose",
     },

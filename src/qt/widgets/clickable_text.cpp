@@ -17,6 +17,12 @@ constexpr int leastWidth = 10;
 
 constexpr float mutedInk = 0.65F;
 
+// Behind a value with which something is wrong; its colour can be read on light and on dark ground.
+constexpr char16_t sign[] = u"\u2260";
+constexpr QColor signOnLight(0xB0, 0x00, 0x20);
+constexpr QColor signOnDark(0xFF, 0x8A, 0x80);
+constexpr int darkest = 128;  // lightness below which a ground is dark
+
 }  // namespace
 
 ClickableText::ClickableText(QWidget* parent) : QLabel(parent) { setTextFormat(Qt::PlainText); }
@@ -121,16 +127,41 @@ QSize ValueBox::minimumSizeHint() const {
   return {fontMetrics().averageCharWidth() * leastWidth, sizeHint().height()};
 }
 
+void ValueBox::SetMark(const QString& next) {
+  if (next == mark) return;
+  mark = next;
+  update();
+}
+
+QFont ValueBox::SignFont() const {
+  QFont bold = font();
+  bold.setBold(true);
+  return bold;
+}
+
+int ValueBox::SignWidth() const {
+  if (mark.isEmpty()) return 0;
+  const QFontMetrics metrics(SignFont());
+  return metrics.horizontalAdvance(QString::fromUtf16(sign)) + metrics.averageCharWidth();
+}
+
+QRect ValueBox::TextRoom() const { return contentsRect().adjusted(0, 0, -SignWidth(), 0); }
+
 QString ValueBox::Elided() const {
-  return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+  return fontMetrics().elidedText(text(), Qt::ElideRight, TextRoom().width());
 }
 
 bool ValueBox::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip || Elided() == text()) return ClickableText::event(event);
-  const QString whole = text().toHtmlEscaped();
-  const QString tip = toolTip().isEmpty() ? whole : whole + QStringLiteral("<br>") + toolTip();
+  const bool whole = Elided() == text();
+  if (event->type() != QEvent::ToolTip || (whole && mark.isEmpty())) {
+    return ClickableText::event(event);
+  }
+  QStringList lines;
+  if (!mark.isEmpty()) lines += mark.toHtmlEscaped();
+  if (!whole) lines += text().toHtmlEscaped();
+  if (!toolTip().isEmpty()) lines += toolTip();
   QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                     QStringLiteral("<qt>%1</qt>").arg(tip), this);
+                     QStringLiteral("<qt>%1</qt>").arg(lines.join(QStringLiteral("<br>"))), this);
   return true;
 }
 
@@ -170,7 +201,15 @@ void ValueBox::paintEvent(QPaintEvent*) {
   QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
   if (!isEnabled()) ink.setAlphaF(mutedInk);
   painter.setPen(ink);
-  painter.drawText(contentsRect(), static_cast<int>(alignment()), Elided());
+  painter.drawText(TextRoom(), static_cast<int>(alignment()), Elided());
+  if (!mark.isEmpty()) PaintSign(painter);
+}
+
+void ValueBox::PaintSign(QPainter& painter) const {
+  const QColor ground = palette().color(Live() ? QPalette::Base : QPalette::Window);
+  painter.setPen(ground.lightness() < darkest ? signOnDark : signOnLight);
+  painter.setFont(SignFont());
+  painter.drawText(contentsRect(), Qt::AlignRight | Qt::AlignVCenter, QString::fromUtf16(sign));
 }
 
 }  // namespace quillmark

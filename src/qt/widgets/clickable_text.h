@@ -68,6 +68,9 @@ class ValueBox : public ClickableText {
  public:
   explicit ValueBox(QWidget* parent = nullptr);
 
+  // What is wrong with the value, for the tool tip; a sign stands behind the value then. Empty:
+  // nothing is.
+  void SetMark(const QString& next);
   // The label may be deleted first.
   void SetCaption(CaptionLabel* next);
 
@@ -82,7 +85,13 @@ class ValueBox : public ClickableText {
 
  private:
   QString Elided() const;
+  // The room of the value, ahead of the sign.
+  QRect TextRoom() const;
+  QFont SignFont() const;
+  int SignWidth() const;
+  void PaintSign(QPainter& painter) const;
 
+  QString mark;
   QPointer<CaptionLabel> caption;
 };
 

@@ -81,4 +81,12 @@ std::vector<std::string> Bench::SentCommands() {
   return commands;
 }
 
+std::string Bench::Marks() {
+  std::string marks;
+  for (const SettingRow& row : Main().Rows) {
+    if (!row.Mark().empty()) marks += row.Mark() + "\n";
+  }
+  return marks;
+}
+
 }  // namespace quillmark::sim
