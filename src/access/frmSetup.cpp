@@ -95,8 +95,10 @@ void frmSetup::Frequency_Click(const Direction& direction) {
   const bool whole = Holds(answer, direction.WholeCommand);
   const std::string command = whole ? answer : std::string(direction.Word) + " " + answer;
   Talk([this, &direction, command] {
-    radio.CommandExchange(command, "PROGRAMMED OK", Seconds(3));
+    const bool taken = radio.CommandExchange(command, "PROGRAMMED OK", Seconds(3));
     ReadFrequency(direction);
+    ValueField& field = this->*direction.Field;
+    field.Mark = taken ? "" : "Sent " + command + "; the radio has " + field.Text();
   });
 }
 

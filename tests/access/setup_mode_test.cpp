@@ -53,6 +53,8 @@ TEST_F(SetupModeTest, ReadsProgramsAndKeys) {
     EXPECT_EQ(Sent(), each.Sent);
     EXPECT_EQ(Text(each.Field), each.Shown);
   }
+  EXPECT_EQ(As<ValueField>("RxFrequency").Mark(), "");
+  EXPECT_EQ(As<ValueField>("TxFrequency").Mark(), "Sent tx tx 910.000; the radio has 902.200");
   ClearLog();
   EXPECT_FALSE(Click("DKey"));
   EXPECT_TRUE(Click("Key"));
