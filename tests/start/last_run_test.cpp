@@ -166,13 +166,13 @@ TEST_F(LastRunTest, ARole) {
   for (const int think : {5, 300}) {
     SCOPED_TRACE(think);
     StartConnected({.Revision = "2.0.0", .ThinkTime = Milliseconds(think)});
-    Radio().SetReply("ADDR 1000", "\r\nINVALID ENTRY\r\n");
+    ASSERT_TRUE(Edit("txtNewADDR", "70000"));
     ExpectBox("MASTER").Reply(Answer::Yes);
     ExpectBox("Repeater ?").Reply(Answer::Yes);
     ASSERT_TRUE(Click("cmdMaster"));
     ASSERT_TRUE(Refresh());
     EXPECT_EQ(Text("LastRun"), "25 of 26 settings taken; refused: ADDR");
-    EXPECT_EQ(Marks(), "Sent ADDR 1000; the radio has ADDR NONE: INVALID ENTRY\n");
+    EXPECT_EQ(Marks(), "Sent ADDR 70000; the radio has ADDR NONE: INVALID ENTRY\n");
     ASSERT_TRUE(Quit());
     Restart();
   }
