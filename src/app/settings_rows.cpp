@@ -19,6 +19,11 @@ void SettingRow::Show(bool shown) {
   Caption.Visible = shown;
 }
 
+void SettingRow::ShowRead(const std::string& value) {
+  Text = value;
+  Stale = false;
+}
+
 void SettingRow::MoveTo(double top) {
   Top = top;
   Caption.Top = top;

@@ -24,6 +24,8 @@ class SettingRow : public ValueField {
   bool CameLast = false;  // the last read has brought a value
 
   void Show(bool shown);
+  // The radio that is connected holds this.
+  void ShowRead(const std::string& value);
   void MoveTo(double top);
   // Enabled with the arrow pointer, or disabled with the no-drop pointer.
   void AllowClick(bool allowed);

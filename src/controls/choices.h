@@ -69,6 +69,8 @@ class Slider : public Scale {
 class ProgressBar : public Scale {
  public:
   using Scale::Scale;
+
+  Property<std::string> Doing{*this, ""};  // what comes that far, "Reading"; may be empty
 };
 
 // Tabs over frames.

@@ -23,7 +23,7 @@ Conversation::Conversation(SerialPort& itsPort, EventLoop& loop, Session& shared
 std::string Conversation::Hear(std::string_view received) {
   if (received.empty()) return {};
   EndOldSecret();
-  lastByte = events.Now();
+  lastByte = lastHeard = events.Now();
   session.RxBuffer.Append(received);
   std::string shown;
   for (const char byte : received) {
@@ -203,7 +203,7 @@ void Conversation::Restart() {
   secretDue = false;
   lineHead.clear();
   Answers.Clear();
-  lastByte = events.Now();
+  lastByte = lastHeard = events.Now();
 }
 
 }  // namespace quillmark

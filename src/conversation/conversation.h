@@ -65,6 +65,9 @@ class Conversation {
   // Since the last byte went either way.
   Duration QuietFor() const { return events.Now() - lastByte; }
 
+  // Since the last byte came from the radio, or since the link began.
+  Duration SilentFor() const { return events.Now() - lastHeard; }
+
   // --- Sending without waiting ---
 
   // A line and its carriage return. `prompts` of them answer it.
@@ -197,6 +200,7 @@ class Conversation {
   bool handedOver = false;
   int echoSwitches = 0;  // so many were begun
   Duration lastByte{};
+  Duration lastHeard{};
   int epoch = 0;
 };
 

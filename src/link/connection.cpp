@@ -177,7 +177,7 @@ void Connection::DisconnectRadio() {
   main.pnl_Status.Text = "Status: ";
   main.ReleasePort();
   main.NotConnected = true;
-  if (OnDisconnected) OnDisconnected();
+  if (OnLinkEnded) OnLinkEnded();
 }
 
 void Connection::LogoutRadio() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "app/frmOrvalent.h"
 #include "conversation/conversation.h"
 #include "platform/platform.h"
@@ -30,14 +32,18 @@ class Connection {
   void DisableRadioActions();
 
   void StartConnectTimer();
+  // The time since the connect, as it is now.
+  void ShowConnectTime();
   void StopConnectTimer();
   void StartPortTimeout() { main.tmrPortTO.Enabled = true; }
   void StopPortTimeout() { main.tmrPortTO.Enabled = false; }
   void Timer2_Timer();
   void tmrPortTO_Timer();
 
+  // Told when the main window has begun to show a link, or that there is none.
+  std::function<void()> OnConnected, OnDisconnected;
   // Called when the link was ended, by whomever. May be empty.
-  std::function<void()> OnDisconnected;
+  std::function<void()> OnLinkEnded;
 
   // A connect is under way: no read of the radio may start in the middle of it.
   bool Connecting() const { return connecting; }

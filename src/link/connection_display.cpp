@@ -2,6 +2,7 @@
 #include <string>
 
 #include "link/connection.h"
+#include "platform/utilities.h"
 
 // What the main window shows of the link, and which of its controls work with it.
 
@@ -21,6 +22,7 @@ void Connection::ShowConnected() {
   EnableRadioMenus(true);
   ShowLamp(true);
   EnableRadioActions();
+  if (OnConnected) OnConnected();
 }
 
 void Connection::ShowWaking(int dots) {
@@ -43,6 +45,7 @@ void Connection::ShowDisconnected() {
   ShowLamp(false);
   EnableRadioMenus(false);
   DisableRadioActions();
+  if (OnDisconnected) OnDisconnected();
 }
 
 void Connection::ShowLamp(bool connected) {
@@ -84,6 +87,10 @@ void Connection::StartConnectTimer() {
   main.ConnectStart = platform.Events.LocalSeconds();
   main.pnl_ConnectTime.Text = "00:00:00 ";
   main.Timer1.Enabled = true;
+}
+
+void Connection::ShowConnectTime() {
+  main.pnl_ConnectTime.Text = ClockText(platform.Events.LocalSeconds() - main.ConnectStart) + " ";
 }
 
 void Connection::StopConnectTimer() {

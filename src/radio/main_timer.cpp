@@ -1,9 +1,5 @@
 #include "radio/main_timer.h"
 
-#include <cstdint>
-#include <cstdio>
-#include <string>
-
 #include "link/serial_failure.h"
 
 namespace quillmark {
@@ -13,15 +9,6 @@ namespace {
 constexpr Duration keepAliveInterval = Seconds(240);
 constexpr Duration echoInterval = Seconds(10);
 constexpr int keepAliveLimit = 8;  // carriage returns before the first whole read
-
-// "hh:nn:ss" of a time of day, or of a stretch of time less whole days.
-std::string ClockText(std::int64_t seconds) {
-  constexpr std::int64_t day = 86400;
-  const auto inDay = static_cast<int>((seconds % day + day) % day);
-  char text[16];
-  std::snprintf(text, sizeof text, "%02d:%02d:%02d", inDay / 3600, inDay / 60 % 60, inDay % 60);
-  return text;
-}
 
 }  // namespace
 
@@ -39,7 +26,7 @@ void MainTimer::Timer1_Timer() {
 }
 
 void MainTimer::OneSecond() {
-  main.pnl_ConnectTime.Text = ClockText(platform.Events.LocalSeconds() - main.ConnectStart) + " ";
+  connection.ShowConnectTime();
   if (session.RestoreLinkFailed) {
     session.DropReconnect();
     if (CloseRestoreWindow) CloseRestoreWindow();
@@ -56,7 +43,7 @@ void MainTimer::OneSecond() {
   KeepAlive();
   if (platform.MSComm1.PortOpen() && session.RefreshRequested) {
     const LineTurns::Turn turn(radio.Turns);
-    readCycle.Run();
+    if (readCycle.Run() && OnRadioRead) OnRadioRead();
     if (OnReadCycleDone) OnReadCycleDone();
   }
 }

@@ -24,6 +24,8 @@ class MainTimer {
   std::function<void()> CloseRestoreWindow;
   // Told after each read cycle that ran to its end.
   std::function<void()> OnReadCycleDone;
+  // Told before, when the radio has answered each of its questions.
+  std::function<void()> OnRadioRead;
 
  private:
   void OneSecond();

@@ -1,5 +1,7 @@
 #include "radio/read_cycle.h"
 
+#include <algorithm>
+
 #include "platform/utilities.h"
 #include "radio/login_probe.h"
 #include "radio/view_rules.h"
@@ -24,27 +26,36 @@ ReadCycle::ReadCycle(Platform& machine, Session& shared, frmOrvalent& window, Co
                      Conversation& conversation)
     : platform(machine), session(shared), main(window), connection(link), radio(conversation) {}
 
-void ReadCycle::Run() {
+bool ReadCycle::Run() {
   session.DropRead();
   const int began = radio.Epoch();
-  if (!CheckRadio()) return;
+  ReadProgress progress(platform.Events, main, connection, radio);
+  if (!CheckRadio(progress)) return false;
+  const auto isRead = [](const SettingRow& row) { return row.What.Read.has_value(); };
+  const auto all = static_cast<int>(std::count_if(main.Rows.begin(), main.Rows.end(), isRead));
+  int place = 0;
   for (SettingRow& row : main.Rows) {
-    if (row.What.Read) ReadRow(row);
+    if (isRead(row)) {
+      progress.Step(++place, all);
+      ReadRow(row, progress);
+    }
     // Somebody has connected anew meanwhile: that brings a read of its own.
-    if (radio.Epoch() != began && radio.Open()) return;
+    if (radio.Epoch() != began && radio.Open()) return false;
   }
+  return progress.AllAnswered();
 }
 
-void ReadCycle::ReadRow(SettingRow& row) {
+void ReadCycle::ReadRow(SettingRow& row, ReadProgress& progress) {
   const SettingRead& read = *row.What.Read;
   std::optional<std::string> value;
   if (!IsOneOf(read.At, main.ModeText())) {
-    row.Text = notAvailable;
+    row.ShowRead(notAvailable);
   } else if (IsOffered(row.What, session.SoftwareRevision)) {
     value = Ask(row.What);
+    progress.Asked();
     if (value) {
       const bool refused = *read.Refusal != '\0' && Contains(*value, read.Refusal);
-      row.Text = refused ? notAvailable : *value;
+      row.ShowRead(refused ? notAvailable : *value);
     }
     if (row.What.Id == SettingId::SoftRTU) {
       row.AllowClick(!Contains(radio.Received(), "SELECTED OPTION"));
@@ -75,9 +86,10 @@ void ReadCycle::AfterRow(SettingId id, const std::optional<std::string>& value) 
   }
 }
 
-bool ReadCycle::CheckRadio() {
+bool ReadCycle::CheckRadio(ReadProgress& progress) {
   radio.Settle();
   radio.CommandExchange("", ">", readTimeOut);
+  progress.Asked();
   // Somebody has let the radio go meanwhile: waking it would open the port behind their back.
   if (!radio.Open()) return false;
   if (!Contains(radio.Received(), ">")) connection.WakeLink();

@@ -7,6 +7,7 @@
 #include "conversation/conversation.h"
 #include "link/connection.h"
 #include "platform/platform.h"
+#include "radio/read_progress.h"
 #include "session/session.h"
 
 namespace quillmark {
@@ -19,14 +20,15 @@ class ReadCycle {
   ReadCycle(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,
             Conversation& radio);
 
-  // Throws SerialError when the port is or gets closed.
-  void Run();
+  // True when it came to its end and the radio has answered each question. Throws SerialError when
+  // the port is or gets closed.
+  bool Run();
 
  private:
   // False when the radio is in its loader, where there is nothing to read.
-  bool CheckRadio();
+  bool CheckRadio(ReadProgress& progress);
   void ShowInLoader();
-  void ReadRow(SettingRow& row);
+  void ReadRow(SettingRow& row, ReadProgress& progress);
   // The setting's value; nothing when the radio gives none.
   std::optional<std::string> Ask(const Setting& setting);
   // What the setting brings about.

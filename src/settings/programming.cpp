@@ -139,7 +139,7 @@ void SettingProgrammer::Program(const std::string& command, std::string_view awa
 void SettingProgrammer::ShowSync_Click() {
   SettingRow& row = main.At(SettingId::ShowSync);
   auto value = radio.Ask({.Command = row.What.Word, .Limit = timeOut});
-  if (value) row.Text = std::move(*value);
+  if (value) row.ShowRead(*value);
 }
 
 // The report shows in the terminal, as everything that the radio says.

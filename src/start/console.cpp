@@ -26,6 +26,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       typedKeys(machine, session, main->txtTerm, radio),
       readCycle(machine, session, *main, connection, radio),
       mainTimer(machine, session, *main, connection, readCycle, radio),
+      readAge(machine.Events, machine.MSComm1, *main),
       programmer(machine, session, *main, radio),
       optionRows(machine, session, *main, radio),
       access(machine, session, *main, radio),
@@ -43,6 +44,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
   WireShell();
   programmer.Wire();
   optionRows.Wire();
+  WireNotices();
   access.Wire();
   directRun.Obstacle = [this] { return access.OpenWindow(); };
   fileTasks.Wire();
@@ -81,11 +83,18 @@ void Console::WireLink() {
   main->Timer2.OnTick = [this] { connection.Timer2_Timer(); };
   main->tmrPortTO.OnTick = [this] { connection.tmrPortTO_Timer(); };
   ListenForSettings(radio, *main);
-  connection.OnDisconnected = [this] { lastRun.LinkEnded(lettingGo); };
+  connection.OnLinkEnded = [this] { lastRun.LinkEnded(lettingGo); };
   mainTimer.OnReadCycleDone = [this] {
     lastRun.ReadDone();
     if (OnReadCycleDone) OnReadCycleDone();
   };
+}
+
+void Console::WireNotices() {
+  readAge.Wire();
+  mainTimer.OnRadioRead = [this] { readAge.ReadDone(); };
+  connection.OnConnected = [this] { readAge.Connected(); };
+  connection.OnDisconnected = [this] { readAge.Disconnected(); };
 }
 
 void Console::WireShell() {

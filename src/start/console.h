@@ -22,6 +22,7 @@
 #include "link/typed_keys.h"
 #include "platform/platform.h"
 #include "radio/main_timer.h"
+#include "radio/read_age.h"
 #include "radio/read_cycle.h"
 #include "restore/restore_menu.h"
 #include "session/session.h"
@@ -58,6 +59,7 @@ class Console {
   void Form_Load();
   void ShowMain();
   void WireLink();
+  void WireNotices();
   void WireShell();
   void tbrToolBar_ButtonClick(std::string_view key);
   void Disconnect();
@@ -83,6 +85,7 @@ class Console {
   TypedKeys typedKeys;
   ReadCycle readCycle;
   MainTimer mainTimer;
+  ReadAge readAge;
   SettingProgrammer programmer;
   OptionRows optionRows;
   AccessMenus access;

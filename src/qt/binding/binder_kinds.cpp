@@ -217,6 +217,7 @@ void Binder::JoinValueField(ValueField& control, ValueBox& box) {
     box.setAccessibleDescription(WithMark(control));
     const bool promised = control.MousePointer() != Pointer::NoDrop;
     box.SetClickable(control.OnClick && promised && !Locked(control));
+    box.SetDimmed(control.Stale());
   });
 }
 
@@ -288,6 +289,8 @@ void Binder::JoinProgress(ProgressBar& control, QProgressBar& bar) {
     ShowCommon(control, bar);
     bar.setRange(control.Min(), control.Max());
     bar.setValue(control.Value());
+    const QString count = tr("%v of %m");
+    bar.setFormat(control.Doing().empty() ? count : ToQt(control.Doing()) + ' ' + count);
   });
 }
 

@@ -43,7 +43,6 @@ QProgressBar* MakeRunBar(QWidget& bar) {
   auto* run = new QProgressBar(&bar);
   run->setObjectName(QStringLiteral("barRun"));
   run->setAccessibleName(QObject::tr("Settings done and to do"));
-  run->setFormat(QObject::tr("%v of %m"));
   run->setFixedWidth(run->fontMetrics().averageCharWidth() * runBarWidth);
   run->setMaximumHeight(run->fontMetrics().height() + 4);
   QSizePolicy policy = run->sizePolicy();

@@ -117,6 +117,15 @@ void ValueBox::SetCaption(CaptionLabel* next) {
   LookChanged();
 }
 
+void ValueBox::SetDimmed(bool next) {
+  if (next == dimmed) return;
+  dimmed = next;
+  QFont face = font();
+  face.setItalic(dimmed);
+  setFont(face);
+  update();
+}
+
 QSize ValueBox::sizeHint() const {
   const QMargins margins = contentsMargins();
   return {fontMetrics().averageCharWidth() * usualWidth + margins.left() + margins.right(),
@@ -199,7 +208,7 @@ void ValueBox::paintEvent(QPaintEvent*) {
   }
   // A value that can't be changed now can still be read.
   QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
-  if (!isEnabled()) ink.setAlphaF(mutedInk);
+  if (!isEnabled() || dimmed) ink.setAlphaF(mutedInk);
   painter.setPen(ink);
   painter.drawText(TextRoom(), static_cast<int>(alignment()), Elided());
   if (!mark.isEmpty()) PaintSign(painter);

@@ -73,6 +73,8 @@ class ValueBox : public ClickableText {
   void SetMark(const QString& next);
   // The label may be deleted first.
   void SetCaption(CaptionLabel* next);
+  // Of a link that is over: written fainter and aslant.
+  void SetDimmed(bool next);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -93,6 +95,7 @@ class ValueBox : public ClickableText {
 
   QString mark;
   QPointer<CaptionLabel> caption;
+  bool dimmed = false;
 };
 
 }  // namespace quillmark
