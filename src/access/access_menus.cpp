@@ -11,7 +11,7 @@ AccessMenus::AccessMenus(Platform& machine, Session& shared, frmOrvalent& window
                          Conversation& conversation)
     : platform(machine), session(shared), main(window), radio(conversation) {}
 
-AccessMenus::~AccessMenus() = default;
+AccessMenus::~AccessMenus() { main.OnTransmitter = nullptr; }
 
 void AccessMenus::Wire() {
   const auto wire = [this](Clickable& entry, void (AccessMenus::*act)()) {
@@ -27,6 +27,7 @@ void AccessMenus::Wire() {
   wire(main.mnuEncryptCode, &AccessMenus::mnuEncryptCode_Click);
   main.mnuSetPass.OnClick = [this] { mnuSetPass_Click(); };
   main.mnuSetupMode.OnClick = [this] { mnuSetupMode_Click(); };
+  main.OnTransmitter = [this] { ShowTransmitter(); };
 }
 
 bool AccessMenus::PasswordWindowOpen() const { return setPass && setPass->Loaded(); }
@@ -116,7 +117,28 @@ void AccessMenus::EnterSetupMode() {
     return;
   }
   setup = std::make_shared<frmSetup>(platform, session, main, radio);
+  ShowTransmitter();
   platform.Windows.Show(setup);
+}
+
+void AccessMenus::ShowTransmitter() {
+  using Transmitter = LinkState::Transmitter;
+  const bool off = main.TransmitterIs == Transmitter::Off;
+  const bool sure = main.TransmitterIs == Transmitter::Keyed;
+  const std::string sentence =
+      sure ? "The transmitter is keyed." : "The transmitter may still be keyed.";
+  if (off) {
+    main.Transmitting.Drop();
+  } else {
+    main.Transmitting.Tell(sentence);
+  }
+  const std::string ahead = off ? "" : sentence + " ";
+  main.imgConnected.ToolTip = ahead + "Click to disconnect...";
+  main.imgNotConnected.ToolTip = ahead + "Click to connect...";
+  for (Lamp* lamp : {&main.imgConnected, &main.imgNotConnected}) lamp->Warns = !off;
+  // The window is narrow: what matters comes first.
+  const std::string mark = sure ? "KEYED - " : "MAY BE KEYED - ";
+  if (setup) setup->Caption = (off ? "" : mark) + "Setup Mode";
 }
 
 }  // namespace quillmark

@@ -36,6 +36,8 @@ class AccessMenus {
   // False when the radio refuses changes, which the user is told, or the link is gone.
   bool RadioTakesChanges();
   void EnterSetupMode();
+  // Lamp, notice and the window of the bench test mode tell that the transmitter is keyed.
+  void ShowTransmitter();
 
   Platform& platform;
   Session& session;

@@ -56,6 +56,8 @@ class Button : public Clickable {
 class Lamp : public Clickable {
  public:
   using Clickable::Clickable;
+
+  Property<bool> Warns{*this, false};  // shows a warning in place of its own sign
 };
 
 // A button of the toolbar.

@@ -13,6 +13,9 @@ constexpr Duration echoTime = Milliseconds(500);  // for a radio to switch its e
 constexpr Duration secretTime = Seconds(1);       // between the pieces of a reply to a secret
 constexpr Duration look = Milliseconds(10);
 constexpr std::size_t longestHead = 8;  // "LOADER>" and a bit
+constexpr std::size_t longestUnkeying = 256;
+constexpr std::size_t longestSaid = 64;
+constexpr char backspace = 8;
 
 }  // namespace
 
@@ -46,6 +49,7 @@ void Conversation::Take() { Hear(port.Input()); }
 
 // Prompts stand at the head of a line; what follows one stands there too.
 void Conversation::Follow(char byte) {
+  if (unkeying && unkeying->size() < longestUnkeying) *unkeying += byte;
   if (byte == '\n') {
     lineHead.clear();
     return;
@@ -63,6 +67,7 @@ void Conversation::SeePrompt(PromptKind kind) {
   int& awaited = due > 0 ? due : late;
   if (awaited > 0) --awaited;
   if (due == 0 && late == 0) secretDue = false;
+  if (due == 0) SeeKeyingPrompt(kind);
   // A page of a report says nothing about the mode.
   if (kind == PromptKind::More) return;
   lastPrompt = kind;
@@ -83,6 +88,7 @@ void Conversation::Sent(int prompts) {
 void Conversation::Send(const std::string& line, int prompts) {
   port.Output(line + "\r");
   Sent(prompts);
+  FollowKeying(line);
 }
 
 void Conversation::Say(const std::string& line, int prompts) {
@@ -96,6 +102,38 @@ void Conversation::SayBytes(const std::string& bytes) {
   if (std::any_of(bytes.begin(), bytes.end(), [](char c) { return c >= ' '; })) Answers.Clear();
   port.Output(bytes);
   Sent(static_cast<int>(std::count(bytes.begin(), bytes.end(), '\r')));
+  for (const char byte : bytes) {
+    if (byte == '\r') {
+      FollowKeying(std::exchange(saidHead, {}));
+    } else if (byte == backspace) {
+      if (!saidHead.empty()) saidHead.pop_back();
+    } else if (byte >= ' ' && saidHead.size() < longestSaid) {
+      saidHead += byte;
+    }
+  }
+}
+
+// Whoever keys it: the window of the mode, or a line that is typed.
+void Conversation::FollowKeying(std::string_view line) {
+  if (lastPrompt != PromptKind::Setup && !session.InSetupMode) return;
+  if (EqualAnyCase(line, "KEY")) {
+    unkeying.reset();
+    SetTransmitter(LinkState::Transmitter::Keyed);
+  } else if (EqualAnyCase(line, "DKEY")) {
+    unkeying.emplace();
+  }
+}
+
+// It is off when the radio has taken the word, or has left the mode.
+void Conversation::SeeKeyingPrompt(PromptKind kind) {
+  const bool setup = kind == PromptKind::Setup;
+  if (setup && (!unkeying || IsRefusal(*unkeying))) return;
+  if (kind != PromptKind::More) SetTransmitter(LinkState::Transmitter::Off);
+}
+
+void Conversation::SetTransmitter(LinkState::Transmitter next) {
+  if (next == LinkState::Transmitter::Off) unkeying.reset();
+  if (std::exchange(link.TransmitterIs, next) != next && link.OnTransmitter) link.OnTransmitter();
 }
 
 bool Conversation::SaySecret(const std::string& line) {
@@ -203,6 +241,11 @@ void Conversation::Restart() {
   secretDue = false;
   lineHead.clear();
   Answers.Clear();
+  saidHead.clear();
+  unkeying.reset();
+  if (link.TransmitterIs == LinkState::Transmitter::Keyed) {
+    SetTransmitter(LinkState::Transmitter::Unknown);
+  }
   lastByte = lastHeard = events.Now();
 }
 

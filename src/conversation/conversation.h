@@ -167,6 +167,9 @@ class Conversation {
   void EndOldSecret();
   void Sent(int prompts);
   void Send(const std::string& line, int prompts);
+  void FollowKeying(std::string_view line);
+  void SeeKeyingPrompt(PromptKind kind);
+  void SetTransmitter(LinkState::Transmitter next);
   // What asking once has brought.
   struct Asked {
     bool AskAgain = false;
@@ -198,7 +201,9 @@ class Conversation {
   int late = 0;            // prompts that have not come in time, and may still come
   bool secretDue = false;  // the reply to a secret is coming
   bool handedOver = false;
-  int echoSwitches = 0;  // so many were begun
+  std::string saidHead;                 // of the line that goes out byte by byte
+  std::optional<std::string> unkeying;  // what has come since the transmitter was to be unkeyed
+  int echoSwitches = 0;                 // so many were begun
   Duration lastByte{};
   Duration lastHeard{};
   int epoch = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -94,6 +95,10 @@ struct LinkState {
 
   // --- Written by the conversation ---
   bool EchoIsOff = false;  // the radio's, by our own "deco"
+  // The radio's transmitter, which bench test mode keys. Unknown: the link went while it was keyed.
+  enum class Transmitter { Off, Keyed, Unknown };
+  Transmitter TransmitterIs = Transmitter::Off;
+  std::function<void()> OnTransmitter;  // told when that has changed; may be empty
 
   // --- Scripted runs ---
   FlagOf<LinkState> DirectPortMode;  // one reads the port itself

@@ -105,5 +105,64 @@ TEST_F(SetupModeTest, TheOtherWaysInAndOut) {
   EXPECT_TRUE(CloseWindow("frmSetup"));
 }
 
+TEST_F(SetupModeTest, AKeyedTransmitterIsShownUntilItIsKnownToBeOff) {
+  StartConnected({.Mode = 'M'});
+  const auto shown = [&] {
+    const bool warns = As<Lamp>("imgConnected").Warns();
+    EXPECT_EQ(warns, As<Lamp>("imgNotConnected").Warns());
+    EXPECT_EQ(warns, Visible("Transmitting"));
+    EXPECT_EQ(ToolTip("imgConnected"),
+              (warns ? Text("Transmitting") + " " : "") + "Click to disconnect...");
+    if (WindowOpen("frmSetup")) {
+      const bool sure = Text("Transmitting") == "The transmitter is keyed.";
+      const std::string mark = sure ? "KEYED - " : "MAY BE KEYED - ";
+      EXPECT_EQ(Text("frmSetup"), (warns ? mark : "") + "Setup Mode");
+    }
+    return warns ? Text("Transmitting") : "off";
+  };
+  const std::string keyed = "The transmitter is keyed.";
+  const std::string unknown = "The transmitter may still be keyed.";
+  const auto enter = [&] {
+    ExpectBox("Warning").Reply(Answer::Yes);
+    EXPECT_TRUE(Click("mnuSetupMode"));
+  };
+  enter();
+  EXPECT_EQ(shown(), "off");
+  const struct {
+    const char* Click;
+    const char* Typed;
+    std::string Shown;
+  } acts[] = {{"Key", "", keyed},    {"DKey", "", "off"},   {"", "kex\by\r", keyed},
+              {"", "stat\r", keyed}, {"", "dkey\r", "off"}, {"Key", "", keyed}};
+  for (const auto& act : acts) {
+    EXPECT_TRUE(*act.Click == '\0' ? Type("txtTerm", act.Typed) : Click(act.Click));
+    Run(Milliseconds(500));
+    EXPECT_EQ(shown(), act.Shown) << act.Click << act.Typed;
+    EXPECT_EQ(Radio().Keyed(), act.Shown == keyed);
+  }
+  // A word that was hurt on its way unkeys nothing.
+  Faults().GarbleToRadio = Line().BytesToRadio() + 2;
+  EXPECT_TRUE(Click("DKey"));
+  Run(Milliseconds(500));
+  EXPECT_EQ(shown(), Radio().Keyed() ? keyed : "off");
+  EXPECT_TRUE(Radio().Keyed());
+  // Closed by its box, the window leaves the radio as it is.
+  EXPECT_TRUE(CloseWindow("frmSetup"));
+  EXPECT_EQ(shown(), keyed);
+  enter();
+  EXPECT_EQ(shown(), keyed);
+  EXPECT_TRUE(Click("tbr_Disconnect"));
+  EXPECT_EQ(shown(), unknown);
+  EXPECT_TRUE(CloseWindow("frmSetup"));
+  ASSERT_TRUE(Connect());  // which leaves the mode
+  EXPECT_EQ(shown(), "off");
+  enter();
+  EXPECT_TRUE(Click("Key"));
+  EXPECT_EQ(shown(), keyed);
+  EXPECT_TRUE(Click("ExitButton"));
+  Run(Milliseconds(500));
+  EXPECT_EQ(shown(), "off");
+}
+
 }  // namespace
 }  // namespace quillmark

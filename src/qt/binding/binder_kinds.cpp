@@ -142,7 +142,11 @@ void Binder::JoinRightClick(Button& control, QPushButton& button) {
 
 void Binder::JoinLamp(Lamp& control, QToolButton& button) {
   JoinClick(control, button);
-  Follow(control, [this, &control, &button] { ShowCommon(control, button); });
+  Follow(control, [this, &control, &button, own = button.icon()] {
+    ShowCommon(control, button);
+    button.setIcon(control.Warns() ? QIcon(QStringLiteral(":/icons/lamp-warning.svg")) : own);
+    button.setAccessibleDescription(ToQt(control.ToolTip()));
+  });
 }
 
 void Binder::JoinButton(Button& control, QPushButton& button) {
