@@ -15,6 +15,11 @@ constexpr double toolbarHeight = 660;
 constexpr double settingsTop = 5100;
 constexpr double tabHeight = 420;
 
+constexpr const char* firstSteps =
+    "Connect the radio's diagnostic port to this computer.\r\n"
+    "Choose that port under Setup... (F2); OK connects.\r\n"
+    "No radio at hand? Start quillmark-radio, and this program with --port and its device.";
+
 }  // namespace
 
 frmOrvalent::frmOrvalent(EventLoop& events, std::span<const Setting> settings)
@@ -24,6 +29,7 @@ frmOrvalent::frmOrvalent(EventLoop& events, std::span<const Setting> settings)
       QuickTaskControls(static_cast<Form&>(*this)),
       Notices(static_cast<Form&>(*this)),
       txtTerm(*this, this, "txtTerm"),
+      FirstSteps(*this, this, "FirstSteps", firstSteps),
       ButtonAdv(*this, this, "ButtonAdv", "Advanced"),
       ButtonZoneData(*this, this, "ButtonZoneData", "Zone Data"),
       ButtonRSSI(*this, this, "ButtonRSSI", "RSSI"),

@@ -32,6 +32,7 @@ class frmOrvalent : public Form,
   explicit frmOrvalent(EventLoop& events, std::span<const Setting> settings = AllSettings());
 
   TextBox txtTerm;
+  Label FirstSteps;  // over the empty terminal, until the first connect
   Button ButtonAdv, ButtonZoneData, ButtonRSSI, ButtonRefresh;
   Frame Frame1;
   Lamp imgConnected, imgNotConnected;

@@ -10,6 +10,13 @@
 
 namespace quillmark {
 
+// What is drawn beside an item of a list, and is no part of its text.
+struct ItemNote {
+  std::string Text;
+  bool Muted = false;  // the item and its note: what it stands for is not there
+  bool operator==(const ItemNote&) const = default;
+};
+
 // A list to choose from; with `Editable`, one may also type another text.
 class ListBox : public Control {
  public:
@@ -18,6 +25,7 @@ class ListBox : public Control {
 
   Property<std::vector<std::string>> Items;
   Property<std::vector<std::string>> ItemTips{*this, {}};       // tool tips, item by item
+  Property<std::vector<ItemNote>> ItemNotes{*this, {}};         // item by item
   Property<std::vector<std::uint32_t>> ItemColours{*this, {}};  // swatches, &HBBGGRR, item by item
   Property<bool> Editable{*this, false};
 

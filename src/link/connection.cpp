@@ -1,5 +1,7 @@
 #include "link/connection.h"
 
+#include <string>
+
 #include "conversation/wake.h"
 #include "link/serial_failure.h"
 #include "platform/utilities.h"
@@ -49,16 +51,15 @@ void Connection::Connect() {
 void Connection::Open() {
   main.ConnectCancelled = false;
   main.NotConnected = false;
+  for (Notice* notice : {&main.ConnectFailed, &main.PortBack}) notice->Drop();
+  main.FirstSteps.Visible = false;
   try {
     OpenAndWake();
   } catch (const SerialError& error) {
     if (error.Number == SerialError::PortNotAvailable) {
       main.NotConnected = true;
-      platform.Dialogs.Message(
-          {.Text = "The selected COM port is not available. Please select another port.",
-           .Title = "Error",
-           .Symbol = Icon::Exclamation,
-           .Details = error.Details});
+      main.ConnectFailed.Tell(error.Details, [this, error] { TellNotAvailable(error); });
+      TellNotAvailable(error);
       DisconnectRadio();
       return;
     }
@@ -66,6 +67,14 @@ void Connection::Open() {
     platform.Events.Pump();
     if (!main.NotConnected) ShowLinkError(platform.Dialogs, error);
   }
+}
+
+void Connection::TellNotAvailable(const SerialError& error) {
+  platform.Dialogs.Message(
+      {.Text = "The selected COM port is not available. Please select another port.",
+       .Title = "Error",
+       .Symbol = Icon::Exclamation,
+       .Details = error.Details});
 }
 
 void Connection::OpenAndWake() {
@@ -149,6 +158,9 @@ void Connection::WakeLink() {
   main.txtTerm.Text = "Error. Please reconnect.";
   main.pnl_Status.Text = "Status: Error. Please reconnect.";
   main.NotConnected = true;
+  main.ConnectFailed.Tell(
+      "No answer from the radio on Com" + std::to_string(platform.MSComm1.CommPort()) +
+      ": is it powered, is the cable right, is it the radio's diagnostic port?");
 }
 
 void Connection::SendClos() {

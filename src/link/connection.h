@@ -51,6 +51,7 @@ class Connection {
  private:
   void Connect();
   void Open();
+  void TellNotAvailable(const SerialError& error);
   void OpenAndWake();
   void ShowPortClosed();
   void ResetPort();

@@ -45,12 +45,16 @@ void frmProperties::LoadPropertySettings() {
   const std::vector<PortDescription> ports = platform.Ports.Ports();
   std::vector<std::string> names;
   std::vector<std::string> tips;
+  std::vector<ItemNote> notes;
   for (std::size_t i = 0; i < 16; ++i) {
+    const PortDescription port = i < ports.size() ? ports[i] : PortDescription{};
     names.push_back("Com" + std::to_string(i + 1));
-    tips.push_back(Described(i < ports.size() ? ports[i] : PortDescription{}));
+    tips.push_back(Described(port));
+    notes.push_back({port.Device.empty() ? "" : Described(port), !port.Present});
   }
   cboPort.Items = names;
   cboPort.ItemTips = tips;
+  cboPort.ItemNotes = notes;
   cboPort.SetListIndex(platform.MSComm1.CommPort() - 1);
   ShowDevice();
 }

@@ -19,6 +19,8 @@ class PortList {
 
   // The ports 1 to 16, in this order; looks at the machine anew.
   virtual std::vector<PortDescription> Ports() = 0;
+  // Whether the device of port `number`, from 1, is there now. Cheap enough for once a second.
+  virtual bool Present(int number) = 0;
 };
 
 }  // namespace quillmark

@@ -22,6 +22,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       log(*main, machine.Dialogs),
       radio(machine.MSComm1, machine.Events, session, *main, Conversation::Hears::ByEvents),
       connection(machine, session, *main, radio),
+      portWatch(machine, *main),
       receiver(machine, session, *main, connection, radio, log),
       typedKeys(machine, session, main->txtTerm, radio),
       readCycle(machine, session, *main, connection, radio),
@@ -67,7 +68,10 @@ Console::~Console() {
 
 void Console::WireLink() {
   platform.MSComm1.OnComm = [this] { receiver.MSComm1_OnComm(); };
-  main->txtTerm.OnKeyPress = [this](char key) { return typedKeys.txtTerm_KeyPress(key); };
+  main->txtTerm.OnKeyPress = [this](char key) {
+    main->FirstSteps.Visible = false;
+    return typedKeys.txtTerm_KeyPress(key);
+  };
   main->txtNewADDR.OnLostFocus = [this] {
     ValidateNewAddr(platform.Dialogs, main->txtNewADDR.Text());
   };
@@ -94,7 +98,11 @@ void Console::WireNotices() {
   readAge.Wire();
   mainTimer.OnRadioRead = [this] { readAge.ReadDone(); };
   connection.OnConnected = [this] { readAge.Connected(); };
-  connection.OnDisconnected = [this] { readAge.Disconnected(); };
+  connection.OnDisconnected = [this] {
+    readAge.Disconnected();
+    portWatch.Start();
+  };
+  portWatch.Connect = [this] { Connect(); };
 }
 
 void Console::WireShell() {

@@ -17,6 +17,7 @@
 #include "diagnostics/diagnostic_buttons.h"
 #include "firmware/firmware_upgrade.h"
 #include "link/connection.h"
+#include "link/port_watch.h"
 #include "link/receiver.h"
 #include "link/terminal_log.h"
 #include "link/typed_keys.h"
@@ -81,6 +82,7 @@ class Console {
   TerminalLog log;
   Conversation radio;
   Connection connection;
+  PortWatch portWatch;
   Receiver receiver;
   TypedKeys typedKeys;
   ReadCycle readCycle;

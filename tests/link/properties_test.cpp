@@ -20,6 +20,9 @@ TEST_F(PropertiesTest, AnotherPortIsStoredAndConnected) {
     EXPECT_EQ(As<ListBox>("cboPort").Items().size(), 16U);
     EXPECT_EQ(Text("cboPort"), "Com1");
     EXPECT_EQ(Text("lblDevice"), "/dev/ttyV1 (virtual line)");
+    const auto& notes = As<ListBox>("cboPort").ItemNotes();
+    EXPECT_EQ(notes.at(0), (ItemNote{"/dev/ttyV1 (virtual line)", false}));
+    EXPECT_EQ(notes.at(1), (ItemNote{"", true}));
     EXPECT_FALSE(Click("frmOrvalent.tbr_Connect"));  // the owner is blocked
     EXPECT_TRUE(Edit("cboPort", "Com3"));
     EXPECT_TRUE(Edit("cboPort", "Com5"));

@@ -10,6 +10,7 @@
 #include "qt/binding/binder.h"
 #include "qt/text/latin1.h"
 #include "qt/widgets/colors.h"
+#include "qt/widgets/noted_items.h"
 #include "qt/widgets/terminal_view.h"
 
 namespace quillmark {
@@ -42,6 +43,17 @@ void ShowSwatches(const ListBox& control, QComboBox& box) {
   }
 }
 
+void ShowNotes(const ListBox& control, QComboBox& box) {
+  const auto& notes = control.ItemNotes();
+  if (notes.empty()) return;
+  if (qobject_cast<NotedItems*>(box.itemDelegate()) == nullptr) {
+    box.setItemDelegate(new NotedItems(&box));
+  }
+  for (std::size_t i = 0; i < notes.size() && i < control.Items().size(); ++i) {
+    NotedItems::SetNote(box, static_cast<int>(i), ToQt(notes[i].Text), notes[i].Muted);
+  }
+}
+
 void ShowItems(const ListBox& control, QComboBox& box) {
   const auto& items = control.Items();
   bool same = box.count() == static_cast<int>(items.size());
@@ -57,6 +69,7 @@ void ShowItems(const ListBox& control, QComboBox& box) {
   for (std::size_t i = 0; i < tips.size() && i < items.size(); ++i) {
     box.setItemData(static_cast<int>(i), PlainTip(tips[i]), Qt::ToolTipRole);
   }
+  ShowNotes(control, box);
 }
 
 void ShowSecrecy(const TextBox& control, QLineEdit& line) {

@@ -11,9 +11,11 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <QVBoxLayout>
 #include <initializer_list>
 
 #include "qt/binding/main_layout.h"
+#include "qt/widgets/clickable_text.h"
 #include "qt/widgets/notice_line.h"
 #include "ui_frmOrvalent.h"
 
@@ -103,6 +105,21 @@ void HoldSizes(const Ui::frmOrvalent& ui) {
   }
 }
 
+// Over the middle of the terminal, whose ink and paper the user may have chosen.
+void AddFirstSteps(QPlainTextEdit& terminal) {
+  auto* steps = new CaptionLabel(terminal.viewport());
+  steps->setObjectName(QStringLiteral("FirstSteps"));
+  steps->setWordWrap(true);
+  QFont quiet = terminal.font();
+  quiet.setBold(false);
+  steps->setFont(quiet);
+  steps->setAlignment(Qt::AlignCenter);
+  steps->setForegroundRole(QPalette::Text);
+  steps->setAttribute(Qt::WA_TransparentForMouseEvents);
+  auto* around = new QVBoxLayout(terminal.viewport());
+  around->addWidget(steps);
+}
+
 // An entry of a menu that clicks a button, and the key that does so too.
 struct ClickEntry {
   const char* Text;
@@ -182,6 +199,7 @@ QWidget* DrawMainWindow(QWidget* parent) {
   FillStatusBar(*ui.sbrStatus);
   HoldNoticeStrip(*ui.noticeStrip, *ui.NoAnswer);
   AddPresetMenu(*window, ui);
+  AddFirstSteps(*ui.txtTerm);
   ShowPowerInWords(ui);
   HoldSizes(ui);
   ShareRoom(*window, ui);

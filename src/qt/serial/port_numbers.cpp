@@ -125,6 +125,13 @@ std::vector<PortDescription> PortNumbers::Ports() {
   return ports;
 }
 
+// Opening the port has read the path, or there was none.
+bool PortNumbers::Present(int number) {
+  if (number < 1 || number > Count) return false;
+  const std::string& path = entries[static_cast<std::size_t>(number - 1)].Path;
+  return !path.empty() && surroundings.Exists(path);
+}
+
 std::string PortNumbers::DeviceOf(int number) {
   if (number < 1 || number > Count) return {};
   const auto index = static_cast<std::size_t>(number - 1);

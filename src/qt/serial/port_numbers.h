@@ -43,6 +43,7 @@ class PortNumbers : public PortList {
   PortNumbers(IniPreferenceStore& store, Surroundings surroundings);
 
   std::vector<PortDescription> Ports() override;
+  bool Present(int number) override;
   // The path behind a number; empty when there is none.
   std::string DeviceOf(int number);
   // The number of a device that the user names; it is given one if it has none.

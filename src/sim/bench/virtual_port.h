@@ -32,6 +32,7 @@ class VirtualSockets : public PortList {
   // Pulls the adapter: whoever has the port open loses it.
   void Unplug(int number) { At(number).Is = State::Empty; }
   std::vector<PortDescription> Ports() override;
+  bool Present(int number) override { return At(number).Is != State::Empty; }
 
  private:
   std::array<Socket, 16> sockets;
