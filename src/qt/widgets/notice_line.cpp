@@ -2,6 +2,8 @@
 
 #include <QAccessible>
 #include <QPainter>
+#include <QRegularExpression>
+#include <QShowEvent>
 #include <QStyleOptionFocusRect>
 #include <algorithm>
 
@@ -11,6 +13,11 @@ namespace {
 
 // Of the sentence, in average characters.
 constexpr int leastWidth = 12;
+
+QString WithoutFigures(QString sentence) {
+  static const QRegularExpression figures(QStringLiteral("[0-9]+"));
+  return sentence.remove(figures);
+}
 
 }  // namespace
 
@@ -22,12 +29,23 @@ NoticeLine::NoticeLine(QWidget* parent) : QPushButton(parent) {
 
 void NoticeLine::SetSentence(const QString& next) {
   if (next == sentence) return;
+  // A figure that moves on is not spoken each time.
+  const bool news = WithoutFigures(next) != WithoutFigures(sentence);
   sentence = next;
   setAccessibleName(sentence);
-  QAccessibleEvent event(this, QAccessible::Alert);
-  QAccessible::updateAccessibility(&event);
+  if (news && isVisible()) SpeakUp();
   updateGeometry();
   update();
+}
+
+void NoticeLine::SpeakUp() {
+  QAccessibleEvent event(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
+}
+
+void NoticeLine::showEvent(QShowEvent* event) {
+  QPushButton::showEvent(event);
+  if (!event->spontaneous()) SpeakUp();
 }
 
 void NoticeLine::SetClickable(bool next) {

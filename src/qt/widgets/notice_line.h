@@ -21,6 +21,7 @@ class NoticeLine : public QPushButton {
   QSize minimumSizeHint() const override;
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -28,6 +29,7 @@ class NoticeLine : public QPushButton {
  private:
   QSize SizeFor(int textWidth) const;
   int MarkWidth() const;
+  void SpeakUp();
 
   QString sentence;
   bool clickable = false;
