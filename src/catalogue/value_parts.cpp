@@ -73,7 +73,7 @@ std::vector<std::string> Zones(const std::vector<std::string>& pieces) {
   std::vector<std::string> zones;
   for (const std::string& piece : pieces) {
     if (!NumericValue(piece)) return pieces;
-    for (const char zone : piece) zones.emplace_back(1, zone);
+    zones.push_back(piece);
   }
   std::sort(zones.begin(), zones.end());
   return zones;
@@ -113,6 +113,10 @@ bool HasValueSent(const Setting& setting, std::string_view shown, std::string_vi
   return std::ranges::all_of(ValueParts(setting, sent), [&all](const std::string& part) {
     return std::ranges::find(all, part) != all.end();
   });
+}
+
+bool IsValue(const Setting& setting, std::string_view text) {
+  return IsFreeText(setting) ? text != "n/a" : !IsNoValue(text);
 }
 
 bool IsNoValue(std::string_view text) {

@@ -23,6 +23,9 @@ bool SameValue(const Setting& setting, std::string_view a, std::string_view b);
 // value: "BAUD 9600" leaves the format alone, "DLINK ON" the rate.
 bool HasValueSent(const Setting& setting, std::string_view shown, std::string_view sent);
 
+// Whether the text gives the setting a value; a free text may be empty.
+bool IsValue(const Setting& setting, std::string_view text);
+
 // Whether the text is what stands where there is no value: nothing, "n/a", "NOT AVAILABLE", or the
 // radio's words that it has none.
 bool IsNoValue(std::string_view text);

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "catalogue/same_value.h"
+#include "catalogue/value_parts.h"
 
 namespace quillmark {
 

@@ -1,6 +1,6 @@
 #include "restore/restore_rows.h"
 
-#include "catalogue/same_value.h"
+#include "catalogue/value_parts.h"
 
 namespace quillmark {
 
@@ -33,7 +33,7 @@ std::string RestoreRow::Subject() const {
 
 RestoreMatch MatchOf(const RestoreRow& row, std::string_view current, std::string_view next) {
   if (!IsValue(*row.What, current) || !IsValue(*row.What, next)) return RestoreMatch::Missing;
-  return MeansTheSame(*row.What, current, next) ? RestoreMatch::Equal : RestoreMatch::Differs;
+  return SameValue(*row.What, current, next) ? RestoreMatch::Equal : RestoreMatch::Differs;
 }
 
 }  // namespace quillmark
