@@ -1,6 +1,17 @@
 # shellcheck shell=bash
 # The Debian package and the source release. Sourced by ./dev.
 
+# have_package_tools PACKAGE...: installs them where that can be done, and tells which tools are missing.
+have_package_tools() {
+  ensure_packages "$@" || return 1
+  local tool missing=()
+  for tool in cpack dpkg-shlibdeps gzip rsvg-convert desktop-file-validate appstreamcli lintian; do
+    command -v "$tool" >/dev/null || missing+=("$tool")
+  done
+  [ ${#missing[@]} -eq 0 ] || say "The package needs what is not here: ${missing[*]}"
+  [ ${#missing[@]} -eq 0 ]
+}
+
 # make_package: leaves quillmark-console_VERSION_ARCHITECTURE.deb in build/package. The times in it
 # are those of the last commit, so that two builds of one commit are the same to the byte.
 make_package() {

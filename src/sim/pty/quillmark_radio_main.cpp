@@ -226,6 +226,7 @@ int Run(int argc, char** argv) {
       "Prints \"radio on DEVICE\" and serves until it is interrupted. Connect the console, or any\n"
       "terminal program at 19200 baud, to the device or to the link. SIGUSR1 hangs up the line.");
   app.name("quillmark-radio");
+  app.set_version_flag("--version", "quillmark-radio " QUILLMARK_VERSION);
   app.footer("Example: quillmark-radio --link /tmp/radio --mode M --password abcd");
   ProgramOptions options;
   AddRadioOptions(app, options.Radio);
