@@ -23,7 +23,10 @@ class DeskDialogs : public Dialogs {
   std::string Input(const InputBox&) override { return {}; }
   std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return ChosenFile; }
   std::optional<std::filesystem::path> SaveFile(const FileDialog&) override { return ChosenFile; }
-  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path&) override { return {}; }
+  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path&,
+                                           const std::filesystem::path&) override {
+    return {};
+  }
 
   std::optional<std::filesystem::path> ChosenFile;
   std::string LastMessage;

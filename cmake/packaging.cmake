@@ -50,15 +50,14 @@ if(QUILLMARK_PACKAGE)
   endforeach()
   add_custom_target(icon_sizes ALL DEPENDS ${iconFiles})
 
-  # The manual: the pages for users, made from Markdown by Qt's own reader.
-  quillmark_program(quillmark_manual SOURCES tools/manual/main.cpp LINK Qt6::Gui)
-  set(pages settings-and-access configuration-files store-and-restore firmware-upgrade diagnostics
-            serial-port store-and-files simulated-radio wire-dialect)
-  list(TRANSFORM pages PREPEND "${CMAKE_SOURCE_DIR}/docs/")
-  list(TRANSFORM pages APPEND ".md")
+  # The manual: the pages for users, made by the code that shows them in the program.
+  quillmark_program(quillmark_manual SOURCES tools/manual/main.cpp src/qt/help/manual.cpp
+                    LINK Qt6::Gui)
+  target_include_directories(quillmark_manual PRIVATE "${CMAKE_SOURCE_DIR}/src")
+  file(GLOB pages CONFIGURE_DEPENDS docs/*.md docs/pictures/*.png)
   add_custom_command(OUTPUT "${made}/html/index.html"
     COMMAND "${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen
-            $<TARGET_FILE:quillmark_manual> "${made}/html" ${pages}
+            $<TARGET_FILE:quillmark_manual> "${CMAKE_SOURCE_DIR}/docs" "${made}/html"
     DEPENDS quillmark_manual ${pages} VERBATIM)
   add_custom_target(manual ALL DEPENDS "${made}/html/index.html")
   install(DIRECTORY "${made}/html" docs/pictures DESTINATION "${docFolder}"

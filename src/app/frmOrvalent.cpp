@@ -115,6 +115,10 @@ void frmOrvalent::Form_Close() {
   if (OnClose) OnClose();
 }
 
+void frmOrvalent::Form_Drop(const std::filesystem::path& file) {
+  if (OnDrop) OnDrop(file);
+}
+
 void frmOrvalent::Form_Resize() {
   if (!ResizeEnabled) return;
   const double toolbar = tbrToolBar.Height();

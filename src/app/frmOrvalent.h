@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <span>
 
@@ -60,10 +61,13 @@ class frmOrvalent : public Form,
 
   // What the close box does.
   std::function<void()> OnClose;
+  // What a file that is dropped on the window does.
+  std::function<void(const std::filesystem::path&)> OnDrop;
 
  protected:
   void Form_Close() override;
   void Form_Resize() override;
+  void Form_Drop(const std::filesystem::path& file) override;
 
  private:
   void StackSettingFrames();

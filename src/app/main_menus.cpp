@@ -1,6 +1,9 @@
 #include "app/main_menus.h"
 
 #include <initializer_list>
+#include <string>
+
+#include "text/path_text.h"
 
 namespace quillmark {
 
@@ -22,6 +25,16 @@ void SetToolTips(MainMenus& menus) {
   menus.barRun.ToolTip = "Settings done and to do";
 }
 
+// "&3 north ridge.txt": the digit is the key. An "&" of the name's own is doubled.
+std::string RecentCaption(std::size_t place, const std::string& name) {
+  std::string caption = "&" + std::to_string(place + 1) + " ";
+  for (const char c : name) {
+    caption += c;
+    if (c == '&') caption += c;
+  }
+  return caption;
+}
+
 }  // namespace
 
 MainMenus::MainMenus(Form& form)
@@ -30,6 +43,8 @@ MainMenus::MainMenus(Form& form)
       mnuSpecial(form, &form, "mnuSpecial", "&Special"),
       mnuRadioPassSub(form, &mnuSpecial, "mnuRadioPassSub", "Radio Passwords..."),
       mnuPreset(form, &form, "mnuPreset", "Preset"),
+      mnuRecent(form, &mnuFile, "mnuRecent", "Rece&nt Configurations"),
+      mnuHelp(form, &form, "mnuHelp", "&Help"),
       mnuOpenLog(form, &mnuFile, "mnuOpenLog", "&Open Log File..."),
       mnuCloseLog(form, &mnuFile, "mnuCloseLog", "&Close Log File"),
       mnuSendText(form, &mnuFile, "mnuSendText", "&Radio Firmware Upgrade..."),
@@ -44,6 +59,16 @@ MainMenus::MainMenus(Form& form)
       mnuConfigRestore(form, &mnuSpecial, "mnuConfigRestore",
                        "Open Configuration Store/Restore Window..."),
       mnuAbout(form, &form, "mnuAbout", "&About"),
+      mnuManual(form, &mnuHelp, "mnuManual", "&Manual"),
+      mnuVersions(form, &mnuHelp, "mnuVersions", "&Versions..."),
+      mnuRecentFile{{{form, &mnuRecent, "mnuRecentFile_0"},
+                     {form, &mnuRecent, "mnuRecentFile_1"},
+                     {form, &mnuRecent, "mnuRecentFile_2"},
+                     {form, &mnuRecent, "mnuRecentFile_3"},
+                     {form, &mnuRecent, "mnuRecentFile_4"},
+                     {form, &mnuRecent, "mnuRecentFile_5"},
+                     {form, &mnuRecent, "mnuRecentFile_6"},
+                     {form, &mnuRecent, "mnuRecentFile_7"}}},
       mnuPresetView(form, &mnuPreset, "mnuPresetView", "View"),
       mnuPresetDelete(form, &mnuPreset, "mnuPresetDelete", "Delete"),
       mnuPresetRename(form, &mnuPreset, "mnuPresetRename", "Rename This Button"),
@@ -65,12 +90,24 @@ MainMenus::MainMenus(Form& form)
       barRun(form, &sbrStatus, "barRun", 0, 1, 0) {
   SetToolTips(*this);
   barRun.Visible = false;
+  ShowRecent({});
   // Until a radio is connected and a log is open.
   for (Control* control : std::initializer_list<Control*>{
            &tbr_CloseLogFile, &tbr_Disconnect, &tbr_TransmitTextFile, &tbr_Login, &tbr_Logout,
            &mnuCloseLog, &mnuSendText, &mnuAccessCode, &mnuEncryptCode, &mnuSetupMode,
            &mnuConfigRestore, &mnuRadioPassSub, &mnuSetPass}) {
     control->Enabled = false;
+  }
+}
+
+void MainMenus::ShowRecent(const std::vector<std::filesystem::path>& files) {
+  mnuRecent.Enabled = !files.empty();
+  for (std::size_t place = 0; place < mnuRecentFile.size(); ++place) {
+    MenuItem& entry = mnuRecentFile[place];
+    entry.Visible = place < files.size();
+    const std::filesystem::path file = entry.Visible() ? files[place] : "(Empty)";
+    entry.Text = RecentCaption(place, PathText(file.filename()));
+    entry.ToolTip = PathText(file);
   }
 }
 

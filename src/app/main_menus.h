@@ -1,8 +1,13 @@
 #pragma once
 
+#include <array>
+#include <filesystem>
+#include <vector>
+
 #include "controls/choices.h"
 #include "controls/clickable.h"
 #include "controls/form.h"
+#include "session/chosen_files.h"
 
 namespace quillmark {
 
@@ -11,12 +16,14 @@ class MainMenus {
  public:
   explicit MainMenus(Form& form);
 
-  Menu mnuFile, mnuPort, mnuSpecial, mnuRadioPassSub, mnuPreset;
+  Menu mnuFile, mnuPort, mnuSpecial, mnuRadioPassSub, mnuPreset, mnuRecent, mnuHelp;
   MenuItem mnuOpenLog, mnuCloseLog, mnuSendText, mnuFileExit;
   MenuItem mnuOpen, mnuProperties;
   MenuItem mnuPreferences, mnuSetPass, mnuAccessCode, mnuEncryptCode, mnuSetupMode,
       mnuConfigRestore;
   MenuItem mnuAbout;
+  MenuItem mnuManual, mnuVersions;
+  std::array<MenuItem, MostRecentFiles> mnuRecentFile;
   MenuItem mnuPresetView, mnuPresetDelete, mnuPresetRename, mnuPresetEditDesc;
 
   Frame tbrToolBar;
@@ -27,6 +34,9 @@ class MainMenus {
   StatusPanel pnl_Status, pnl_Settings, pnl_ConnectTime;
   // How far a long run at the radio has come; visible while one is under way.
   ProgressBar barRun;
+
+  // Lists these files in mnuRecent, which is off when there are none.
+  void ShowRecent(const std::vector<std::filesystem::path>& files);
 };
 
 }  // namespace quillmark

@@ -5,7 +5,9 @@
 
 #include "app/version.h"
 #include "config/saved_settings.h"
+#include "config/suggested_name.h"
 #include "platform/utilities.h"
+#include "session/chosen_files.h"
 #include "text/path_text.h"
 #include "text/text.h"
 
@@ -33,6 +35,10 @@ bool IsOneLine(const std::string& text) { return text.find_first_of("\r\n") == s
 // As the radio gave it, its line ends and prompt around it: the cuts count on them.
 std::string AsReply(const std::string& text) { return "\r\n" + text + "\r\n>"; }
 
+std::string Settings(int count) {
+  return std::to_string(count) + (count == 1 ? " setting" : " settings");
+}
+
 }  // namespace
 
 ConfigSaver::ConfigSaver(Platform& machine, frmOrvalent& window, Connection& link,
@@ -41,6 +47,8 @@ ConfigSaver::ConfigSaver(Platform& machine, frmOrvalent& window, Connection& lin
 
 void ConfigSaver::WriteConfigToFile(std::filesystem::path path, bool report) {
   run.Begin();
+  Outcome.clear();
+  WrittenTo.clear();
   if (!ChooseFile(path)) {
     main.ReleasePort();
     return;
@@ -63,11 +71,14 @@ void ConfigSaver::WriteConfigToFile(std::filesystem::path path, bool report) {
 bool ConfigSaver::ChooseFile(std::filesystem::path& path) {
   const std::filesystem::path given = path;
   for (;;) {
-    path = given.empty() ? platform.Dialogs
-                               .SaveFile({"Radio Configuration Save",
-                                          "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"})
-                               .value_or("")
-                         : given;
+    path = given.empty()
+               ? ChooseToSave(platform, FileKind::Configuration,
+                              {.Title = "Radio Configuration Save",
+                               .Filter = "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*",
+                               .Name = SuggestedName(main.At(SettingId::SerialNumber).Text(),
+                                                     platform.Events.LocalSeconds())})
+                     .value_or("")
+               : given;
     if (path.empty()) return false;
     if (!FileExists(path)) return true;
     const Answer answer = platform.Dialogs.Message({.Text = "File Exists !!\r\n\r\nOverwrite ? ",
@@ -83,6 +94,24 @@ void ConfigSaver::Write(const std::filesystem::path& path, bool report) {
   // A link that went while a dialog was up must not cost the old file its name.
   run.CheckLink();
   ReplacedFile file(path, platform.Files.Data());
+  written = expected = 0;
+  try {
+    WriteLines(file, report);
+  } catch (const FileError&) {
+    throw;
+  } catch (...) {
+    Outcome = Interrupted(path, file.EndEarly());
+    throw;
+  }
+  Outcome = "Saved " + Settings(written) + " to " + PathText(path) + ".";
+  WrittenTo = path;
+  main.Timer2.Enabled = true;
+  SwitchEchoOn();
+  main.ReleasePort();
+  ReportWritten = true;
+}
+
+void ConfigSaver::WriteLines(ReplacedFile& file, bool report) {
   if (report) {
     run.ShowStatus("Preparing Report");
     file.Line("");
@@ -94,10 +123,19 @@ void ConfigSaver::Write(const std::filesystem::path& path, bool report) {
   WriteHead(file, report);
   WriteSettings(file, report);
   file.Complete();
-  main.Timer2.Enabled = true;
-  SwitchEchoOn();
-  main.ReleasePort();
-  ReportWritten = true;
+}
+
+std::string ConfigSaver::Interrupted(const std::filesystem::path& path,
+                                     const ReplacedFile::Remains& left) const {
+  const std::string name = PathText(path);
+  if (!left.Shortened) return "The save was interrupted. " + name + " is what it was before.";
+  std::string text =
+      "The save was interrupted. " + name + " holds " +
+      (expected == 0 ? Settings(written) : std::to_string(written) + " of " + Settings(expected));
+  if (left.Old.empty()) return text + ".";
+  const bool beside = left.Old.parent_path() == path.parent_path();
+  return text + ", the old file is " + (beside ? "beside it as " : "kept as ") +
+         PathText(beside ? left.Old.filename() : left.Old) + ".";
 }
 
 void ConfigSaver::WriteHead(ReplacedFile& file, bool report) {
@@ -177,6 +215,8 @@ void ConfigSaver::WriteSettings(ReplacedFile& file, bool report) {
     run.ShowProgress(done++, all);
     if (!report && row->Saved->Panel) run.ShowStatus(Upper(row->Word));
     WriteSetting(file, *row);
+    if (row->Id != SettingId::Mode || modeLetter.empty()) continue;
+    expected = EqualAnyCase(modeLetter, "M") ? all : static_cast<int>(others);
   }
   run.ShowProgress(all, all);
 }
@@ -186,6 +226,7 @@ void ConfigSaver::WriteSetting(ReplacedFile& file, const Setting& row) {
   if (row.Saved->Dot) run.Dot();
   if (const auto lines = CutSetting(row, AsReply(text.value_or("")))) {
     file.Line(*lines);
+    ++written;
     if (row.Id == SettingId::Mode) modeLetter = Mid(*lines, 6, 1).value_or("");
   }
 }

@@ -29,11 +29,18 @@ class ConfigSaver {
   void WriteConfigToFile(std::filesystem::path path, bool report);
 
   bool ReportWritten = false;  // the last run came to its end
+  // What the last run has put into its file, as a sentence; empty when it has not begun one, or a
+  // box has told.
+  std::string Outcome;
+  std::filesystem::path WrittenTo;  // the file that the last run completed, or empty
 
  private:
   // False when the user goes back on it.
   bool ChooseFile(std::filesystem::path& path);
   void Write(const std::filesystem::path& path, bool report);
+  void WriteLines(ReplacedFile& file, bool report);
+  std::string Interrupted(const std::filesystem::path& path,
+                          const ReplacedFile::Remains& left) const;
   void WriteHead(ReplacedFile& file, bool report);
   // The radio's reply to "ser", called for until there is one.
   std::optional<std::string> ReadSerialNumber(bool report);
@@ -53,6 +60,8 @@ class ConfigSaver {
   DirectRun& run;
   Revision revision;  // of the radio that is being saved
   std::string modeLetter;
+  int written = 0;   // settings in the file
+  int expected = 0;  // as many as a radio of this mode can have; 0: its mode is not known yet
 };
 
 }  // namespace quillmark

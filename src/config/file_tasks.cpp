@@ -2,25 +2,13 @@
 
 #include <system_error>
 
+#include "config/suggested_name.h"
 #include "config/temp_folder.h"
-#include "text/text.h"
+#include "session/chosen_files.h"
 
 namespace quillmark {
 
-namespace {
-
 namespace fs = std::filesystem;
-
-// A text of the radio as a file's name: only letters, digits, blanks and dashes.
-std::string NameText(std::string text) {
-  std::erase_if(text, [](char c) {
-    return !((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-             c == ' ' || c == '-' || c == '_');
-  });
-  return std::string(Trim(text));
-}
-
-}  // namespace
 
 FileTasks::FileTasks(Platform& machine, frmOrvalent& window, DirectRun& itsRun,
                      ConfigSaver& itsSaver, ConfigSender& itsSender)
@@ -35,33 +23,45 @@ void FileTasks::Wire() {
 void FileTasks::cmdSaveToFile_Click() {
   if (!platform.MSComm1.PortOpen()) return;
   run.WhenFree(main.cmdSaveToFile, [this] {
-    const QuickTask task(run);
-    saver.WriteConfigToFile({}, false);
-    run.ReadRadioAgain();
+    main.FileDone.Drop();
+    {
+      const QuickTask task(run);
+      saver.WriteConfigToFile({}, false);
+      run.ReadRadioAgain();
+    }
+    if (!saver.WrittenTo.empty()) Note(saver.WrittenTo);
+    if (!saver.Outcome.empty()) main.FileDone.Tell(saver.Outcome);
   });
 }
 
 void FileTasks::RestoreConfiguration() {
   if (!run.MayStart()) return;
-  const auto path = platform.Dialogs.OpenFile(
-      {"Radio Configuration Restore", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
-  if (!path) return;
+  const auto path =
+      ChooseToOpen(platform, FileKind::Configuration,
+                   {"Radio Configuration Restore", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
+  if (path) ProgramFrom(*path);
+}
+
+void FileTasks::ProgramFrom(const fs::path& path) {
+  if (!run.MayStart()) return;
   bool mayBeSent = false;
-  sender.LoadConfigLines(*path, false, mayBeSent);
+  sender.LoadConfigLines(path, false, mayBeSent);
   if (!mayBeSent) return;
-  run.WhenFree(main.cmdProgramFromFile, [this, path = *path] {
+  Note(path);
+  run.WhenFree(main.cmdProgramFromFile, [this, path] {
     const QuickTask task(run);
     run.ShowTitle("RESTORING.");
     sender.ProgramFromFile(path);
   });
 }
 
-// Named after the radio's serial number, behind its word.
+void FileTasks::Note(const fs::path& configuration) {
+  NoteConfiguration(platform.Preferences, configuration);
+  main.ShowRecent(RecentConfigurations(platform.Preferences));
+}
+
 fs::path FileTasks::ReportFile() const {
-  constexpr std::ptrdiff_t longestName = 100;
-  const std::string number =
-      Mid(main.At(SettingId::SerialNumber).Text(), 4, longestName).value_or("");
-  const std::string name = NameText(number);
+  const std::string name = SerialName(main.At(SettingId::SerialNumber).Text());
   return TempFolder(platform.Files) / ((name.empty() ? "config" : name) + ".txt");
 }
 
@@ -79,7 +79,7 @@ void FileTasks::PrintReport() {
   saver.WriteConfigToFile(report, true);
   if (saver.ReportWritten) {
     run.ShowStatus("Printing");
-    if (const auto target = platform.Dialogs.ChoosePrinter(report)) {
+    if (const auto target = ChooseToPrint(platform, report)) {
       platform.Desktop.Print(*target, report, "Quillmark SS radio configuration");
     }
   }

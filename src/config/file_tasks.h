@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 #include "app/frmOrvalent.h"
 #include "config/config_saver.h"
 #include "config/config_sender.h"
@@ -17,12 +19,16 @@ class FileTasks {
 
   // Joins the buttons to their handlers.
   void Wire();
+  // What "PROGRAM RADIO FROM FILE" does with the file that was chosen.
+  void ProgramFrom(const std::filesystem::path& path);
 
  private:
   void cmdSaveToFile_Click();
   void RestoreConfiguration();
   void cmdPrint_Click();
+  void Note(const std::filesystem::path& configuration);
   void PrintReport();
+  // Named after the radio's serial number.
   std::filesystem::path ReportFile() const;
 
   Platform& platform;

@@ -142,6 +142,14 @@ std::string ReplacedFile::PlaceOfOld() const {
   return "What the file held before is in " + PathText(backup);
 }
 
+ReplacedFile::Remains ReplacedFile::EndEarly() {
+  ended = true;
+  file.close();
+  if (!inPlace) return {true, backup};
+  if (PutBack()) return {false, {}};
+  return {true, backup};
+}
+
 void ReplacedFile::Abandon() {
   if (!PutBack()) throw FileError(PlaceOfOld());
 }

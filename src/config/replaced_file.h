@@ -45,6 +45,13 @@ class ReplacedFile {
   void Line(std::string_view text);
   // Everything has been written: the old file goes. Throws FileError.
   void Complete();
+  // What a run that ends early leaves behind it.
+  struct Remains {
+    bool Shortened = true;      // the lines so far; false: the file is what it was before
+    std::filesystem::path Old;  // where the old content is then; empty: nowhere else
+  };
+  // Ends such a run as the destructor would, and tells what is left.
+  Remains EndEarly();
   // Nothing is to be saved after all: the old file stands in its place again. Throws FileError.
   void Abandon();
 

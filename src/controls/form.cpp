@@ -52,6 +52,11 @@ void Form::UserClick() {
   if (loaded && Enabled()) Form_Click();
 }
 
+void Form::UserDrop(const std::filesystem::path& file) {
+  const auto alive = weak_from_this().lock();
+  if (loaded && Enabled()) Form_Drop(file);
+}
+
 void Form::PopupMenu(Menu& menu, Control& beside) {
   if (formView != nullptr) formView->MenuPopsUp(menu, beside);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -51,6 +52,8 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   void UserResize(double width, double height);
   void UserKey();
   void UserClick();
+  // Drops a file on the window.
+  void UserDrop(const std::filesystem::path& file);
 
   // Opens a menu beside a control, where the user points.
   void PopupMenu(Menu& menu, Control& beside);
@@ -70,6 +73,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   virtual void Form_Resize() {}
   virtual void Form_KeyPress() {}
   virtual void Form_Click() {}
+  virtual void Form_Drop(const std::filesystem::path&) {}
   virtual void Form_Activate() {}
   virtual void Form_Deactivate() {}
 

@@ -5,6 +5,7 @@
 #include "firmware/loader_entry.h"
 #include "link/serial_failure.h"
 #include "platform/utilities.h"
+#include "session/chosen_files.h"
 #include "text/at_end.h"
 #include "text/path_text.h"
 #include "text/text.h"
@@ -34,7 +35,12 @@ void FirmwareUpgrade::Wire() {
   wire(main.tbr_TransmitTextFile);
 }
 
-void FirmwareUpgrade::mnuSendText_Click() {
+void FirmwareUpgrade::Load(const std::filesystem::path& path) {
+  if (MayStart && !MayStart()) return;
+  radio.Turns.WhenFree(main.mnuSendText, [this, path] { Run(path); });
+}
+
+void FirmwareUpgrade::Run(const std::filesystem::path& given) {
   if (running || !main.mnuSendText.Enabled()) return;
   if (MayStart && !MayStart()) return;
   bool reconnect = false;
@@ -48,7 +54,7 @@ void FirmwareUpgrade::mnuSendText_Click() {
     });
     // From the first question on: what was checked must still be true when the file is sent.
     HeldControls controls(main);
-    const auto chosen = ChooseFirmware();
+    const auto chosen = ChooseFirmware(given);
     // A read that ran while the questions were up has switched some on.
     controls.HoldAgain();
     if (chosen) reconnect = Load(*chosen);
@@ -64,8 +70,9 @@ void FirmwareUpgrade::EnableEntries(bool enabled) {
   main.tbr_TransmitTextFile.Enabled = enabled;
 }
 
-std::optional<FirmwareUpgrade::Chosen> FirmwareUpgrade::ChooseFirmware() {
-  const auto path = ChooseFile();
+std::optional<FirmwareUpgrade::Chosen> FirmwareUpgrade::ChooseFirmware(
+    const std::filesystem::path& given) {
+  const auto path = given.empty() ? ChooseFile() : given;
   if (!path) return std::nullopt;
   FirmwareFile file;
   if (const auto trouble = file.Open(*path)) {
@@ -79,7 +86,8 @@ std::optional<FirmwareUpgrade::Chosen> FirmwareUpgrade::ChooseFirmware() {
 
 std::optional<std::filesystem::path> FirmwareUpgrade::ChooseFile() {
   for (;;) {
-    auto path = platform.Dialogs.OpenFile(
+    auto path = ChooseToOpen(
+        platform, FileKind::Firmware,
         {"Firmware Upgrade File Selection", "S28 Files (*.S28)|*.s28|All Files (*.*)|*.*"});
     if (!path || path->empty()) return std::nullopt;
     if (FileExists(*path)) return path;

@@ -30,7 +30,10 @@ class FirmwareUpgrade {
   // application.
   std::function<bool()> MayStart;
   // Does nothing while an upgrade runs.
-  void mnuSendText_Click();
+  void mnuSendText_Click() { Run({}); }
+  // The same with a file that the user has chosen already: when the line is free, and not while
+  // something else has the radio.
+  void Load(const std::filesystem::path& path);
   // From the choice of the file to the end.
   bool UnderWay() const { return running; }
   // The radio is being brought into its loader, or is in it.
@@ -44,9 +47,11 @@ class FirmwareUpgrade {
     std::string Note;  // on the file, for the details of boxes; mostly empty
   };
 
+  // The user chooses the file when `given` is empty.
+  void Run(const std::filesystem::path& given);
   // The menu entry and the toolbar's button.
   void EnableEntries(bool enabled);
-  std::optional<Chosen> ChooseFirmware();
+  std::optional<Chosen> ChooseFirmware(const std::filesystem::path& given);
   std::optional<std::filesystem::path> ChooseFile();
   // False when the user does not want to go on.
   bool PassesQuestions(FirmwareFile& file, Chosen& chosen);

@@ -3,6 +3,7 @@
 #include <cerrno>
 
 #include "platform/utilities.h"
+#include "session/chosen_files.h"
 #include "text/path_text.h"
 
 namespace quillmark {
@@ -20,13 +21,14 @@ std::error_code LastError() { return {errno, std::generic_category()}; }
 
 }  // namespace
 
-TerminalLog::TerminalLog(frmOrvalent& window, Dialogs& boxes) : main(window), dialogs(boxes) {}
+TerminalLog::TerminalLog(Platform& machine, frmOrvalent& window)
+    : platform(machine), main(window) {}
 
 void TerminalLog::mnuOpenLog_Click() {
   const FileDialog dialog{logTitle,
                           "Log Files (*.LOG)|*.log|Text Files (*.TXT)|*.txt|All Files (*.*)|*.*"};
   for (;;) {
-    const auto path = dialogs.SaveFile(dialog);
+    const auto path = ChooseToSave(platform, FileKind::Log, dialog);
     if (!path || path->empty()) return;
     const bool exists = FileExists(*path);
     const Answer answer = exists ? AskToReplace(*path) : AskToCreate(*path);
@@ -37,18 +39,18 @@ void TerminalLog::mnuOpenLog_Click() {
 }
 
 Answer TerminalLog::AskToReplace(const fs::path& path) {
-  return dialogs.Message({.Text = "Replace existing file - " + PathText(path) +
-                                  "?\r\rClick 'NO' to append to the file.",
-                          .Symbol = Icon::Question,
-                          .Choice = Buttons::YesNoCancel,
-                          .Irreversible = true});
+  return platform.Dialogs.Message({.Text = "Replace existing file - " + PathText(path) +
+                                           "?\r\rClick 'NO' to append to the file.",
+                                   .Symbol = Icon::Question,
+                                   .Choice = Buttons::YesNoCancel,
+                                   .Irreversible = true});
 }
 
 Answer TerminalLog::AskToCreate(const fs::path& path) {
-  return dialogs.Message({.Text = PathText(path) + " does not exist.\r\rCreate it?",
-                          .Title = logTitle,
-                          .Symbol = Icon::Question,
-                          .Choice = Buttons::YesNo});
+  return platform.Dialogs.Message({.Text = PathText(path) + " does not exist.\r\rCreate it?",
+                                   .Title = logTitle,
+                                   .Symbol = Icon::Question,
+                                   .Choice = Buttons::YesNo});
 }
 
 bool TerminalLog::Prepare(const fs::path& path, bool replace) {
@@ -127,8 +129,8 @@ void TerminalLog::Write(std::string_view text) {
 
 void TerminalLog::AskAboutFailure() {
   asking = true;
-  const Answer answer =
-      dialogs.Message({writeError.message(), ProgramTitle, Icon::Critical, Buttons::RetryCancel});
+  const Answer answer = platform.Dialogs.Message(
+      {writeError.message(), ProgramTitle, Icon::Critical, Buttons::RetryCancel});
   asking = false;
   if (answer != Answer::Retry) mnuCloseLog_Click();
 }
@@ -145,7 +147,7 @@ bool TerminalLog::WriteAll(std::string& text) {
 }
 
 void TerminalLog::ShowError(std::string_view text) {
-  dialogs.Message({std::string(text), ProgramTitle, Icon::Exclamation});
+  platform.Dialogs.Message({std::string(text), ProgramTitle, Icon::Exclamation});
 }
 
 }  // namespace quillmark

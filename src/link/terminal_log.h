@@ -8,14 +8,14 @@
 #include <system_error>
 
 #include "app/frmOrvalent.h"
-#include "platform/dialogs.h"
+#include "platform/platform.h"
 
 namespace quillmark {
 
 // The copy of the terminal's text in a file. There is one, for the main window.
 class TerminalLog {
  public:
-  TerminalLog(frmOrvalent& main, Dialogs& dialogs);
+  TerminalLog(Platform& platform, frmOrvalent& main);
 
   void mnuOpenLog_Click();
   void mnuCloseLog_Click();
@@ -46,8 +46,8 @@ class TerminalLog {
   void ShowError(std::string_view text);
   void ShowOpen(bool open);
 
+  Platform& platform;
   frmOrvalent& main;
-  Dialogs& dialogs;
   std::unique_ptr<std::FILE, Closer> file;
   std::error_code writeError;
   bool asking = false;

@@ -18,6 +18,10 @@ class Desktop {
   // Opens a web address in the user's browser.
   virtual void OpenAddress(const std::string& address) = 0;
   virtual void Beep() = 0;
+  // Puts the text on the clipboard.
+  virtual void Copy(const std::string& text) = 0;
+  // What the program runs on, a line each: the toolkit, the system, the window system.
+  virtual std::string Surroundings() const = 0;
   // Prints a text file: pages in fixed width under `title`, with the date and page numbers. Tells
   // the user itself when that fails.
   virtual void Print(const PrintTarget& target, const std::filesystem::path& file,

@@ -4,6 +4,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace quillmark {
 
@@ -32,6 +34,8 @@ struct MessageBox {
   Buttons Choice = Buttons::Ok;
   std::string Details{};      // below the text: the cause and the cure, or what a Yes brings
   bool Irreversible = false;  // a Yes cannot be undone: Enter answers No
+  // Captions of buttons that say what they do, in the place of the usual ones.
+  std::vector<std::pair<Answer, std::string>> Captions{};
 };
 
 // A box that asks for one line of text.
@@ -46,6 +50,8 @@ struct InputBox {
 struct FileDialog {
   std::string Title;
   std::string Filter;
+  std::filesystem::path Folder{};  // that it opens in; empty: the desktop's choice
+  std::string Name{};              // offered for the file
 };
 
 // A printer that the user has chosen, and how.
@@ -68,8 +74,9 @@ class Dialogs {
   virtual std::optional<std::filesystem::path> OpenFile(const FileDialog& dialog) = 0;
   virtual std::optional<std::filesystem::path> SaveFile(const FileDialog& dialog) = 0;
   // Where `file` is to be printed, the default printer offered first; on a machine without one, the
-  // PDF file to write. Nothing on Cancel.
-  virtual std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path& file) = 0;
+  // PDF file to write, in `pdfFolder` unless that is empty. Nothing on Cancel.
+  virtual std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path& file,
+                                                   const std::filesystem::path& pdfFolder) = 0;
 };
 
 }  // namespace quillmark

@@ -192,12 +192,19 @@ void frmRestore::BecomeIdle() {
 
 void frmRestore::OpenConfig_Click() {
   if (reads > 0 || loads > 0 || taskRuns) return;
-  {
-    ++loads;
-    const AtEnd underWay([this] { --loads; });
-    loader.OpenConfiguration();
-  }
+  Load([this] { loader.OpenConfiguration(); });
   RunWaiting();
+}
+
+void frmRestore::Load(const std::function<void()>& load) {
+  ++loads;
+  const AtEnd underWay([this] { --loads; });
+  load();
+}
+
+void frmRestore::LoadWhenRead(const std::filesystem::path& file) {
+  fileToLoad = file;
+  RunWhenFree(Task::Load);
 }
 
 void frmRestore::RunWhenFree(Task task) {
@@ -216,6 +223,7 @@ void frmRestore::RunWaiting() {
 }
 
 void frmRestore::Run(Task task) {
+  if (task == Task::Load) return Load([this] { loader.Load(fileToLoad); });
   const auto underWay = Raised(taskRuns);
   if (task == Task::Program) {
     ProgramSelected();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+#include <functional>
 #include <vector>
 
 #include "app/frmOrvalent.h"
@@ -27,6 +29,8 @@ class frmRestore : public Form, public RestoreControls {
   void MSComm2_OnComm();
   // Unloads the window without a word: the program is about to end.
   void EndProgram();
+  // Loads a file that the user has chosen already, when the radio has been read.
+  void LoadWhenRead(const std::filesystem::path& file);
   // Asks for a read of the radio.
   void RefreshSettings();
 
@@ -35,7 +39,7 @@ class frmRestore : public Form, public RestoreControls {
   void Form_Unload() override;
 
  private:
-  enum class Task { Program, Save };
+  enum class Task { Load, Program, Save };
 
   void LayOut();
   void Wire();
@@ -49,6 +53,7 @@ class frmRestore : public Form, public RestoreControls {
   void Timer1_Timer();
   void OpenAndWake();
   void ReadRadio();
+  void Load(const std::function<void()>& load);
   void ProgramSelected();
   void SaveConfiguration();
   void SaveTo(const std::filesystem::path& path);
@@ -79,6 +84,7 @@ class frmRestore : public Form, public RestoreControls {
   int loads = 0;
   bool taskRuns = false;
   std::vector<Task> waiting;
+  std::filesystem::path fileToLoad;
 };
 
 }  // namespace quillmark

@@ -4,6 +4,7 @@
 #include "config/config_lines.h"
 #include "platform/utilities.h"
 #include "restore/restore_select.h"
+#include "session/chosen_files.h"
 #include "text/numbers.h"
 #include "text/path_text.h"
 #include "text/text.h"
@@ -35,10 +36,14 @@ RestoreLoader::RestoreLoader(Platform& machine, Session& shared, RestoreControls
 
 void RestoreLoader::OpenConfiguration() {
   const auto path = ChooseFile();
-  if (!path || !window.Loaded()) return;
-  const ConfigText file = ReadConfigText(*path, mostLines);
+  if (path && window.Loaded()) Load(*path);
+}
+
+void RestoreLoader::Load(const std::filesystem::path& path) {
+  const ConfigText file = ReadConfigText(path, mostLines);
   if (!file.Refusal.empty()) return ShowRefusal(platform.Dialogs, file.Refusal);
-  Prepare(*path);
+  NoteConfiguration(platform.Preferences, path);
+  Prepare(path);
   bool told = false;
   for (std::size_t i = 0; i < file.Lines.size() && window.Loaded(); ++i) {
     // The firmware's part number stands above its revision.
@@ -59,7 +64,8 @@ void RestoreLoader::OpenConfiguration() {
 
 std::optional<std::filesystem::path> RestoreLoader::ChooseFile() {
   for (;;) {
-    auto path = platform.Dialogs.OpenFile(
+    auto path = ChooseToOpen(
+        platform, FileKind::Configuration,
         {"Configuration File Selection", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
     if (!path || FileExists(*path) || !window.Loaded()) return path;
     platform.Dialogs.Message({PathText(*path) + " not found!", ProgramTitle, Icon::Exclamation});

@@ -23,6 +23,7 @@ class RestoreLoader {
 
   // Ends at once when the window is closed meanwhile.
   void OpenConfiguration();
+  void Load(const std::filesystem::path& path);
 
  private:
   // Nothing when the user cancels.

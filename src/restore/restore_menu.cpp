@@ -2,6 +2,7 @@
 
 #include "link/serial_failure.h"
 #include "radio/login_probe.h"
+#include "session/chosen_files.h"
 #include "text/at_end.h"
 #include "text/text.h"
 
@@ -31,26 +32,30 @@ void RestoreMenu::Wire() {
   platform.MSComm2.OnComm = [this] {
     if (const auto shown = window.lock()) shown->MSComm2_OnComm();
   };
-  main.mnuConfigRestore.OnClick = [this] {
-    if (probing || (MayStart && !MayStart())) return;
-    radio.Turns.WhenFree(main.mnuConfigRestore, [this] {
-      if (!MayStart || MayStart()) mnuConfigRestore_Click();
-    });
-  };
+  main.mnuConfigRestore.OnClick = [this] { OpenWhenFree({}); };
   mainTimer.CloseRestoreWindow = [this] { CloseWindow(); };
 }
 
-void RestoreMenu::mnuConfigRestore_Click() {
+void RestoreMenu::Compare(const std::filesystem::path& file) { OpenWhenFree(file); }
+
+void RestoreMenu::OpenWhenFree(const std::filesystem::path& file) {
+  if (probing || (MayStart && !MayStart())) return;
+  radio.Turns.WhenFree(main.mnuConfigRestore, [this, file] {
+    if (!MayStart || MayStart()) Open(file);
+  });
+}
+
+void RestoreMenu::Open(const std::filesystem::path& file) {
   if (const auto shown = window.lock(); shown && shown->Loaded()) {
     platform.Dialogs.Message({"The window is already open.", "Error", Icon::Exclamation});
     return;
   }
-  WithLinkErrors(platform.Dialogs, [this] {
+  WithLinkErrors(platform.Dialogs, [this, &file] {
     if (platform.MSComm1.PortOpen() && !MayBeOpened()) {
       session.AskForRead();
       return;
     }
-    ShowWindow();
+    ShowWindow(file);
   });
 }
 
@@ -78,7 +83,7 @@ Answer RestoreMenu::AskWhetherToOpen() {
        "Warning!", Icon::Exclamation, Buttons::YesNo});
 }
 
-void RestoreMenu::ShowWindow() {
+void RestoreMenu::ShowWindow(const std::filesystem::path& file) {
   // The window is the connection now, and its failures are told to the timer.
   main.ConnectOnLaunchPending = false;
   main.Timer1.Enabled = true;
@@ -86,7 +91,9 @@ void RestoreMenu::ShowWindow() {
   radio.HandOver();
   const auto shown = std::make_shared<frmRestore>(platform, session, main, connection);
   window = shown;
+  if (!file.empty()) shown->LoadWhenRead(file);
   platform.Windows.ShowModal(shown, main);
+  main.ShowRecent(RecentConfigurations(platform.Preferences));
 }
 
 void RestoreMenu::CloseWindow() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -23,7 +24,10 @@ class RestoreMenu {
   RestoreMenu& operator=(const RestoreMenu&) = delete;
 
   void Wire();
-  void mnuConfigRestore_Click();
+  void mnuConfigRestore_Click() { Open({}); }
+  // The same as the entry does, and loads the file as soon as the radio has been read: when the
+  // line is free, and not while something else has the radio.
+  void Compare(const std::filesystem::path& file);
   // Closes the window, whatever it is doing; the main window has its port back then.
   void CloseWindow();
   // The same at the end of the program: a port that can't be given back is nobody's trouble then.
@@ -36,7 +40,10 @@ class RestoreMenu {
   // Finds out whether the user is logged in. False when they do not go on.
   bool MayBeOpened();
   Answer AskWhetherToOpen();
-  void ShowWindow();
+  void OpenWhenFree(const std::filesystem::path& file);
+  // Without a file when the path is empty.
+  void Open(const std::filesystem::path& file);
+  void ShowWindow(const std::filesystem::path& file);
 
   Platform& platform;
   Session& session;

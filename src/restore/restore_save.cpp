@@ -5,6 +5,7 @@
 #include "app/version.h"
 #include "conversation/reply.h"
 #include "firmware/frmProgram.h"
+#include "session/chosen_files.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -65,8 +66,8 @@ RestoreSaver::RestoreSaver(Platform& machine, Session& shared, RestoreControls& 
     : platform(machine), session(shared), controls(itsControls), link(itsLink), window(itsWindow) {}
 
 std::optional<std::filesystem::path> RestoreSaver::ChooseFile() {
-  return platform.Dialogs.SaveFile(
-      {"Radio Configuration Save", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
+  return ChooseToSave(platform, FileKind::Configuration,
+                      {"Radio Configuration Save", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
 }
 
 void RestoreSaver::Write(const std::filesystem::path& path) {
@@ -80,6 +81,7 @@ void RestoreSaver::Write(const std::filesystem::path& path) {
     }
   }
   file.Complete();
+  NoteConfiguration(platform.Preferences, path);
 }
 
 void RestoreSaver::WriteHead(ReplacedFile& file) {

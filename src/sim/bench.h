@@ -113,7 +113,8 @@ class Bench : public ::testing::Test {
   bool Slide(const std::string& name, int value);
   bool PressKey(const std::string& window);  // one that no control takes
   bool CloseWindow(const std::string& window);
-  bool Resize(double width, double height);  // the main window, twips
+  bool Resize(double width, double height);      // the main window, twips
+  bool Drop(const std::filesystem::path& file);  // on the main window
 
   // Acts that happen in the middle of something: after a time, or when the radio has received a
   // command (exact text). They run inside the program's next pump or wait, as a user's would.

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "app/version.h"
 #include "config/temp_folder.h"
 #include "link/frmProperties.h"
 #include "link/new_address.h"
@@ -9,6 +10,7 @@
 #include "link/settings_listener.h"
 #include "prefs/frmPreferences.h"
 #include "prefs/stored_preferences.h"
+#include "session/chosen_files.h"
 #include "settings/explanations.h"
 #include "start/frmSplash.h"
 #include "text/at_end.h"
@@ -19,7 +21,7 @@ namespace quillmark {
 Console::Console(Platform& machine, std::span<const Setting> settings)
     : platform(machine),
       main(std::make_shared<frmOrvalent>(machine.Events, settings)),
-      log(*main, machine.Dialogs),
+      log(machine, *main),
       radio(machine.MSComm1, machine.Events, session, *main, Conversation::Hears::ByEvents),
       connection(machine, session, *main, radio),
       portWatch(machine, *main),
@@ -40,6 +42,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       upgrade(machine, session, *main, connection, radio),
       restore(machine, session, *main, connection, mainTimer, radio),
       diagnostics(machine, *main, radio),
+      fileOpener(machine, *main, fileTasks, restore, upgrade),
       lastRun(machine, *main) {
   WireLink();
   WireShell();
@@ -57,12 +60,14 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
   restore.MayStart = [this] { return !access.PasswordWindowOpen() || directRun.MayStart(); };
   restore.Wire();
   diagnostics.Wire();
+  WireFiles();
   WireExplanations(*main, platform.Dialogs, session);
 }
 
 Console::~Console() {
   platform.MSComm1.OnComm = nullptr;
   if (const auto window = splash.lock()) window->Dismiss();
+  if (const auto window = manual.lock()) window->Unload();
   main->Unload();
 }
 
@@ -105,10 +110,17 @@ void Console::WireNotices() {
   portWatch.Connect = [this] { Connect(); };
 }
 
+void Console::WireFiles() {
+  fileOpener.RunUnderWay = [this] { return directRun.UnderWay() || upgrade.UnderWay(); };
+  fileOpener.Wire();
+}
+
 void Console::WireShell() {
   main->ButtonAdv.OnClick = [this] { main->ButtonAdv_Click(); };
   main->SettingsTab.OnClick = [this] { main->SettingsTab_Click(); };
   main->mnuAbout.OnClick = [this] { mnuAbout_Click(); };
+  main->mnuManual.OnClick = [this] { mnuManual_Click(); };
+  main->mnuVersions.OnClick = [this] { mnuVersions_Click(); };
   main->mnuPreferences.OnClick = [this] { mnuPreferences_Click(); };
   main->mnuFileExit.OnClick = [this] { Form_Unload(); };
   main->OnClose = [this] {
@@ -186,6 +198,25 @@ void Console::mnuAbout_Click() {
   main->Enabled = false;
 }
 
+void Console::mnuManual_Click() {
+  auto window = manual.lock();
+  if (!window || !window->Loaded()) window = std::make_shared<frmHelp>();
+  manual = window;
+  platform.Windows.Show(window);
+}
+
+void Console::mnuVersions_Click() {
+  const std::string versions =
+      std::string("Quillmark Console ") + VersionText + "\r\n" + platform.Desktop.Surroundings();
+  const Answer answer =
+      platform.Dialogs.Message({.Text = versions,
+                                .Title = "Versions",
+                                .Symbol = Icon::Information,
+                                .Choice = Buttons::OkCancel,
+                                .Captions = {{Answer::Ok, "Copy"}, {Answer::Cancel, "Close"}}});
+  if (answer == Answer::Ok) platform.Desktop.Copy(versions);
+}
+
 void Console::ShowMain() {
   if (!mainLoaded) {
     mainLoaded = true;
@@ -210,6 +241,7 @@ void Console::Form_Load() {
   main->ConnectOnLaunchPending = session.ConnectOnLaunch;
   for (Frame& frame : main->NetSet) frame.Enabled = false;
   presets.LoadPresetButtons();
+  main->ShowRecent(RecentConfigurations(platform.Preferences));
 }
 
 void Console::mnuProperties_Click() {

@@ -29,6 +29,8 @@
 #include "session/session.h"
 #include "settings/option_rows.h"
 #include "settings/programming.h"
+#include "start/file_opener.h"
+#include "start/frmHelp.h"
 #include "start/frmSplash.h"
 #include "start/last_run.h"
 
@@ -61,6 +63,7 @@ class Console {
   void ShowMain();
   void WireLink();
   void WireNotices();
+  void WireFiles();
   void WireShell();
   void tbrToolBar_ButtonClick(std::string_view key);
   void Disconnect();
@@ -68,6 +71,8 @@ class Console {
   void Connect();
   void Refresh();
   void mnuAbout_Click();
+  void mnuManual_Click();
+  void mnuVersions_Click();
   void mnuProperties_Click();
   void mnuPreferences_Click();
   // False when the user aborts.
@@ -100,8 +105,10 @@ class Console {
   FirmwareUpgrade upgrade;
   RestoreMenu restore;
   DiagnosticButtons diagnostics;
+  FileOpener fileOpener;
   LastRun lastRun;
   std::weak_ptr<frmSplash> splash;
+  std::weak_ptr<frmHelp> manual;
   bool mainLoaded = false;
   bool ending = false;
   bool lettingGo = false;  // the user ends the link

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string_view>
 
 #include "config/config_bench.h"
@@ -140,6 +141,10 @@ TEST_F(SavingTest, AFailureLeavesTheShortenedFileAndTheOldOneBesideIt) {
   EXPECT_THAT(OddFile('M', "3.2.0"), StartsWith(saved));
   EXPECT_THAT(saved, HasSubstr("\r\nOWM Spare\r\n"));
   EXPECT_EQ(FileText(InScratch("f.txt.bak")), "old");
+  EXPECT_EQ(std::ranges::count(saved, '\n'), 6 + 7);
+  EXPECT_EQ(Text("FileDone"), "The save was interrupted. " + InScratch("f.txt").string() +
+                                  " holds 7 of 33 settings, the old file is beside it as "
+                                  "f.txt.bak.");
   ExpectIdle();
 }
 

@@ -159,7 +159,7 @@ TEST(PrintDialog, WithoutAPrinterAsksForAPdfAndBeforeItReplacesOne) {
   hand.Plan("FileDialog", [&](QWidget& dialog) { enter(dialog, in / "old"); });
   hand.Plan("", answer(QMessageBox::Yes));
   hand.Start();
-  const auto target = dialogs.ChoosePrinter("/tmp/0123456.txt");
+  const auto target = dialogs.ChoosePrinter("/tmp/0123456.txt", {});
   EXPECT_TRUE(hand.Done());
   ASSERT_TRUE(target.has_value());
   EXPECT_EQ(target->Printer, "");
@@ -167,7 +167,7 @@ TEST(PrintDialog, WithoutAPrinterAsksForAPdfAndBeforeItReplacesOne) {
 
   hand.Plan("FileDialog", [](QWidget& dialog) { static_cast<QDialog&>(dialog).reject(); });
   hand.Start();
-  EXPECT_FALSE(dialogs.ChoosePrinter("config.txt").has_value());
+  EXPECT_FALSE(dialogs.ChoosePrinter("config.txt", {}).has_value());
 }
 
 }  // namespace

@@ -27,6 +27,7 @@
 #include "settings/frmSimpleXMAP.h"
 #include "settings/frmXMAP.h"
 #include "start/console.h"
+#include "start/frmHelp.h"
 #include "start/frmSplash.h"
 
 namespace quillmark {
@@ -48,6 +49,7 @@ struct WindowForms {
         {"frmOrvalent", [&] { return Main.shared_from_this(); }},
         {"frmSplash",
          [&] { return Of<frmSplash>(Platform.Events, Platform.Desktop, Shared, [] {}); }},
+        {"frmHelp", [] { return Of<frmHelp>(); }},
         {"frmPreferences",
          [&] {
            return Of<frmPreferences>(Platform.Preferences, Shared, Main.txtTerm, Platform.Desktop);

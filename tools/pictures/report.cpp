@@ -74,7 +74,8 @@ std::string ReportDialogs::Input(const InputBox& box) {
   return {};
 }
 
-std::optional<PrintTarget> ReportDialogs::ChoosePrinter(const std::filesystem::path&) {
+std::optional<PrintTarget> ReportDialogs::ChoosePrinter(const std::filesystem::path&,
+                                                        const std::filesystem::path&) {
   if (PdfFile.empty()) return std::nullopt;
   return PrintTarget{"", PdfFile};
 }

@@ -34,7 +34,8 @@ class ReportDialogs : public Dialogs {
   std::string Input(const InputBox& box) override;
   std::optional<std::filesystem::path> OpenFile(const FileDialog&) override { return FileToOpen; }
   std::optional<std::filesystem::path> SaveFile(const FileDialog&) override { return {}; }
-  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path&) override;
+  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path&,
+                                           const std::filesystem::path&) override;
 };
 
 // The rows of the settings view as text, group by group, label and value in columns.

@@ -139,6 +139,8 @@ void WindowPictures::TakeShellWindows() {
   TakeModal("frmProperties", "setup", [&] { main.mnuProperties.Click(); });
   TakeModal("frmPreferences", "preferences", [&] { main.mnuPreferences.Click(); });
   TakeShown("frmSplash", "about", [&] { main.mnuAbout.Click(); });
+  TakeShown("frmHelp", "manual", [&] { main.mnuManual.Click(); });
+  TakeBox("box-versions", Answer::Cancel, [&] { main.mnuVersions.Click(); });
 }
 
 void WindowPictures::TakeAccessWindows() {

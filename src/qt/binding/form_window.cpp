@@ -1,11 +1,18 @@
 #include "qt/binding/form_window.h"
 
+#include <QApplication>
 #include <QDialog>
+#include <QDropEvent>
 #include <QEvent>
+#include <QFile>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMimeData>
 #include <QScreen>
 #include <QTimer>
+#include <QUrl>
 #include <algorithm>
 
 #include "qt/binding/window_fit.h"
@@ -22,6 +29,18 @@ namespace {
 
 constexpr double helpDistance = 120;  // twips between a dialog and the window that explains it
 constexpr int mouseLook = 20;         // ms between looks for the release of a mouse button
+
+// The one file of this machine that is being dragged; empty when it is anything else.
+QString DraggedFile(const QDropEvent& event) {
+  const QList<QUrl> addresses = event.mimeData()->urls();
+  return addresses.size() == 1 ? addresses.front().toLocalFile() : QString();
+}
+
+// Without them a line to type into would take a file's address as text.
+void LeaveDropsTo(QWidget& window) {
+  for (QWidget* widget : window.findChildren<QWidget*>()) widget->setAcceptDrops(false);
+  window.setAcceptDrops(true);
+}
 
 }  // namespace
 
@@ -48,6 +67,7 @@ void FormWindow::Join() {
   form->SetView(this);
   window->setWindowTitle(ToQt(form->Caption()));
   window->installEventFilter(this);
+  if (row.TakesFiles) LeaveDropsTo(*window);
   for (TerminalView* terminal : window->findChildren<TerminalView*>()) {
     connect(&events, &QtEventLoop::AboutToSleep, terminal, &TerminalView::Flush);
   }
@@ -187,6 +207,25 @@ bool FormWindow::KeyPressed(int key) {
   return true;
 }
 
+// A box or a modal window that waits for its user comes first.
+bool FormWindow::Dragged(QDropEvent& event) {
+  const bool free = QApplication::activeModalWidget() == nullptr && !blocked();
+  event.setAccepted(free && !DraggedFile(event).isEmpty());
+  return true;
+}
+
+// Afterwards: a question must not keep the program waiting that the file comes from.
+bool FormWindow::Dropped(QDropEvent& event) {
+  const QString file = DraggedFile(event);
+  event.setDropAction(Qt::CopyAction);
+  Dragged(event);
+  if (!event.isAccepted()) return true;
+  ActAfterwards([this, path = std::filesystem::path(QFile::encodeName(file).toStdString())] {
+    form->UserDrop(path);
+  });
+  return true;
+}
+
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched != window.data() || dying) return false;
   switch (event->type()) {
@@ -202,6 +241,11 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonPress:
       Act([this] { form->UserClick(); });
       return false;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+      return row.TakesFiles && Dragged(*static_cast<QDropEvent*>(event));
+    case QEvent::Drop:
+      return row.TakesFiles && Dropped(*static_cast<QDropEvent*>(event));
     case QEvent::Resize:
       if (!sizing) NoteSize();
       return false;

@@ -10,6 +10,8 @@
 #include "controls/form.h"
 #include "qt/binding/binder.h"
 
+class QDropEvent;
+
 namespace quillmark {
 
 class QtEventLoop;
@@ -64,6 +66,8 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
   void StayOnTop();
   void NoteSize();
   bool KeyPressed(int key);
+  bool Dragged(QDropEvent& event);
+  bool Dropped(QDropEvent& event);
   void RunPostponed();
   void Die();
 

@@ -15,6 +15,7 @@
 #include "qt/binding/restore_window.h"
 #include "ui_frmDLINKOptions.h"
 #include "ui_frmDTYPEOptions.h"
+#include "ui_frmHelp.h"
 #include "ui_frmLogin.h"
 #include "ui_frmPreferences.h"
 #include "ui_frmProgram.h"
@@ -39,6 +40,7 @@ constexpr WindowRow windows[] = {
         .Name = "frmOrvalent",
         .Draw = DrawMainWindow,
         .Main = true,
+        .TakesFiles = true,
         .Size = FirstSize::OfForm,
         .Remembered = true,
         .TakesKeys = Keys::ToForm,
@@ -48,6 +50,11 @@ constexpr WindowRow windows[] = {
         .Draw = DrawSplash,
         .Passes = true,
         .TakesKeys = Keys::ToForm,
+    },
+    {
+        .Name = "frmHelp",
+        .Draw = DrawDialog<Ui::frmHelp>,
+        .TakesKeys = Keys::EscapeEnds,
     },
     {
         .Name = "frmPreferences",

@@ -41,6 +41,8 @@ struct WindowRow {
   bool Main = false;
   // Goes away without the user. So no box belongs to it.
   bool Passes = false;
+  // A file that is dropped on it goes to the form.
+  bool TakesFiles = false;
   FirstSize Size = FirstSize::OfLayout;
   Place Stands = Place::OverOwner;
   // Comes up where the user left it, as large as it was then. Else each time at its first place.

@@ -4,11 +4,13 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDate>
 #include <QDesktopServices>
 #include <QFile>
 #include <QLocale>
 #include <QScreen>
+#include <QSysInfo>
 #include <QUrl>
 #include <fstream>
 #include <sstream>
@@ -74,6 +76,18 @@ void QtDesktop::OpenAddress(const std::string& address) {
 }
 
 void QtDesktop::Beep() { QApplication::beep(); }
+
+void QtDesktop::Copy(const std::string& text) {
+  QGuiApplication::clipboard()->setText(InLines(text));
+}
+
+std::string QtDesktop::Surroundings() const {
+  const QString system = QSysInfo::prettyProductName() + QStringLiteral(", ") +
+                         QSysInfo::kernelType() + QLatin1Char(' ') + QSysInfo::kernelVersion() +
+                         QStringLiteral(", ") + QSysInfo::currentCpuArchitecture();
+  return "Qt " + std::string(qVersion()) + ", made for " QT_VERSION_STR "\r\n" + FromQt(system) +
+         "\r\nWindow system: " + FromQt(QGuiApplication::platformName());
+}
 
 void QtDesktop::Print(const PrintTarget& target, const std::filesystem::path& file,
                       const std::string& title) {

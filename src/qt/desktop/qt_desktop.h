@@ -21,6 +21,8 @@ class QtDesktop : public Desktop {
 
   void OpenAddress(const std::string& address) override;
   void Beep() override;
+  void Copy(const std::string& text) override;
+  std::string Surroundings() const override;
   void Print(const PrintTarget& target, const std::filesystem::path& file,
              const std::string& title) override;
   void UseTheme(Theme theme) override { setter.Use(theme); }

@@ -147,6 +147,9 @@ void MessageWindow::AddButtons(const MessageBox& box, QDialogButtonBox& row) {
     if (choice.Row != box.Choice) continue;
     QPushButton* button = row.addButton(choice.Button);
     button->setObjectName(QLatin1String(choice.Name));
+    for (const auto& [means, caption] : box.Captions) {
+      if (means == choice.Means) button->setText(ToQt(caption));
+    }
     connect(button, &QPushButton::clicked, this, [this, means = choice.Means] {
       answer = means;
       accept();

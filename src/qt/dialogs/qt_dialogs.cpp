@@ -83,11 +83,15 @@ QFileDialog* MakeFileDialog(const FileDialog& dialog, QFileDialog::AcceptMode pu
                                                          : QFileDialog::ExistingFile);
   window->setOption(QFileDialog::DontConfirmOverwrite);
   window->setNameFilters(filters);
+  if (!dialog.Folder.empty()) {
+    window->setDirectory(QFile::decodeName(QByteArray::fromStdString(dialog.Folder.string())));
+  }
   if (purpose == QFileDialog::AcceptSave && !filters.isEmpty()) {
     window->setDefaultSuffix(EndingOf(filters.front()));
     QObject::connect(window, &QFileDialog::filterSelected, window,
                      [window](const QString& f) { window->setDefaultSuffix(EndingOf(f)); });
   }
+  if (!dialog.Name.empty()) window->selectFile(ToQt(dialog.Name));
   return window;
 }
 
@@ -139,8 +143,9 @@ std::optional<std::filesystem::path> QtDialogs::SaveFile(const FileDialog& dialo
   return AskForFile([&] { return MakeFileDialog(dialog, QFileDialog::AcceptSave); });
 }
 
-std::optional<PrintTarget> QtDialogs::ChoosePrinter(const std::filesystem::path& file) {
-  if (!HasPrinter()) return ChoosePdf(file);
+std::optional<PrintTarget> QtDialogs::ChoosePrinter(const std::filesystem::path& file,
+                                                    const std::filesystem::path& pdfFolder) {
+  if (!HasPrinter()) return ChoosePdf(file, pdfFolder);
   while (!events.Quitting()) {
     const auto printer = PrinterFor(file);
     const Held window(MakePrintDialog(*printer));
@@ -152,8 +157,11 @@ std::optional<PrintTarget> QtDialogs::ChoosePrinter(const std::filesystem::path&
   return std::nullopt;
 }
 
-std::optional<PrintTarget> QtDialogs::ChoosePdf(const std::filesystem::path& file) {
-  const auto chosen = AskForFile([&] { return MakePdfDialog(SuggestedPdf(file)); });
+std::optional<PrintTarget> QtDialogs::ChoosePdf(const std::filesystem::path& file,
+                                                const std::filesystem::path& folder) {
+  std::filesystem::path offered = SuggestedPdf(file);
+  if (!folder.empty()) offered = folder / offered.filename();
+  const auto chosen = AskForFile([&] { return MakePdfDialog(offered); });
   if (!chosen) return std::nullopt;
   return PrintTarget{"", *chosen};
 }

@@ -24,11 +24,13 @@ class QtDialogs : public Dialogs {
   std::string Input(const InputBox& box) override;
   std::optional<std::filesystem::path> OpenFile(const FileDialog& dialog) override;
   std::optional<std::filesystem::path> SaveFile(const FileDialog& dialog) override;
-  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path& file) override;
+  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path& file,
+                                           const std::filesystem::path& pdfFolder) override;
 
  private:
   std::optional<std::filesystem::path> AskForFile(const std::function<QFileDialog*()>& make);
-  std::optional<PrintTarget> ChoosePdf(const std::filesystem::path& file);
+  std::optional<PrintTarget> ChoosePdf(const std::filesystem::path& file,
+                                       const std::filesystem::path& folder);
 
   const EventLoop& events;
 };

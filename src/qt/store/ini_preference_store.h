@@ -20,13 +20,6 @@ namespace quillmark {
 // told once, on stderr and to whoever listens.
 class IniPreferenceStore : public PreferenceStore {
  public:
-  // A key and its value.
-  struct Entry {
-    std::string Section;
-    std::string Key;
-    std::string Value;
-  };
-
   // For the user: what is wrong with the file; what follows and what to do. Both are Latin-1.
   struct Trouble {
     std::string Text;
@@ -42,9 +35,9 @@ class IniPreferenceStore : public PreferenceStore {
                    const std::string& fallback) const override;
   void Write(const std::string& section, const std::string& key, const std::string& value) override;
 
-  // The same with UTF-8 texts, for paths: several entries in one write.
-  std::string ReadPath(const std::string& section, const std::string& key) const;
-  void WritePaths(const std::vector<Entry>& entries);
+  // Texts and names in UTF-8.
+  std::string ReadPath(const std::string& section, const std::string& key) const override;
+  void WritePaths(const std::vector<Entry>& entries) override;
   // Takes in what another program, or the user, has changed since; what is not saved yet stays.
   void Reload();
 

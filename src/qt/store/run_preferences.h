@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "platform/preference_store.h"
-#include "qt/store/ini_preference_store.h"
 
 namespace quillmark {
 
@@ -14,8 +13,6 @@ namespace quillmark {
 // chooses goes to the store; what the command line says never does.
 class RunPreferences : public PreferenceStore {
  public:
-  using Entry = IniPreferenceStore::Entry;
-
   // `kept` outlives it.
   RunPreferences(PreferenceStore& kept, std::vector<Entry> named)
       : store(kept), entries(std::move(named)) {}
@@ -31,6 +28,10 @@ class RunPreferences : public PreferenceStore {
     const Entry* named = Named(section, key);
     if (named == nullptr || named->Value != value) store.Write(section, key, value);
   }
+  std::string ReadPath(const std::string& section, const std::string& key) const override {
+    return store.ReadPath(section, key);
+  }
+  void WritePaths(const std::vector<Entry>& paths) override { store.WritePaths(paths); }
 
  private:
   const Entry* Named(const std::string& section, const std::string& key) const {

@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QShortcut>
 #include <QToolButton>
 
@@ -48,8 +47,7 @@ FindBar::FindBar(QWidget* parent)
   hide();
 }
 
-void FindBar::Serve(QPlainTextEdit& text, QWidget& window) {
-  page = &text;
+void FindBar::Listen(QWidget& window) {
   const auto on = [this, &window](const QKeySequence& keys, auto act) {
     auto* shortcut = new QShortcut(keys, &window);
     connect(shortcut, &QShortcut::activated, this, act);
@@ -83,7 +81,7 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
 
 void FindBar::Open() {
   show();
-  const QString selected = page->textCursor().selectedText();
+  const QString selected = cursorOf().selectedText();
   // A selection over several lines is no word to look for.
   if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) {
     line->setText(selected);
@@ -100,17 +98,17 @@ void FindBar::Close() {
 
 void FindBar::Again(QTextDocument::FindFlags direction) {
   if (isHidden() || line->text().isEmpty()) return Open();
-  const QTextCursor cursor = page->textCursor();
+  const QTextCursor cursor = cursorOf();
   Search(direction == backward ? cursor.selectionStart() : cursor.selectionEnd(), direction);
 }
 
 void FindBar::Typed() {
   outcome->clear();
-  if (!line->text().isEmpty()) Search(page->textCursor().selectionStart(), forward);
+  if (!line->text().isEmpty()) Search(cursorOf().selectionStart(), forward);
 }
 
 void FindBar::Search(int from, QTextDocument::FindFlags direction) {
-  const QTextDocument& document = *page->document();
+  const QTextDocument& document = *cursorOf().document();
   QTextCursor found = document.find(line->text(), from, direction);
   outcome->clear();
   if (found.isNull()) {
@@ -121,7 +119,7 @@ void FindBar::Search(int from, QTextDocument::FindFlags direction) {
                      : back         ? tr("Went on from the end")
                                     : tr("Went on from the beginning"));
   }
-  if (!found.isNull()) page->setTextCursor(found);
+  if (!found.isNull()) moveCursor(found);
 }
 
 }  // namespace quillmark

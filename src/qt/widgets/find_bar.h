@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QPointer>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QWidget>
+#include <functional>
 
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 class QShortcut;
 
 namespace quillmark {
@@ -20,8 +20,15 @@ class FindBar : public QWidget {
  public:
   explicit FindBar(QWidget* parent = nullptr);
 
-  // Sets the text to look through, and the window whose keys it listens to. Call it once.
-  void Serve(QPlainTextEdit& text, QWidget& window);
+  // Sets the text to look through, a QPlainTextEdit or a QTextEdit, and a widget of the window
+  // whose keys it listens to. Call it once.
+  template <class Text>
+  void Serve(Text& text, QWidget& window) {
+    page = &text;
+    cursorOf = [&text] { return text.textCursor(); };
+    moveCursor = [&text](const QTextCursor& cursor) { text.setTextCursor(cursor); };
+    Listen(window);
+  }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -29,6 +36,7 @@ class FindBar : public QWidget {
   void hideEvent(QHideEvent* event) override;
 
  private:
+  void Listen(QWidget& window);
   void Open();
   void Close();
   void Again(QTextDocument::FindFlags direction);
@@ -38,7 +46,9 @@ class FindBar : public QWidget {
 
   QLineEdit* line;
   QLabel* outcome;
-  QPlainTextEdit* page = nullptr;
+  QWidget* page = nullptr;
+  std::function<QTextCursor()> cursorOf;
+  std::function<void(const QTextCursor&)> moveCursor;
   QShortcut* escape = nullptr;
 };
 

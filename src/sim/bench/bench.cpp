@@ -179,6 +179,13 @@ bool Bench::CloseWindow(const std::string& window) {
          });
 }
 
+bool Bench::Drop(const std::filesystem::path& file) {
+  return Act(Main(), [&] {
+    Main().UserDrop(file);
+    return true;
+  });
+}
+
 bool Bench::Resize(double width, double height) {
   return Act(Main(), [&] {
     Main().UserResize(width, height);

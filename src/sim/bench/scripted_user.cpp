@@ -198,7 +198,13 @@ std::string ScriptedUser::Input(const InputBox& box) {
 
 std::optional<std::filesystem::path> ScriptedUser::Dialog(Expectation::Kind kind,
                                                           const FileDialog& dialog) {
-  seen.push_back({kind, dialog.Title, dialog.Filter, {}, Icon::None, Buttons::OkCancel, {}});
+  seen.push_back({kind,
+                  dialog.Title,
+                  dialog.Filter,
+                  {},
+                  Icon::None,
+                  Buttons::OkCancel,
+                  (dialog.Folder / dialog.Name).string()});
   const auto met = Meet(seen.back());
   if (!met) return std::nullopt;
   PlayBox(*met);
@@ -213,14 +219,15 @@ std::optional<std::filesystem::path> ScriptedUser::SaveFile(const FileDialog& di
   return Dialog(Expectation::Kind::SaveFile, dialog);
 }
 
-std::optional<PrintTarget> ScriptedUser::ChoosePrinter(const std::filesystem::path& file) {
+std::optional<PrintTarget> ScriptedUser::ChoosePrinter(const std::filesystem::path& file,
+                                                       const std::filesystem::path& pdfFolder) {
   seen.push_back({Expectation::Kind::Printer,
                   file.filename().string(),
                   file.string(),
                   {},
                   Icon::None,
                   Buttons::OkCancel,
-                  {}});
+                  pdfFolder.string()});
   const auto met = Meet(seen.back());
   if (!met) return std::nullopt;
   PlayBox(*met);

@@ -32,7 +32,9 @@ class Expectation {
   Expectation& Saying(std::string whole);
   Expectation& With(Icon symbol);
   Expectation& With(Buttons choice);
-  Expectation& Offering(std::string defaultText);  // an input box's default
+  // An input box's default; of a file dialog its folder and the name in it, of a printer dialog the
+  // folder of the PDF.
+  Expectation& Offering(std::string defaultText);
 
   // What the user does. Without one of these a box is closed by its close box (Cancel where it has
   // such a button, else No, Abort or Ok), an input box and a dialog are cancelled, and a window is
@@ -107,7 +109,8 @@ class ScriptedUser : public Dialogs, public Windows {
   std::string Input(const InputBox& box) override;
   std::optional<std::filesystem::path> OpenFile(const FileDialog& dialog) override;
   std::optional<std::filesystem::path> SaveFile(const FileDialog& dialog) override;
-  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path& file) override;
+  std::optional<PrintTarget> ChoosePrinter(const std::filesystem::path& file,
+                                           const std::filesystem::path& pdfFolder) override;
   void Show(const std::shared_ptr<Form>& form) override;
   void ShowModal(const std::shared_ptr<Form>& form, Form& owner) override;
 

@@ -31,6 +31,12 @@ class MemoryStore : public PreferenceStore {
              const std::string& value) override {
     values[{section, key}] = value;
   }
+  std::string ReadPath(const std::string& section, const std::string& key) const override {
+    return Read(section, key, "");
+  }
+  void WritePaths(const std::vector<Entry>& entries) override {
+    for (const Entry& each : entries) Write(each.Section, each.Key, each.Value);
+  }
 
  private:
   std::map<std::pair<std::string, std::string>, std::string> values;
@@ -57,6 +63,8 @@ class RecordingDesktop : public Desktop {
  public:
   void OpenAddress(const std::string& address) override { Addresses.push_back(address); }
   void Beep() override { ++Beeps; }
+  void Copy(const std::string& text) override { Copied = text; }
+  std::string Surroundings() const override { return "Toolkit 1.2\r\nSystem 3"; }
   void Print(const PrintTarget& target, const std::filesystem::path& file,
              const std::string& title) override;
   void UseTheme(Theme theme) override { Used = theme; }
@@ -75,6 +83,7 @@ class RecordingDesktop : public Desktop {
   std::vector<std::string> Addresses;
   std::vector<Printed> Prints;
   int Beeps = 0;
+  std::string Copied;
   std::optional<Theme> Used;  // last
   std::string Date = "11/22/2026";
 };
