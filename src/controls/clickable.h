@@ -72,7 +72,7 @@ class ValueField : public Clickable {
   using Clickable::Clickable;
 
   Property<std::string> Mark{*this, ""};  // what is wrong with the value; empty: nothing
-  Property<bool> Stale{*this, false};  // of a link that is over; dimmed, and still readable
+  Property<bool> Stale{*this, false};     // of a link that is over; dimmed, and still readable
 };
 
 // A box around other controls, with a caption.

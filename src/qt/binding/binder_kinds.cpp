@@ -1,10 +1,8 @@
 // How the controls that are clicked or looked at are joined to their widgets.
 
-#include <QAction>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -62,9 +60,6 @@ void ShowColor(const Clickable& control, QWidget& widget) {
   }
 }
 
-// The text of a menu's entry without the marks of its mnemonic.
-QString WithoutKeys(QString text) { return text.remove(QLatin1Char('&')); }
-
 // What a screen reader says of a value.
 QString WithMark(const ValueField& control) {
   const QString text = ToQt(OnOneLine(control.Text()));
@@ -83,44 +78,6 @@ void Binder::ShowCommon(const Control& control, QWidget& widget, bool lockable) 
   widget.setVisible(control.Visible());
   // Setting it costs some events, even if it is the same.
   if (const QString tip = TipOf(control); tip != widget.toolTip()) widget.setToolTip(tip);
-}
-
-void Binder::ShowAction(const Clickable& control, QAction& action) {
-  action.setEnabled(control.Enabled() && !Locked(control));
-  action.setVisible(control.Visible());
-  action.setToolTip(TipOf(control));
-}
-
-void Binder::JoinMenuItem(MenuItem& control, QAction& action) {
-  connect(&action, &QAction::triggered, this,
-          [this, &control] { ActOn(control, [&control] { control.Click(); }); });
-  // The form may give the same text a mnemonic.
-  const QString drawn = action.text();
-  Follow(control, [this, &control, &action, drawn] {
-    ShowAction(control, action);
-    const QString text = ToQt(control.Text());
-    action.setText(WithoutKeys(drawn) == text ? drawn : text);
-    if (action.isCheckable()) action.setChecked(control.Checked());
-  });
-}
-
-void Binder::JoinMenu(Menu& control, QMenu& menu) {
-  menu.setToolTipsVisible(true);
-  Follow(control, [this, &control, &menu] {
-    ShowAction(control, *menu.menuAction());
-    menu.setTitle(ToQt(control.Text()));
-    menu.setAccessibleName(WithoutMnemonics(control.Text()));
-  });
-}
-
-void Binder::JoinToolButton(ToolButton& control, QAction& action) {
-  connect(&action, &QAction::triggered, this,
-          [this, &control] { ActOn(control, [&control] { control.Click(); }); });
-  Follow(control, [this, &control, &action] {
-    ShowAction(control, action);
-    action.setText(WithoutMnemonics(control.Text()));
-    action.setIconText(OnTwoLines(WithoutMnemonics(control.Text())));
-  });
 }
 
 void Binder::JoinClick(Clickable& control, QAbstractButton& button) {
