@@ -101,15 +101,31 @@ inline constexpr std::size_t TabCount = 7;
 static_assert(static_cast<std::size_t>(Tab::Radio1) == FirstTab);
 static_assert(static_cast<std::size_t>(Tab::Diagnostics) + 1 == TabCount);
 
-// What the radio takes. The radio alone judges a value: these are for the user's eyes, the default
-// set, and the tests.
+// How a value is written.
+enum class ValueForm {
+  Plain,     // a number from Least to Most, or one of Words
+  Text,      // up to Longest characters, every one counts
+  Unit,      // a number from Least to Most, or exactly Digits digits
+  Rate,      // one of Words, a Format, or both in this order
+  Switched,  // as a plain one, ON or OFF, or both in this order
+  Mask,      // exactly Digits hexadecimal digits, with blanks anywhere
+  Map,       // up to Digits hexadecimal digits, likewise
+  Zones      // one of Words, or up to Digits digits from Least to Most, with "," and blanks
+};
+
+// What the radio takes; bounds.h tells it in words. The radio alone judges a value: these are for
+// what the user is told beforehand, the default set, and the tests.
 struct SettingValue {
+  ValueForm Form = ValueForm::Plain;
   std::optional<int> Least{};         // numbers
   std::optional<int> Most{};          // numbers
   std::optional<int> MostBelow200{};  // where revisions below 200 take more
   std::optional<int> Longest{};       // characters of a free text
-  const char* Unit = "";              // printed behind the number
+  std::optional<int> Digits{};        // of the forms that name them
+  const char* Unit = "";              // printed behind the number, and taken there
+  const char* CountsIn = "";          // what a number counts, where the radio prints no unit
   const char* Words = "";             // taken as they are, with "|" between them
+  const char* Format = "";            // of a rate: what each character may be, "|" between them
   const char* Factory = nullptr;      // what the default set gives it; null: it leaves it alone
 };
 

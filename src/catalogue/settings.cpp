@@ -98,6 +98,31 @@ static_assert(Each([](const Setting& each) {
               }),
               "What can be restored has a factory value");
 
+// Judging a value reads these facts.
+constexpr bool HasBounds(const SettingValue& value) {
+  const bool range = value.Least && value.Most && *value.Least <= *value.Most;
+  const bool words = *value.Words != '\0';
+  switch (value.Form) {
+    case ValueForm::Text:
+      return value.Longest.has_value();
+    case ValueForm::Unit:
+      return range && value.Digits;
+    case ValueForm::Rate:
+      return words && *value.Format != '\0';
+    case ValueForm::Mask:
+    case ValueForm::Map:
+      return value.Digits.has_value();
+    case ValueForm::Zones:
+      return range && words && value.Digits;
+    case ValueForm::Plain:
+    case ValueForm::Switched:
+      break;
+  }
+  return range || words;
+}
+static_assert(Each([](const Setting& each) { return !each.Restored || HasBounds(each.Value); }),
+              "What can be restored tells what radios take");
+
 // --- Cuts fit the words that they cut ---
 
 constexpr std::size_t Digits(int number) { return number < 10 ? 1 : 1 + Digits(number / 10); }

@@ -56,6 +56,7 @@ inline constexpr Setting DiagnosticsSettings[] = {
         .Revisions = from200,
         .Value =
             {
+                .Form = ValueForm::Switched,
                 .Words = "1200|2400|4800|9600|19200|38400|57600|115200",
                 .Factory = "19200 (ON)",
             },
@@ -98,6 +99,7 @@ inline constexpr Setting DiagnosticsSettings[] = {
         .Revisions = from200,
         .Value =
             {
+                .Form = ValueForm::Switched,
                 .Least = 0,
                 .Most = 80,
                 .Factory = "0 (OFF)",

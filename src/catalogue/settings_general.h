@@ -37,8 +37,10 @@ inline constexpr Setting GeneralSettings[] = {
         .Reply = "UNIT",
         .Value =
             {
+                .Form = ValueForm::Unit,
                 .Least = 10000,
                 .Most = 65000,
+                .Digits = 4,
             },
         .View =
             {
@@ -104,6 +106,7 @@ inline constexpr Setting GeneralSettings[] = {
         .Word = "own",
         .Value =
             {
+                .Form = ValueForm::Text,
                 .Longest = 30,
             },
         .View =
@@ -148,6 +151,7 @@ inline constexpr Setting GeneralSettings[] = {
         .Word = "owm",
         .Value =
             {
+                .Form = ValueForm::Text,
                 .Longest = 30,
             },
         .View =

@@ -111,6 +111,7 @@ inline constexpr Setting Network1Settings[] = {
         .Reply = "HOPTIME",
         .Value =
             {
+                .CountsIn = "ms",
                 .Words = "7|28|29",
                 .Factory = "7",
             },
@@ -158,8 +159,10 @@ inline constexpr Setting Network1Settings[] = {
         .Reply = "SKIP",
         .Value =
             {
+                .Form = ValueForm::Zones,
                 .Least = 1,
                 .Most = 8,
+                .Digits = 4,
                 .Words = "NONE",
                 .Factory = "NONE",
             },

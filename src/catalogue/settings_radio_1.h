@@ -105,7 +105,9 @@ inline constexpr Setting Radio1Settings[] = {
         .Reply = "BAUD",
         .Value =
             {
+                .Form = ValueForm::Rate,
                 .Words = "300|600|1200|2400|4800|9600|19200|38400|57600|115200",
+                .Format = "78|NOE|12",
                 .Factory = "4800 8N1",
             },
         .View =
@@ -235,6 +237,8 @@ inline constexpr Setting Radio1Settings[] = {
         .Reply = "MASK",
         .Value =
             {
+                .Form = ValueForm::Mask,
+                .Digits = 8,
                 .Factory = "FFFF FFFF",
             },
         .View =

@@ -17,6 +17,7 @@ inline constexpr Setting Radio2Settings[] = {
             {
                 .Least = 0,
                 .Most = 255,
+                .CountsIn = "ms",
                 .Factory = "0",
             },
         .View =
@@ -61,6 +62,7 @@ inline constexpr Setting Radio2Settings[] = {
             {
                 .Least = 0,
                 .Most = 6000,
+                .CountsIn = "ms",
                 .Factory = "0",
             },
         .View =
@@ -107,6 +109,7 @@ inline constexpr Setting Radio2Settings[] = {
             {
                 .Least = 1,
                 .Most = 1440,
+                .CountsIn = "minutes",
                 .Words = "NONE",
                 .Factory = "NONE",
             },
@@ -155,6 +158,7 @@ inline constexpr Setting Radio2Settings[] = {
             {
                 .Least = 0,
                 .Most = 255,
+                .CountsIn = "ms",
                 .Factory = "0",
             },
         .View =
@@ -246,6 +250,7 @@ inline constexpr Setting Radio2Settings[] = {
             {
                 .Least = 0,
                 .Most = 1000,
+                .CountsIn = "ms",
                 .Factory = "0",
             },
         .View =

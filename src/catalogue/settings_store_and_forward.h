@@ -191,6 +191,8 @@ inline constexpr Setting StoreAndForwardSettings[] = {
         .Revisions = from200,
         .Value =
             {
+                .Form = ValueForm::Map,
+                .Digits = 8,
                 .Factory = "00000000",
             },
         .View =
@@ -280,6 +282,7 @@ inline constexpr Setting StoreAndForwardSettings[] = {
             {
                 .Least = -120,
                 .Most = -40,
+                .CountsIn = "dBm",
                 .Factory = "-120",
             },
         .View =
