@@ -1,9 +1,11 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -43,6 +45,10 @@ struct InputBox {
   std::string Prompt;
   std::string Title;
   std::string Default;
+  std::string Hint{};  // below the prompt: what may be typed
+  // What is wrong with a text, as one sentence; empty: nothing. It is asked again at each change of
+  // the line, and its sentence is shown. The user may answer with such a text all the same.
+  std::function<std::string(std::string_view)> Check{};
 };
 
 // `Filter` is pairs of name and pattern joined by "|": "Log Files (*.LOG)|*.log|All Files

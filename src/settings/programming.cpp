@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "catalogue/bounds.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -74,13 +75,25 @@ void SettingProgrammer::InputRow_Click(const SettingRow& row) {
   if (!IsOneOf(input.At, main.ModeText())) return;
   const bool from200 = input.PromptFrom200 != nullptr && session.SoftwareRevision.AtLeast(200);
   const std::string answer = platform.Dialogs.Input(
-      {from200 ? input.PromptFrom200 : input.Prompt, input.Title, row.Text()});
+      {.Prompt = from200 ? input.PromptFrom200 : input.Prompt,
+       .Title = input.Title,
+       .Default = row.Text(),
+       .Hint = HintOf(row.What, session.SoftwareRevision),
+       .Check = [this, &row](std::string_view typed) { return Objection(row, typed); }});
   if (answer.empty()) return;
   Talk(nullptr, [this, &input, command = CommandOf(row.What, answer)] {
     // A read may have changed the mode while this one waited.
     if (!IsOneOf(input.At, main.ModeText())) return;
     Program(command, input.Way == InputWay::PromptAlone ? ">" : "PROGRAMMED OK");
   });
+}
+
+// Judges the command that the answer becomes. A read may change mode and revision meanwhile.
+std::string SettingProgrammer::Objection(const SettingRow& row, std::string_view answer) const {
+  if (answer.empty()) return {};
+  return JudgeCommand(row.What, CommandOf(row.What, std::string(answer)), session.SoftwareRevision,
+                      main.ModeText())
+      .Sentence();
 }
 
 void SettingProgrammer::OnOffRow_Click(const SettingRow& row) {
@@ -90,8 +103,11 @@ void SettingProgrammer::OnOffRow_Click(const SettingRow& row) {
   const bool on = EqualAnyCase(row.Text(), word + " ON");
   if (!on && !EqualAnyCase(row.Text(), word + " OFF")) return;
   const std::string question = std::string("Turn ") + turned.Turns + (on ? " off?" : " on?");
-  const Answer answer =
-      platform.Dialogs.Message({question, turned.Title, Icon::None, Buttons::OkCancel});
+  const Answer answer = platform.Dialogs.Message(
+      {.Text = question,
+       .Title = turned.Title,
+       .Choice = Buttons::OkCancel,
+       .Details = std::string("Factory value: ") + row.What.Value.Factory + "."});
   if (answer != Answer::Ok) return;
   Talk(nullptr, [this, &row, word] {
     // A read may have changed the field since.

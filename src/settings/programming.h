@@ -11,8 +11,9 @@
 
 namespace quillmark {
 
-// Programs one setting at a click on its value: asks for a new one and sends one command. The radio
-// is the only judge of values; the read that follows shows what it holds now. Everything given to
+// Programs one setting at a click on its value: asks for a new one and sends one command. The box
+// tells what radios take and what is wrong with an answer, and sends it all the same: the radio is
+// the only judge of values. The read that follows shows what it holds now. Everything given to
 // it outlives it.
 class SettingProgrammer {
  public:
@@ -23,6 +24,8 @@ class SettingProgrammer {
 
  private:
   void InputRow_Click(const SettingRow& row);
+  // What a radio would not take of an answer, as a sentence; empty: nothing.
+  std::string Objection(const SettingRow& row, std::string_view answer) const;
   void OnOffRow_Click(const SettingRow& row);
   void DeviceType_Click();
   void ShowSync_Click();

@@ -132,6 +132,44 @@ TEST(InputBox, RefusesWhatTheRadiosAlphabetDoesNotHave) {
   EXPECT_TRUE(accept(QString::fromUtf8("K\xC3\xBCste & 5")));
 }
 
+TEST(InputDialog, TellsWhatIsWrongAsItIsTypedAndSendsItAnyway) {
+  QtEventLoop events;
+  QtDialogs dialogs(events);
+  const InputBox box{.Prompt = "Power",
+                     .Title = "Title",
+                     .Default = "30",
+                     .Hint = "Radios take <20> to 30",
+                     .Check = [](std::string_view typed) {
+                       return typed == "30" ? "" : std::string(typed) + ": radios take 30";
+                     }};
+  Hand hand;
+  hand.Plan("InputBox", [&box](QWidget& window) {
+    const auto text = [&window](const char* name) {
+      return window.findChild<QLabel*>(name)->text().toStdString();
+    };
+    auto& line = *window.findChild<QLineEdit*>("inputLine");
+    auto& ok = *window.findChild<QPushButton*>("Ok");
+    const QString usual = ok.text();
+    EXPECT_EQ(text("inputHint"), box.Hint);
+    EXPECT_EQ(line.accessibleDescription().toStdString(), box.Hint);
+    EXPECT_EQ(text("inputProblem"), "");
+    const int height = window.height();
+    line.setText("4\u00e4");
+    EXPECT_EQ(text("inputProblem"), "4\u00e4: radios take 30. The radio decides.");
+    EXPECT_EQ(ok.text(), "Send anyway");
+    line.setText("30");
+    EXPECT_EQ(text("inputProblem"), "");
+    EXPECT_EQ(ok.text(), usual);
+    line.setText("45");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.height(), height);
+    ok.click();
+  });
+  hand.Start();
+  EXPECT_EQ(dialogs.Input(box), "45");
+  EXPECT_TRUE(hand.Done());
+}
+
 TEST(PrintDialog, WithoutAPrinterAsksForAPdfAndBeforeItReplacesOne) {
   if (HasPrinter()) GTEST_SKIP() << "this machine has a printer";
   const QTemporaryDir folder;

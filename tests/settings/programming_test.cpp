@@ -97,6 +97,7 @@ TEST_F(ProgrammingTest, EachInputRowSendsItsCommand) {
     SCOPED_TRACE(std::string(each.Row) + " " + each.Answer);
     Enter(each.Row, each.Title, each.Answer);
     EXPECT_EQ(Boxes().back().Text, each.Prompt);
+    EXPECT_EQ(Boxes().back().Objection, "");
     EXPECT_EQ(Sent(), std::string(each.Sent) + "\r");
     EXPECT_TRUE(Shared().RefreshRequested);
     const int before = ReadCycles();
@@ -106,6 +107,35 @@ TEST_F(ProgrammingTest, EachInputRowSendsItsCommand) {
   EXPECT_EQ(Text("SkippedZones"), "SKIP 1,3");
   EXPECT_EQ(Text("AlarmMask"), "MASK: 0000 00FF");
   EXPECT_EQ(Text("Mode"), "MODE X");
+}
+
+// The command that the answer becomes is judged, and sent whatever is wrong with it.
+TEST_F(ProgrammingTest, TheBoxTellsWhatRadiosTakeAndWhatIsWrongWithAnAnswer) {
+  ShowSettings({.Mode = 'R'});
+  const struct {
+    const char *Row, *Title, *Hint, *Answer, *Objection, *Sent;
+  } cases[] = {
+      {"PowerLevel", "Program Power Output Level",
+       "Radios take 20 to 30 dBm. Factory value: 30 dBm.", "PWR 45 dBm",
+       "PWR 45 dBm: radios take 20 to 30 dBm", "pwr 45 dBm\r"},
+      {"XRSSI", "Program Minimum RSSI",
+       "Radios take -120 to -40 dBm. Factory value: -120 dBm. Radios from 2.0.0 on have it.", "30",
+       "XRSSI -30: radios take -120 to -40 dBm", "xrssi -30\r"},
+      {"NetworkAddress", "Program Network Address",
+       "Radios take 1 to 65000 or NONE. Factory value: NONE.", "CSADDR 7",
+       "CSADDR 7: this does not set ADDR", "CSADDR 7\r"},
+      {"OwnerName", "Program Owner's Name", "Radios take up to 30 characters.", "", "", ""},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Answer);
+    Enter(each.Row, each.Title, each.Answer);
+    EXPECT_EQ(Boxes().back().Hint, each.Hint);
+    EXPECT_EQ(Boxes().back().Objection, each.Objection);
+    EXPECT_EQ(Sent(), each.Sent);
+    if (*each.Sent == '\0') continue;
+    const int before = ReadCycles();
+    ASSERT_TRUE(RunUntil([&] { return ReadCycles() > before; }));
+  }
 }
 
 TEST_F(ProgrammingTest, RowsOfOldRevisions) {
@@ -190,6 +220,7 @@ TEST_F(ProgrammingTest, OnOffRowsAskBeforeTheyTurn) {
     ClearLog();
     box().Reply(Answer::Cancel);
     EXPECT_TRUE(Click(each.Row));
+    EXPECT_THAT(Boxes().back().Details, ::testing::StartsWith("Factory value: O"));
     EXPECT_EQ(Sent(), "");
     box().Reply(Answer::Ok);
     EXPECT_TRUE(Click(each.Row));

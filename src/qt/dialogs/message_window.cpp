@@ -1,5 +1,6 @@
 #include "qt/dialogs/message_window.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -88,6 +89,8 @@ QStyle::StandardPixmap PictureOf(Icon symbol) {
 constexpr int columnWidth = 64;
 // Of a line to type into, and so of the title above it.
 constexpr int lineWidth = 48;
+// Of the sentence on what is wrong with it.
+constexpr int problemLines = 3;
 
 QLabel* MakeText(const std::string& text, const char* name, QWidget* parent) {
   const QString shown = InLines(text);
@@ -169,33 +172,80 @@ Answer MessageWindow::Ask() {
 }
 
 InputWindow::InputWindow(const InputBox& box, QWidget* parent)
-    : QDialog(parent), line(new QLineEdit(this)), trouble(MakeText("", "inputTrouble", this)) {
+    : QDialog(parent),
+      check(box.Check),
+      line(new QLineEdit(this)),
+      trouble(MakeText("", "inputTrouble", this)) {
   setObjectName(QStringLiteral("InputBox"));
   setWindowTitle(ToQt(box.Title));
   KeepInFront(*this);
   auto* column = new QVBoxLayout(this);
+  AddLine(box, *column);
+  if (check) AddCheck(*column);
+  column->addSpacing(fontMetrics().height() / 2);
+  AddButtons(*column);
+  if (!check) return;
+  connect(line, &QLineEdit::textChanged, this, &InputWindow::Judge);
+  Judge();
+}
+
+void InputWindow::AddLine(const InputBox& box, QVBoxLayout& column) {
   QLabel* prompt = MakeText(box.Prompt, "inputPrompt", this);
-  column->addWidget(prompt);
+  column.addWidget(prompt);
   line->setObjectName(QStringLiteral("inputLine"));
   line->setAccessibleName(prompt->text());
+  if (!box.Hint.empty()) {
+    QLabel* hint = MakeText(box.Hint, "inputHint", this);
+    line->setAccessibleDescription(hint->text());
+    column.addWidget(hint);
+  }
   line->setText(ToQt(box.Default));
   line->setMinimumWidth(line->fontMetrics().averageCharWidth() * lineWidth);
   line->selectAll();
   line->setFocus();
-  column->addWidget(line);
+  column.addWidget(line);
   trouble->hide();
-  column->addWidget(trouble);
+  column.addWidget(trouble);
   // What has been mended is no longer told.
   connect(line, &QLineEdit::textChanged, this, [this](const QString& text) {
     if (trouble->isVisible()) TellTrouble(ForeignCharacters(text));
   });
+}
+
+// Its room is there from the start, so that nothing moves while the user types.
+void InputWindow::AddCheck(QVBoxLayout& column) {
+  problem = MakeText({}, "inputProblem", this);
+  problem->setMinimumWidth(line->minimumWidth());
+  problem->setMinimumHeight(problem->fontMetrics().lineSpacing() * problemLines);
+  problem->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  QFont face = problem->font();
+  face.setBold(true);
+  problem->setFont(face);
+  column.addWidget(problem);
+}
+
+void InputWindow::AddButtons(QVBoxLayout& column) {
   auto* row = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  row->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("Ok"));
+  ok = row->button(QDialogButtonBox::Ok);
+  usualOk = ok->text();
+  ok->setObjectName(QStringLiteral("Ok"));
   row->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("Cancel"));
   connect(row, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(row, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  column->addSpacing(fontMetrics().height() / 2);
-  column->addWidget(row);
+  column.addWidget(row);
+}
+
+void InputWindow::Judge() { ShowProblem(ToQt(check(FromQt(line->text())))); }
+
+void InputWindow::ShowProblem(const QString& sentence) {
+  const QString shown = sentence.isEmpty() ? QString() : sentence + tr(". The radio decides.");
+  if (shown == problem->text()) return;
+  problem->setText(shown);
+  problem->setAccessibleName(shown);
+  ok->setText(shown.isEmpty() ? usualOk : tr("Send anyway"));
+  if (shown.isEmpty()) return;
+  QAccessibleEvent event(problem, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
 }
 
 void InputWindow::TellTrouble(const QString& foreign) {

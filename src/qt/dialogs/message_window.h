@@ -2,12 +2,17 @@
 
 #include <QDialog>
 #include <QString>
+#include <functional>
+#include <string>
+#include <string_view>
 
 #include "platform/dialogs.h"
 
 class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
+class QVBoxLayout;
 
 namespace quillmark {
 
@@ -31,7 +36,9 @@ class MessageWindow : public QDialog {
 };
 
 // Asks the user for one line. A line with characters that the radio's alphabet does not have is not
-// taken: a sentence below it ("inputTrouble") names them, and the box stays.
+// taken: a sentence below it names them, and the box stays. What else is wrong with it stands below
+// it as it is typed, and then OK reads "Send anyway". Object names: "InputBox", "inputPrompt",
+// "inputHint", "inputLine", "inputTrouble", "inputProblem", "Ok", "Cancel".
 class InputWindow : public QDialog {
   Q_OBJECT
 
@@ -44,11 +51,20 @@ class InputWindow : public QDialog {
   void accept() override;
 
  private:
-  // Shows the sentence, or no longer.
+  // Shows the sentence on characters, or no longer.
   void TellTrouble(const QString& foreign);
+  void AddLine(const InputBox& box, QVBoxLayout& column);
+  void AddCheck(QVBoxLayout& column);
+  void AddButtons(QVBoxLayout& column);
+  void Judge();
+  void ShowProblem(const QString& sentence);
 
+  std::function<std::string(std::string_view)> check;
   QLineEdit* line;
   QLabel* trouble;
+  QLabel* problem = nullptr;  // only where there is a check
+  QPushButton* ok = nullptr;
+  QString usualOk;
 };
 
 }  // namespace quillmark

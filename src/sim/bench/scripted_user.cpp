@@ -187,12 +187,17 @@ std::string ScriptedUser::Input(const InputBox& box) {
                   {},
                   Icon::None,
                   Buttons::OkCancel,
-                  box.Default});
+                  box.Default,
+                  false,
+                  box.Hint});
+  const std::size_t place = seen.size() - 1;
   const auto met = Meet(seen.back());
   if (!met) return {};
   PlayBox(*met);
   std::string text = met->typed.value_or(met->answer == Answer::Ok ? box.Default : "");
   std::erase_if(text, [](unsigned char c) { return c < 32 || c == 127; });
+  // Another box may have come up over this one.
+  if (box.Check) seen[place].Objection = box.Check(text);
   return text;
 }
 

@@ -81,6 +81,8 @@ class ScriptedUser : public Dialogs, public Windows {
     Buttons Choice = Buttons::Ok;
     std::string Default;
     bool Irreversible = false;
+    std::string Hint{};       // of an input box
+    std::string Objection{};  // what an input box said of the answer that was given
   };
 
   // `fault` is told each thing that went wrong.
