@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,10 @@ class TextBox : public Control {
   Property<bool> Bold{*this, false};
   Property<std::size_t> MaxLength{*this, 0};  // characters; 0 is no limit
   Property<bool> Secret{*this, false};        // shown as "*"
+  // What is wrong with the text of a field, as a sentence; empty: nothing is known.
+  Property<std::string> Problem{*this, ""};
+  // What is wrong with lines of a text to read, by their numbers from 1.
+  Property<std::map<std::size_t, std::string>> Remarks{*this, {}};
 
   // The place where SelText goes, counted from 0, and how many characters it replaces.
   std::size_t SelStart() const { return selStart; }

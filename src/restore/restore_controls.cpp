@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "catalogue/value_parts.h"
+#include "restore/restore_verdicts.h"
 
 namespace quillmark {
 
@@ -111,6 +112,7 @@ RestoreControls::RestoreControls(Form& form, EventLoop& events, std::span<const 
 // clang-format on
 
 void RestoreControls::ApplyRevision(const Revision& revision) {
+  shownRevision = revision;
   for (RestoreRowControls& row : Rows) {
     row.Show(row.Row.Shown.HoldsBelowIfUnknown(revision));
     const SettingView& view = row.Row.What->View;
@@ -138,8 +140,16 @@ void RestoreControls::TabStrip_Click() {
   RadSet.at(static_cast<std::size_t>(TabStrip.SelectedIndex() - 1)).BringToFront();
 }
 
+void RestoreControls::JudgeRows() {
+  for (RestoreRowControls& row : Rows) {
+    const Verdict verdict = JudgeRow(row.Row, row.New.Text(), shownRevision);
+    row.New.Problem = row.Shown() ? verdict.Sentence() : "";
+  }
+}
+
 void RestoreControls::ShowDifferences() {
   if (!FileLoaded) return;
+  JudgeRows();
   std::vector<int> onTabs(RadSet.size());
   int differ = 0;
   int compared = 0;

@@ -78,10 +78,16 @@ class RestoreControls {
   // Shows, hides and moves rows for the revision; an unknown one counts as below every threshold.
   void ApplyRevision(const Revision& revision);
   void TabStrip_Click();
-  // Counts the rows that differ, on each tab and in all. Once a file is open.
+  // Counts the rows that differ, on each tab and in all, and marks the new values that the radio
+  // will not take. Once a file is open.
   void ShowDifferences();
   // The row of blocks while nothing runs.
   void ResetProgress();
+
+ private:
+  void JudgeRows();
+
+  Revision shownRevision;
 };
 
 }  // namespace quillmark

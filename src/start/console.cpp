@@ -34,7 +34,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       saver(machine, *main, connection, radio, directRun),
       sender(machine, *main, connection, radio, directRun),
       fileTasks(machine, *main, directRun, saver, sender),
-      presets(machine, *main, directRun, saver, sender),
+      presets(machine, session, *main, directRun, saver, sender),
       quickConfig(machine, *main, radio, directRun, sender),
       upgrade(machine, session, *main, connection, radio),
       restore(machine, session, *main, connection, mainTimer, radio),

@@ -215,5 +215,31 @@ TEST_F(RestoreLoad, ModesDecideWhatCanBeTicked) {
   }
 }
 
+// The value is judged as it would be sent, and anew when the user changes it.
+TEST_F(RestoreLoad, ValuesThatTheRadioWillNotTakeAreMarked) {
+  StartConnected({.Revision = "2.0.0"});
+  InWindow([this] {
+    LoadText(
+        "PWR 45\nAMASK 0000 000G\nALARM ACTIVE: UP\nOWN Hill\nXADDR 32\nDLINK 9601\nDLINK OFF\n"
+        "CTS 5\nHOPTIME 28\nRTU 5\nRTU ON\nLPM 9");
+    std::string problems;
+    for (const RestoreRowControls& row : Window().Rows) {
+      if (!row.New.Problem().empty()) problems += row.New.Problem() + "\n";
+    }
+    EXPECT_EQ(
+        problems,
+        "PWR 45: radios take 20 to 30 dBm\nAMASK 0000 000G: radios take 8 hexadecimal "
+        "digits\nALARM ACTIVE UP: radios take HI or LO\nXADDR 32: radios take 0 to 31\n"
+        "DLINK 9601: radios take 1200, 2400, 4800, 9600, 19200, 38400, 57600 or 115200, ON or "
+        "OFF, or both\n");
+    TextBox& power = Window().At(SettingId::PowerLevel).New;
+    ASSERT_TRUE(Window().Rows.front().New.Enabled());
+    power.UserEdit("25");
+    EXPECT_EQ(power.Problem(), "25: this does not set PWR");
+    power.UserEdit("PWR 25");
+    EXPECT_EQ(power.Problem(), "");
+  });
+}
+
 }  // namespace
 }  // namespace quillmark

@@ -30,9 +30,14 @@ constexpr const char* fileTrouble = "File I/O Error";
 
 }  // namespace
 
-Presets::Presets(Platform& machine, frmOrvalent& window, DirectRun& itsRun, ConfigSaver& itsSaver,
-                 ConfigSender& itsSender)
-    : platform(machine), main(window), run(itsRun), saver(itsSaver), sender(itsSender) {}
+Presets::Presets(Platform& machine, const Session& shared, frmOrvalent& window, DirectRun& itsRun,
+                 ConfigSaver& itsSaver, ConfigSender& itsSender)
+    : platform(machine),
+      session(shared),
+      main(window),
+      run(itsRun),
+      saver(itsSaver),
+      sender(itsSender) {}
 
 void Presets::Wire() {
   for (std::size_t index = 0; index < main.cmdPre.size(); ++index) {
@@ -178,9 +183,7 @@ void Presets::mnuPresetView_Click() {
       ShowFileTrouble("Unspecified File Error.");
       return;
     }
-    std::string shown;
-    for (const std::string& line : text.Lines) shown += line + "\r\n";
-    viewer->txtViewer.Text = shown;
+    viewer->ShowLines(text.Lines, session.SoftwareRevision);
   }
   platform.Windows.ShowModal(viewer, main);
 }

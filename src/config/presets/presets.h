@@ -17,8 +17,8 @@ namespace quillmark {
 // outlives it.
 class Presets {
  public:
-  Presets(Platform& platform, frmOrvalent& main, DirectRun& run, ConfigSaver& saver,
-          ConfigSender& sender);
+  Presets(Platform& platform, const Session& session, frmOrvalent& main, DirectRun& run,
+          ConfigSaver& saver, ConfigSender& sender);
 
   // Joins the buttons and the menu to their handlers.
   void Wire();
@@ -47,6 +47,7 @@ class Presets {
   void ShowFileTrouble(const char* text);
 
   Platform& platform;
+  const Session& session;
   frmOrvalent& main;
   DirectRun& run;
   ConfigSaver& saver;

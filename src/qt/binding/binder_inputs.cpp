@@ -11,7 +11,9 @@
 #include "qt/text/latin1.h"
 #include "qt/widgets/colors.h"
 #include "qt/widgets/noted_items.h"
+#include "qt/widgets/row_widgets.h"
 #include "qt/widgets/terminal_view.h"
+#include "qt/widgets/text_page.h"
 
 namespace quillmark {
 
@@ -89,6 +91,14 @@ TerminalView::Style StyleOf(const TextBox& control) {
               control.ForeColor() != DefaultTextColour || control.BackColor() != DefaultBackColour};
 }
 
+void ShowRemarks(const TextBox& control, TextPage& page) {
+  std::map<int, QString> remarks;
+  for (const auto& [line, remark] : control.Remarks()) {
+    remarks[static_cast<int>(line) - 1] = ToQt(remark);
+  }
+  page.SetRemarks(std::move(remarks));
+}
+
 void SetBold(QWidget& widget, bool bold) {
   if (widget.font().bold() == bold) return;
   QFont font = widget.font();
@@ -121,6 +131,7 @@ void Binder::JoinLine(TextBox& control, QLineEdit& line) {
     line.setMaxLength(control.MaxLength() == 0 ? 32767 : static_cast<int>(control.MaxLength()));
     const QString text = ToQt(control.Text());
     if (line.text() != text) line.setText(text);
+    if (auto* value = qobject_cast<ValueLine*>(&line)) value->SetProblem(ToQt(control.Problem()));
   });
 }
 
@@ -145,6 +156,7 @@ void Binder::JoinReading(TextBox& control, QPlainTextEdit& page) {
     ShowCommon(control, page);
     const QString text = InLines(control.Text());
     if (page.toPlainText() != text) page.setPlainText(text);
+    if (auto* reading = qobject_cast<TextPage*>(&page)) ShowRemarks(control, *reading);
   });
 }
 

@@ -23,6 +23,8 @@ constexpr Look notInFile{"", QT_TR_NOOP("not in the file"), false};
 constexpr Look notInRadio{"", QT_TR_NOOP("not in the radio"), false};
 constexpr Look same{"=", QT_TR_NOOP("same"), false};
 constexpr Look differs{"≠", QT_TR_NOOP("differs"), true};
+// Behind the mark of the comparison: the radio will not take the file's value.
+constexpr const char* problemMark = "!";
 
 bool Lacks(const RestoreRow& row, const std::string& text) { return !IsValue(*row.What, text); }
 
@@ -55,6 +57,7 @@ RowComparison::RowComparison(const RestoreRow& itsRow, QCheckBox& box, ValueLine
   mark.setAlignment(Qt::AlignCenter);
   for (ValueLine* value : {&current, &next}) {
     connect(value, &QLineEdit::textChanged, this, &RowComparison::Show);
+    connect(value, &ValueLine::ProblemChanged, this, &RowComparison::Show);
   }
   for (QWidget* widget : {static_cast<QWidget*>(&check), static_cast<QWidget*>(&current),
                           static_cast<QWidget*>(&next), static_cast<QWidget*>(&mark), &fileUser}) {
@@ -66,7 +69,9 @@ RowComparison::RowComparison(const RestoreRow& itsRow, QCheckBox& box, ValueLine
 int RowComparison::MarkWidth(const QWidget& where) {
   QFont font = where.font();
   font.setBold(true);
-  return QFontMetrics(font).horizontalAdvance(QString::fromUtf8(differs.Mark)) * 2;
+  return QFontMetrics(font).horizontalAdvance(QString::fromUtf8(differs.Mark) +
+                                              QLatin1String(problemMark)) *
+         2;
 }
 
 void RowComparison::Show() {
@@ -77,14 +82,16 @@ void RowComparison::Show() {
   const bool radioLacks = Lacks(row, inRadio);
   const bool fileLacks = Lacks(row, inFile);
   const bool lacking = fileOpen && (radioLacks || fileLacks);
-  const QString words = tr(look.Words);
+  const QString& problem = next.Problem();
+  const bool bold = look.Bold || !problem.isEmpty();
+  const QString words = problem.isEmpty() ? tr(look.Words) : tr(look.Words) + ". " + problem;
   mark.setVisible(!check.isHidden());
-  mark.setText(QString::fromUtf8(look.Mark));
+  mark.setText(QString::fromUtf8(look.Mark) + QLatin1String(problem.isEmpty() ? "" : problemMark));
   mark.setAccessibleName(words);
-  mark.setForegroundRole(look.Bold ? QPalette::WindowText : QPalette::PlaceholderText);
-  SetBold(mark, look.Bold);
+  mark.setForegroundRole(bold ? QPalette::WindowText : QPalette::PlaceholderText);
+  SetBold(mark, bold);
   SetBold(current, look.Bold);
-  SetBold(next, look.Bold);
+  SetBold(next, bold);
   current.SetQuiet(lacking || radioLacks);
   next.SetQuiet(lacking || fileLacks);
   check.setAccessibleDescription(

@@ -50,6 +50,12 @@ void ValueLine::SetQuiet(bool next) {
   update();
 }
 
+void ValueLine::SetProblem(const QString& next) {
+  if (next == problem) return;
+  problem = next;
+  emit ProblemChanged();
+}
+
 QSize ValueLine::sizeHint() const {
   return {CharacterWidth(*this) * usualWidth, QLineEdit::sizeHint().height()};
 }

@@ -32,17 +32,25 @@ class ValueLine : public QLineEdit {
   // Paler than the others, for what is not there.
   void SetQuiet(bool next);
   bool Quiet() const { return quiet; }
+  // What is wrong with the value, as a sentence. It is kept for who shows it.
+  void SetProblem(const QString& next);
+  const QString& Problem() const { return problem; }
   // The value as far as there is room for it.
   QString Shown() const;
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
+ signals:
+  void ProblemChanged();
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QRect TextPlace() const;
+
+  QString problem;
 
   bool quiet = false;
 };

@@ -2,6 +2,7 @@
 #include <set>
 
 #include "config/config_bench.h"
+#include "config/presets/frmViewer.h"
 
 namespace quillmark {
 namespace {
@@ -160,6 +161,31 @@ TEST_F(PresetsTest, RenamedDescribedAndViewed) {
     EXPECT_TRUE(Click("cmdClose"));
   });
   ASSERT_TRUE(Click("mnuPresetView"));
+}
+
+// By the revision of the radio that it would go to.
+TEST_F(PresetsTest, TheViewerTellsWhatTheRadioWillNotTake) {
+  Write(Slot(1), "#PresetFile1\nPWR 45\nLPM 3\nCTS 1\nCTS x\nCTS 256\nCTS -1\nRXD 256\n");
+  const auto view = [this](const std::string& problems, std::set<std::size_t> lines) {
+    ExpectWindow("frmViewer").Do([&](Form& form) {
+      const auto& viewer = static_cast<frmViewer&>(form);
+      EXPECT_EQ(viewer.lblProblems.Visible() ? viewer.lblProblems.Text() : "", problems);
+      std::set<std::size_t> marked;
+      for (const auto& [line, remark] : viewer.txtViewer.Remarks()) marked.insert(line);
+      EXPECT_EQ(marked, lines);
+      EXPECT_TRUE(Click("cmdClose"));
+    });
+    ASSERT_TRUE(Main().cmdPre[0].RightClick());
+    ASSERT_TRUE(Click("mnuPresetView"));
+  };
+  StartConnected({.Revision = "1.9.0"});
+  view(
+      "The radio will not take 6 lines:\r\nline 2: PWR 45, radios take 20 to 30 dBm\r\n"
+      "line 3: LPM, radios from 3.2.0 on have it\r\nline 5: CTS x, radios take 0 to 255 ms\r\n"
+      "line 6: CTS 256, radios take 0 to 255 ms\r\nand 2 more",
+      {2, 3, 5, 6, 7, 8});
+  Write(Slot(1), "#PresetFile1\nPWR 30 dBm\n");
+  view("", {});
 }
 
 // What lies in the folder without being a preset of its own name changes no button.

@@ -69,6 +69,17 @@ TEST_F(RestoreWindow, ARowShowsAtAGlanceHowItsValuesStandToEachOther) {
   }
 }
 
+TEST_F(RestoreWindow, AValueThatTheRadioWillNotTakeIsMarked) {
+  OpenFile(true);
+  Line("Mode").setText("MODE M");
+  Line("NewMode").setText("MODE Q");
+  Line("NewMode").SetProblem("MODE Q: radios take M, R or X");
+  EXPECT_EQ(mark->text(), QString("≠!"));
+  EXPECT_EQ(mark->accessibleName(), QString("differs. MODE Q: radios take M, R or X"));
+  Line("NewMode").SetProblem({});
+  EXPECT_EQ(mark->text(), QString("≠"));
+}
+
 TEST_F(RestoreWindow, AHiddenRowTakesItsMarkAlongAndLeavesNoGap) {
   const int own = Line("Mode").y();
   for (const char* name : {"ModeCheck", "Mode", "NewMode"}) Find<QWidget>(name).hide();

@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
+#include <QToolTip>
 #include <memory>
 #include <stdexcept>
 
@@ -84,6 +86,24 @@ TEST_F(Viewer, ShowsItsTextToReadOnly) {
   EXPECT_EQ(page.textCursor().selectedText().size(), 28);
   shown.Press(Qt::Key_Return);
   EXPECT_FALSE(shown.form->Loaded());
+}
+
+TEST_F(Viewer, MarksTheLinesThatTheRadioWillNotTake) {
+  auto& viewer = static_cast<frmViewer&>(*shown.form);
+  auto& problems = *shown.window->findChild<QLabel*>("lblProblems");
+  EXPECT_TRUE(page.extraSelections().isEmpty());
+  EXPECT_TRUE(problems.isHidden());
+  viewer.ShowLines({"MODE M", "PWR 45 <b>", "LPM 1"}, {});
+  ASSERT_EQ(page.extraSelections().size(), 1);
+  const QTextCursor marked = page.extraSelections().front().cursor;
+  EXPECT_EQ(marked.selectedText(), "PWR 45 <b>");
+  EXPECT_EQ(problems.text(),
+            "The radio will not take 1 line:\nline 2: PWR 45 <b>, radios take 20 to 30 dBm");
+  EXPECT_TRUE(problems.isVisible());
+  const QPoint place = page.cursorRect(marked).center();
+  QHelpEvent hover(QEvent::ToolTip, place, page.viewport()->mapToGlobal(place));
+  QCoreApplication::sendEvent(page.viewport(), &hover);
+  EXPECT_EQ(QToolTip::text(), "<qt>PWR 45 &lt;b&gt;: radios take 20 to 30 dBm</qt>");
 }
 
 TEST_F(Viewer, FindsWordsForwardsAndBackwardsAndAround) {
