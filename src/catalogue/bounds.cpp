@@ -256,7 +256,7 @@ Verdict Judge(const Setting& setting, std::string_view value, const Revision& re
   if (Taken(setting.Value, revision).Takes(value)) return {word, ""};
   const std::string shown = Shortened(Trim(value));
   return {word + (shown.empty() ? "" : " " + shown),
-          "radios take " + TakenValues(setting, revision)};
+          "radios take " + TakenValues(setting, revision), true};
 }
 
 Verdict JudgeCommand(const Setting& setting, std::string_view command, const Revision& revision,

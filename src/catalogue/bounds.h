@@ -15,8 +15,9 @@ namespace quillmark {
 
 // What is wrong with a value, or with setting it at this radio.
 struct Verdict {
-  std::string About;  // "PWR 45", or "HOPTIME" when it is not the value that is wrong
-  std::string Wrong;  // "radios take 20 to 30 dBm"; empty: nothing
+  std::string About;     // "PWR 45", or "HOPTIME" when it is not the value that is wrong
+  std::string Wrong;     // "radios take 20 to 30 dBm"; empty: nothing
+  bool OfValue = false;  // it is the value that is wrong, and no radio takes it
 
   bool Fine() const { return Wrong.empty(); }
   // "PWR 45: radios take 20 to 30 dBm"; empty when nothing is wrong.

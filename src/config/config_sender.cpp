@@ -1,6 +1,7 @@
 #include "config/config_sender.h"
 
 #include "config/config_lines.h"
+#include "config/program_plan.h"
 #include "platform/utilities.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -32,9 +33,14 @@ bool IsUnitNumber(const std::string& text) {
 
 }  // namespace
 
-ConfigSender::ConfigSender(Platform& machine, frmOrvalent& window, Connection& link,
-                           Conversation& conversation, DirectRun& itsRun)
-    : platform(machine), main(window), connection(link), radio(conversation), run(itsRun) {}
+ConfigSender::ConfigSender(Platform& machine, const Session& shared, frmOrvalent& window,
+                           Connection& link, Conversation& conversation, DirectRun& itsRun)
+    : platform(machine),
+      session(shared),
+      main(window),
+      connection(link),
+      radio(conversation),
+      run(itsRun) {}
 
 // The user's own set wins over the one that ships with the program.
 std::filesystem::path ConfigSender::DefaultSet() const {
@@ -58,6 +64,13 @@ void ConfigSender::LoadConfigLines(const std::filesystem::path& path, bool defau
     if (!run.ConfirmClearing(notSaved, "File Error")) return;
   }
   result = true;
+}
+
+bool ConfigSender::ConfirmPlan() {
+  if (!session.PlanFirst) return true;
+  const std::vector<std::string> defaults = ReadConfigText(DefaultSet(), MostConfigLines).Lines;
+  const ProgramPlan plan = PlanOf(defaults, ConfigLines, main, session.SoftwareRevision);
+  return platform.Dialogs.Message(QuestionOf(plan)) == Answer::Yes;
 }
 
 void ConfigSender::SendConfigLines(bool checkUnit) {

@@ -17,8 +17,8 @@ namespace quillmark {
 // radio stand on it. Everything given to it outlives it.
 class ConfigSender {
  public:
-  ConfigSender(Platform& platform, frmOrvalent& main, Connection& connection, Conversation& radio,
-               DirectRun& run);
+  ConfigSender(Platform& platform, const Session& session, frmOrvalent& main,
+               Connection& connection, Conversation& radio, DirectRun& run);
 
   // The lines of the last file loaded, from index 0; 101 at most.
   std::vector<std::string> ConfigLines;
@@ -27,6 +27,10 @@ class ConfigSender {
   // whether ConfigLines holds a file that may be sent. A file that is missing or refused empties
   // them.
   void LoadConfigLines(const std::filesystem::path& path, bool defaults, bool& result);
+
+  // Tells what ConfigLines, those of a file, will change at the radio, and asks whether to go on. A
+  // user who wants no such question has agreed.
+  bool ConfirmPlan();
 
   // Sends ConfigLines. With `checkUnit` the user is asked for the unit number first, line by line
   // that holds it. A run that fails ends in a read of the radio and returns as if it had ended.
@@ -49,6 +53,7 @@ class ConfigSender {
   void CheckUnit(std::string& line);
 
   Platform& platform;
+  const Session& session;
   frmOrvalent& main;
   Connection& connection;
   Conversation& radio;

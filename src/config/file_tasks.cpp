@@ -46,7 +46,7 @@ void FileTasks::ProgramFrom(const fs::path& path) {
   if (!run.MayStart()) return;
   bool mayBeSent = false;
   sender.LoadConfigLines(path, false, mayBeSent);
-  if (!mayBeSent) return;
+  if (!mayBeSent || !sender.ConfirmPlan()) return;
   Note(path);
   run.WhenFree(main.cmdProgramFromFile, [this, path] {
     const QuickTask task(run);

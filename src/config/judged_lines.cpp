@@ -36,20 +36,28 @@ std::string JudgedLine::Sentence() const {
   return "line " + std::to_string(Number) + ": " + What.About + ", " + What.Wrong;
 }
 
-std::vector<JudgedLine> JudgeLines(const std::vector<std::string>& lines, const Revision& revision,
-                                   std::string_view modeText) {
-  std::vector<JudgedLine> judged;
+std::vector<SentLine> SentLines(const std::vector<std::string>& lines, const Revision& revision,
+                                std::string_view modeText) {
+  std::vector<SentLine> all;
   std::string mode(modeText);
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (IsComment(lines[i])) continue;
     const Sent sent = SentBy(lines[i]);
     if (sent.What == nullptr) continue;
-    Verdict verdict = JudgeCommand(*sent.What, sent.Command, revision, mode);
-    if (!verdict.Fine()) {
-      judged.push_back({i + 1, std::move(verdict)});
-    } else if (sent.What->Id == SettingId::Mode) {
+    const Verdict verdict = JudgeCommand(*sent.What, sent.Command, revision, mode);
+    if (verdict.Fine() && sent.What->Id == SettingId::Mode) {
       mode = "MODE " + std::string(Trim(sent.Command.substr(modeWord.size())));
     }
+    all.push_back({i + 1, lines[i], sent.What, verdict});
+  }
+  return all;
+}
+
+std::vector<JudgedLine> JudgeLines(const std::vector<std::string>& lines, const Revision& revision,
+                                   std::string_view modeText) {
+  std::vector<JudgedLine> judged;
+  for (const SentLine& line : SentLines(lines, revision, modeText)) {
+    if (!line.What.Fine()) judged.push_back({line.Number, line.What});
   }
   return judged;
 }

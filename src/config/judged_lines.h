@@ -20,9 +20,21 @@ struct JudgedLine {
   std::string Sentence() const;
 };
 
-// Judges the lines in the order in which they are sent. `modeText` is the radio's mode before the
-// first one; a line that sets the mode changes it for those behind. A line of no setting is not
-// judged, nor is a word without a value, which only asks the radio.
+// A line that sets a setting, and what is wrong with it.
+struct SentLine {
+  std::size_t Number;  // from 1
+  std::string Text;
+  const Setting* Sets;  // lives for the whole run
+  Verdict What;
+};
+
+// The lines that set something, in the order in which they are sent. `modeText` is the radio's mode
+// before the first one; a line that sets the mode changes it for those behind. A line of no setting
+// is not among them, nor is a word without a value, which only asks the radio.
+std::vector<SentLine> SentLines(const std::vector<std::string>& lines, const Revision& revision,
+                                std::string_view modeText);
+
+// Those of them that a radio refuses.
 std::vector<JudgedLine> JudgeLines(const std::vector<std::string>& lines, const Revision& revision,
                                    std::string_view modeText = {});
 

@@ -54,6 +54,8 @@ int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBo
   session.ConnectOnLaunch = sound ? *connectOnLaunch : defaults.ConnectOnLaunch;
   session.KeepAlive = sound ? *keepAlive : defaults.KeepAlive;
   session.LogoutOnQuit = sound ? *logoutOnQuit : defaults.LogoutOnQuit;
+  // No style or flag of old goes with it.
+  session.PlanFirst = flag("PlanFirst", session.PlanFirst).value_or(true);
   return port;
 }
 

@@ -9,7 +9,9 @@ namespace quillmark {
 
 // Reads the stored preferences, at the load of the main window: the flags go into `session`, the
 // style into `terminal`. A style or a flag that does not convert makes all of them fall back to
-// their defaults for this run; the store is left as it is. Returns the number of the serial port, 1
+// their defaults for this run; the store is left as it is.
+// PlanFirst stands by itself: where nothing is stored it stays as it is, and what does not convert
+// is True. Returns the number of the serial port, 1
 // when none from 1 to 16 is stored.
 int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBox& terminal);
 

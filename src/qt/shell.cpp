@@ -50,6 +50,7 @@ int Shell::Run() {
     Machine.Events.Deliver([this] { Console.Form_Unload(); });
     asked = false;
   });
+  Console.Shared().PlanFirst = true;
   Machine.Events.Deliver([this] { Console.Start(); });
   const int code = Machine.Events.Quitting() ? 0 : QApplication::exec();
   if (Machine.Shown.Misfit().empty()) return code;

@@ -51,6 +51,9 @@ struct StoredPreferences {
   bool KeepAlive = true;
   bool LogoutOnQuit = true;
   bool PassEnabled = false;
+  // Ask, with what it changes, before a radio is programmed from a file or preset. The desktop
+  // program begins with True.
+  bool PlanFirst = false;
 };
 
 // The values that every window shares; they live for the whole run.

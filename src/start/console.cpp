@@ -32,7 +32,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       access(machine, session, *main, radio),
       directRun(machine, *main, connection, radio),
       saver(machine, *main, connection, radio, directRun),
-      sender(machine, *main, connection, radio, directRun),
+      sender(machine, session, *main, connection, radio, directRun),
       fileTasks(machine, *main, directRun, saver, sender),
       presets(machine, session, *main, directRun, saver, sender),
       quickConfig(machine, *main, radio, directRun, sender),

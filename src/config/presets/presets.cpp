@@ -100,7 +100,7 @@ void Presets::ProgramFrom(std::size_t slot) {
   }
   bool mayBeSent = false;
   sender.LoadConfigLines(File(slot), false, mayBeSent);
-  if (!mayBeSent) return;
+  if (!mayBeSent || !sender.ConfirmPlan()) return;
   run.WhenFree(main.cmdPre[slot], [this, slot] {
     const QuickTask task(run);
     run.ShowTitle("PROGRAMMING.");

@@ -1,0 +1,149 @@
+#include "config/program_plan.h"
+
+#include <algorithm>
+#include <map>
+
+#include "catalogue/same_value.h"
+#include "catalogue/settings.h"
+#include "config/judged_lines.h"
+#include "text/text.h"
+
+namespace quillmark {
+
+namespace {
+
+// What a radio or a file holds may be long.
+std::string Short(const std::string& text) {
+  constexpr std::size_t longest = 60;
+  return text.size() <= longest ? text : text.substr(0, longest) + "...";
+}
+
+// A value of two parts: lines may set one of them alone, and the other stays as it was sent before.
+struct TwoParts {
+  std::string Number;  // a rate, an id
+  std::string Behind;  // a format, ON or OFF
+
+  // Blanks stand between the parts.
+  void Take(std::string_view value) {
+    for (value = Trim(value); !value.empty(); value = Trim(value)) {
+      const std::string_view part = value.substr(0, value.find(' '));
+      const bool number = part.find_first_not_of("0123456789") == std::string_view::npos;
+      (number ? Number : Behind) = part;
+      value.remove_prefix(part.size());
+    }
+  }
+};
+
+bool HasTwoParts(const Setting& setting) {
+  return setting.Value.Form == ValueForm::Rate || setting.Value.Form == ValueForm::Switched;
+}
+
+// The line that sets all that the radio then has of each setting.
+std::map<SettingId, std::string> LastLines(const std::vector<SentLine>& sent) {
+  std::map<SettingId, std::string> last;
+  std::map<SettingId, TwoParts> parts;
+  for (const SentLine& line : sent) {
+    if (!line.What.Fine()) continue;
+    const Setting& setting = *line.Sets;
+    last[setting.Id] = line.Text;
+    if (!HasTwoParts(setting)) continue;
+    TwoParts& both = parts[setting.Id];
+    both.Take(std::string_view(line.Text).substr(std::string_view(setting.Word).size()));
+    last[setting.Id] = Upper(setting.Word) + " " + both.Number + " " + both.Behind;
+  }
+  return last;
+}
+
+bool IsRead(const Setting& setting, const std::string& shown) {
+  // The map is read when its window is opened, and never shown in the row.
+  if (setting.Id == SettingId::XMAP) return false;
+  return IsValue(setting, shown);
+}
+
+// A free text is shown without the word.
+std::string ValueIn(const Setting& setting, const std::string& line) {
+  if (setting.Value.Form != ValueForm::Text) return line;
+  return line.substr(std::string_view(setting.Word).size() + 1);
+}
+
+// "Restore Power Level" is about the power level.
+std::string Subject(const Setting& setting) {
+  const std::string_view caption = setting.Restored->Caption;
+  return std::string(caption.substr(caption.find(' ') + 1));
+}
+
+void Compare(const Setting& setting, const std::string& line, const std::string& shown,
+             ProgramPlan& plan) {
+  if (!IsRead(setting, shown)) {
+    plan.Unread.push_back(Short(line));
+  } else if (MeansTheSame(setting, shown, ValueIn(setting, line))) {
+    ++plan.Same;
+  } else {
+    plan.Changes.push_back(Subject(setting) + ": " + Short(shown) + " becomes " + Short(line));
+  }
+}
+
+std::string Counted(std::size_t count, const char* one, const char* many) {
+  return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+// A heading and the first ones behind what stands there; a box is not to be taller than a screen.
+void List(std::string& text, const char* heading, const std::vector<std::string>& entries,
+          std::size_t most) {
+  if (entries.empty()) return;
+  text += (text.empty() ? "" : "\r\n\r\n") + std::string(heading);
+  for (std::size_t i = 0; i < std::min(most, entries.size()); ++i) text += "\r\n" + entries[i];
+  if (entries.size() > most) text += "\r\nand " + std::to_string(entries.size() - most) + " more";
+}
+
+std::string DetailsOf(const ProgramPlan& plan) {
+  std::string text;
+  List(text, "Changes:", plan.Changes, 10);
+  List(text, "No value in the last read:", plan.Unread, 4);
+  List(text, "Not in this radio:", plan.Unknown, 4);
+  List(text, "Not taken by radios:", plan.Refused, 4);
+  return text;
+}
+
+}  // namespace
+
+ProgramPlan PlanOf(const std::vector<std::string>& defaults, const std::vector<std::string>& lines,
+                   frmOrvalent& main, const Revision& revision) {
+  std::vector<std::string> all = defaults;
+  all.insert(all.end(), lines.begin(), lines.end());
+  const std::vector<SentLine> sent = SentLines(all, revision, main.ModeText());
+  ProgramPlan plan;
+  for (const SentLine& line : sent) {
+    if (line.What.Fine() || line.Number <= defaults.size()) continue;
+    const JudgedLine judged{line.Number - defaults.size(), line.What};
+    (line.What.OfValue ? plan.Refused : plan.Unknown).push_back(judged.Sentence());
+  }
+  for (const auto& [id, line] : LastLines(sent)) {
+    Compare(SettingOf(id), line, main.At(id).Text(), plan);
+  }
+  return plan;
+}
+
+MessageBox QuestionOf(const ProgramPlan& plan) {
+  std::string text =
+      Counted(plan.Changes.size(), "setting of the radio changes", "settings of the radio change") +
+      ".\r\n" + Counted(static_cast<std::size_t>(plan.Same), "stays", "stay") + " as they are.\r\n";
+  if (!plan.Unread.empty()) {
+    text += Counted(plan.Unread.size(), "has", "have") + " no value in the last read.\r\n";
+  }
+  if (!plan.Unknown.empty()) {
+    text += Counted(plan.Unknown.size(), "line sets", "lines set") +
+            " what this radio does not have in its mode and revision.\r\n";
+  }
+  if (!plan.Refused.empty()) {
+    text += Counted(plan.Refused.size(), "line holds", "lines hold") +
+            " a value that radios do not take.\r\n";
+  }
+  return {.Text = text + "\r\nProgram the radio?",
+          .Title = "What Will Change",
+          .Choice = Buttons::YesNo,
+          .Details = DetailsOf(plan),
+          .Irreversible = true};
+}
+
+}  // namespace quillmark
