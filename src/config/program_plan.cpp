@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <map>
 
-#include "catalogue/same_value.h"
 #include "catalogue/settings.h"
+#include "catalogue/value_parts.h"
 #include "config/judged_lines.h"
 #include "text/text.h"
 
@@ -76,7 +76,7 @@ void Compare(const Setting& setting, const std::string& line, const std::string&
              ProgramPlan& plan) {
   if (!IsRead(setting, shown)) {
     plan.Unread.push_back(Short(line));
-  } else if (MeansTheSame(setting, shown, ValueIn(setting, line))) {
+  } else if (SameValue(setting, shown, ValueIn(setting, line))) {
     ++plan.Same;
   } else {
     plan.Changes.push_back(Subject(setting) + ": " + Short(shown) + " becomes " + Short(line));
