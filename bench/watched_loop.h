@@ -28,6 +28,7 @@ class WatchedLoop : public EventLoop {
   void StopTimer(Ticker& ticker) override { loop.StopTimer(ticker); }
   Duration Now() const override { return loop.Now(); }
   std::int64_t LocalSeconds() const override { return loop.LocalSeconds(); }
+  std::int64_t UtcSeconds() const override { return loop.UtcSeconds(); }
   void Quit() override { loop.Quit(); }
   bool Quitting() const override { return loop.Quitting(); }
 

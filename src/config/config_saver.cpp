@@ -21,20 +21,6 @@ constexpr Duration longestQuieting = Seconds(2);
 constexpr Duration longestEcho = Seconds(1);
 constexpr Duration firstLook = Milliseconds(50);
 
-// The firmware's part number, revision and date in one line.
-std::string FirmwareText(std::string reply) {
-  for (std::size_t at = reply.find("\r\n"); at != std::string::npos; at = reply.find("\r\n")) {
-    reply.replace(at, 2, " ");
-  }
-  std::erase_if(reply, [](char c) { return c >= 0 && c < ' '; });
-  return reply;
-}
-
-bool IsOneLine(const std::string& text) { return text.find_first_of("\r\n") == std::string::npos; }
-
-// As the radio gave it, its line ends and prompt around it: the cuts count on them.
-std::string AsReply(const std::string& text) { return "\r\n" + text + "\r\n>"; }
-
 std::string Settings(int count) {
   return std::to_string(count) + (count == 1 ? " setting" : " settings");
 }
@@ -155,7 +141,7 @@ void ConfigSaver::WriteHead(ReplacedFile& file, bool report) {
     throw RunFailed{"The radio's reply to srev can't be read."};
   }
   revision = RevisionOf(VersionIn(*version));
-  file.Line("#With Firmware Version:  " + FirmwareText(*version));
+  file.Line("#With Firmware Version:  " + SavedFirmware(*version));
   file.Line("");
   file.Line("");
 }

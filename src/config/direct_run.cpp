@@ -114,6 +114,13 @@ bool DirectRun::MayStart() {
   return false;
 }
 
+void DirectRun::KeepBefore(const std::string& what) {
+  if (!BeforeOverwrite) return;
+  BeforeOverwrite(what);
+  // A read may have switched some on.
+  if (task != nullptr) task->controls.HoldAgain();
+}
+
 void DirectRun::ReadRadioAgain() {
   if (main.LinkLetGo) return;
   if (task == nullptr || platform.MSComm1.PortOpen()) {

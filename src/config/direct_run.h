@@ -60,6 +60,10 @@ class DirectRun {
   bool UnderWay() const { return task != nullptr; }
   // Asks whether to program the radio anew. Below the question stands whose settings go.
   bool ConfirmClearing(const std::string& question, const std::string& title);
+  // Told, while the task has the line, before a run overwrites what the radio holds; `run` is what
+  // it does, such as "a preset". Set by the application; may be empty.
+  std::function<void(const std::string& run)> BeforeOverwrite;
+  void KeepBefore(const std::string& what);
   // Runs the task that `entry` starts when the line is free, if it may still start then.
   void WhenFree(const Control& entry, std::function<void()> act);
   // Asks for a read of the radio. On a closed port that means a connect; only one is tried in a

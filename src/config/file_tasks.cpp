@@ -50,6 +50,7 @@ void FileTasks::ProgramFrom(const fs::path& path) {
   Note(path);
   run.WhenFree(main.cmdProgramFromFile, [this, path] {
     const QuickTask task(run);
+    run.KeepBefore("programming a file");
     run.ShowTitle("RESTORING.");
     sender.ProgramFromFile(path);
   });

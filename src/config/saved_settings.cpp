@@ -41,6 +41,18 @@ std::string SavedWord(const Setting& setting) {
   return setting.Saved->Reply != nullptr ? setting.Saved->Reply : setting.Reply;
 }
 
+std::string AsReply(const std::string& text) { return "\r\n" + text + "\r\n>"; }
+
+bool IsOneLine(const std::string& text) { return text.find_first_of("\r\n") == std::string::npos; }
+
+std::string SavedFirmware(std::string value) {
+  for (std::size_t at = value.find("\r\n"); at != std::string::npos; at = value.find("\r\n")) {
+    value.replace(at, 2, " ");
+  }
+  std::erase_if(value, [](char c) { return c >= 0 && c < ' '; });
+  return value;
+}
+
 std::optional<std::string> CutSetting(const Setting& setting, const std::string& original) {
   constexpr std::size_t shortestOwner = 6;
   constexpr std::size_t lineEnd = 2;

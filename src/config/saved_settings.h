@@ -14,6 +14,13 @@ std::string SavedCommand(const Setting& setting);
 // What is looked for in the reply; empty: any text is taken.
 std::string SavedWord(const Setting& setting);
 
+// As the radio gave it, its line ends and prompt around it: the cuts count on them.
+std::string AsReply(const std::string& text);
+bool IsOneLine(const std::string& text);
+
+// The firmware's part number, revision and date in one line, out of the value of "srev".
+std::string SavedFirmware(std::string value);
+
 // What the reply gives for the file: nothing when it lacks the word; else one line, or two joined
 // by CR LF. Throws RunFailed when the cut can't be made.
 std::optional<std::string> CutSetting(const Setting& setting, const std::string& reply);

@@ -1,6 +1,5 @@
 #include "firmware/firmware_upgrade.h"
 
-#include "app/held_controls.h"
 #include "firmware/firmware_version.h"
 #include "firmware/loader_entry.h"
 #include "link/serial_failure.h"
@@ -57,7 +56,7 @@ void FirmwareUpgrade::Run(const std::filesystem::path& given) {
     const auto chosen = ChooseFirmware(given);
     // A read that ran while the questions were up has switched some on.
     controls.HoldAgain();
-    if (chosen) reconnect = Load(*chosen);
+    if (chosen) reconnect = Load(*chosen, controls);
   }
   if (!reconnect) return;
   connection.mnuOpen_Click();
@@ -129,10 +128,12 @@ bool FirmwareUpgrade::AskToContinue(const std::string& doubt) {
                                    .Irreversible = true}) == Answer::Yes;
 }
 
-bool FirmwareUpgrade::Load(const Chosen& chosen) {
+bool FirmwareUpgrade::Load(const Chosen& chosen, HeldControls& controls) {
   const LineTurns::Turn turn(radio.Turns);
   const auto underWay = Raised(loading);
   try {
+    if (BeforeOverwrite && !AtLoaderPrompt(radio)) BeforeOverwrite("firmware " + chosen.Version);
+    controls.HoldAgain();
     LoaderEntry entry(platform, session, main, connection, radio);
     if (!AtLoaderPrompt(radio) && !entry.Enter(chosen.Version, chosen.Note)) return false;
     if (!AtLoaderPrompt(radio)) return false;

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/frmOrvalent.h"
+#include "app/held_controls.h"
 #include "conversation/conversation.h"
 #include "firmware/firmware_file.h"
 #include "firmware/firmware_transfer.h"
@@ -29,6 +30,9 @@ class FirmwareUpgrade {
   // Asked before a start: false, with a box, when something else has the radio. Set by the
   // application.
   std::function<bool()> MayStart;
+  // Told before the radio is asked to go into its loader, while the upgrade has the line; `run` is
+  // "firmware 3.2.1". Set by the application; may be empty.
+  std::function<void(const std::string& run)> BeforeOverwrite;
   // Does nothing while an upgrade runs.
   void mnuSendText_Click() { Run({}); }
   // The same with a file that the user has chosen already: when the line is free, and not while
@@ -59,7 +63,7 @@ class FirmwareUpgrade {
   bool AskToContinue(const std::string& doubt);
 
   // True when the link is to be connected anew.
-  bool Load(const Chosen& chosen);
+  bool Load(const Chosen& chosen, HeldControls& controls);
   // Waits for the loader's verdict and tells it. `missing` tells what was not sent.
   void Judge(LoaderTalk& loader, const FirmwareTransfer& transfer, const std::string& missing,
              const std::string& note);

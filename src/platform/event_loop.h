@@ -53,6 +53,8 @@ class EventLoop {
   virtual Duration Now() const = 0;
   // Local date and time in whole seconds since 1970-01-01 00:00 local time; only for what is shown.
   virtual std::int64_t LocalSeconds() const = 0;
+  // The same in coordinated universal time; only for what is kept.
+  virtual std::int64_t UtcSeconds() const = 0;
 
   // Ends the program: each later pump, wait and sleep throws Shutdown.
   virtual void Quit() = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <system_error>
 
 namespace quillmark {
 
@@ -13,6 +14,10 @@ class ProgramFiles {
   virtual std::filesystem::path Shipped() const = 0;
   // The user's own folder, which holds "Presets" and "Temp"; it may not exist yet.
   virtual std::filesystem::path Data() const = 0;
+
+  // Returns when what was written to a file, or the names in a folder, would outlast a power
+  // failure; with the error when the machine can't tell.
+  virtual std::error_code Settle(const std::filesystem::path& fileOrFolder) const = 0;
 };
 
 }  // namespace quillmark

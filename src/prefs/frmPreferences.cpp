@@ -42,6 +42,7 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
       ConnectOnLaunchCheck(*this, this, "ConnectOnLaunchCheck", "Connect On Application Launch"),
       KeepAliveCheck(*this, this, "KeepAliveCheck", "Keep Radio Connection Alive"),
       LogoutCheck(*this, this, "LogoutCheck", "Logout User On Program Exit"),
+      HistoryCheck(*this, this, "HistoryCheck", "Keep Copies Of Radio Settings"),
       BoldCheck(*this, this, "BoldCheck", "Use Bold Text"),
       lblTextColor(*this, this, "lblTextColor", "Text Color"),
       lblBackgroundColor(*this, this, "lblBackgroundColor", "Text Background Color"),
@@ -60,6 +61,9 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
       "If this is checked, the software will periodically send a carriage return to the radio, "
       "keeping the connection active.";
   LogoutCheck.ToolTip = "If this is checked, the application will logout the user on exiting.";
+  HistoryCheck.ToolTip =
+      "If this is checked, a copy of each radio's settings is kept on this computer when they have "
+      "changed, and before they are overwritten.";
   for (ListBox* list : {&TextColorList, &BackgroundColorList}) list->ItemColours = ColourValues();
   TextColorList.SetListIndex(ColourIndex(terminal.ForeColor()));
   BackgroundColorList.SetListIndex(ColourIndex(terminal.BackColor()));
@@ -67,6 +71,7 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
   ConnectOnLaunchCheck.Checked = session.ConnectOnLaunch;
   KeepAliveCheck.Checked = session.KeepAlive;
   LogoutCheck.Checked = session.LogoutOnQuit;
+  HistoryCheck.Checked = session.History;
   BoldCheck.Checked = terminal.Bold();
   OKButton.OnClick = [this] { OKButton_Click(); };
   CancelButton.OnClick = [this] { Unload(); };
@@ -81,6 +86,7 @@ void frmPreferences::OKButton_Click() {
   session.ConnectOnLaunch = Store(ConnectOnLaunchCheck, "ConnectOnLaunch");
   session.KeepAlive = Store(KeepAliveCheck, "KeepAlive");
   session.LogoutOnQuit = Store(LogoutCheck, "LogoutOnQuit");
+  session.History = Store(HistoryCheck, "History");
   terminal.Bold = Store(BoldCheck, "BoldText");
   terminal.ForeColor = ColourAt(TextColorList.ListIndex());
   store.Write("Preferences", "TextColor", std::to_string(terminal.ForeColor()));

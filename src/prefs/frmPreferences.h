@@ -15,7 +15,7 @@ class frmPreferences : public Form {
  public:
   frmPreferences(PreferenceStore& store, Session& session, TextBox& terminal, Desktop& desktop);
 
-  CheckBox ConnectOnLaunchCheck, KeepAliveCheck, LogoutCheck, BoldCheck;
+  CheckBox ConnectOnLaunchCheck, KeepAliveCheck, LogoutCheck, HistoryCheck, BoldCheck;
   Label lblTextColor, lblBackgroundColor, lblTheme;
   ListBox TextColorList, BackgroundColorList, ThemeList;
   Button OKButton, CancelButton;

@@ -45,8 +45,12 @@ int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBo
   const auto keepAlive = flag("KeepAlive", defaults.KeepAlive);
   const auto logoutOnQuit = flag("LogoutOnQuit", defaults.LogoutOnQuit);
 
+  // Which one holds without a stored value is the application's to say.
+  const bool historyByDefault = session.History;
+  const auto history = flag("History", historyByDefault);
+
   const bool sound = passEnabled && bold && textColour && backColour && connectOnLaunch &&
-                     keepAlive && logoutOnQuit;
+                     keepAlive && logoutOnQuit && history;
   session.PassEnabled = sound ? *passEnabled : defaults.PassEnabled;
   terminal.Bold = sound ? *bold : defaultBold;
   terminal.ForeColor = sound ? *textColour : DefaultTextColour;
@@ -56,6 +60,7 @@ int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBo
   session.LogoutOnQuit = sound ? *logoutOnQuit : defaults.LogoutOnQuit;
   // No style or flag of old goes with it.
   session.PlanFirst = flag("PlanFirst", session.PlanFirst).value_or(true);
+  session.History = sound ? *history : historyByDefault;
   return port;
 }
 

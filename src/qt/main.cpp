@@ -13,6 +13,7 @@ namespace {
 int Run(const Options& options) {
   if (!FoldersAreSound()) return 2;
   Shell shell(options);
+  shell.Console.Shared().History = true;
   Machine& machine = shell.Machine;
   const StoreTroubleBoxes storeTroubles(machine.Store, machine.Shown, machine.Boxes,
                                         machine.Events);

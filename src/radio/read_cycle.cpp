@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "conversation/reply.h"
 #include "platform/utilities.h"
 #include "radio/login_probe.h"
 #include "radio/view_rules.h"
@@ -29,6 +30,8 @@ ReadCycle::ReadCycle(Platform& machine, Session& shared, frmOrvalent& window, Co
 bool ReadCycle::Run() {
   session.DropRead();
   const int began = radio.Epoch();
+  last = {.Texts = {}, .Whole = false, .Epoch = began};
+  missed = false;
   ReadProgress progress(platform.Events, main, connection, radio);
   if (!CheckRadio(progress)) return false;
   const auto isRead = [](const SettingRow& row) { return row.What.Read.has_value(); };
@@ -42,6 +45,7 @@ bool ReadCycle::Run() {
     // Somebody has connected anew meanwhile: that brings a read of its own.
     if (radio.Epoch() != began && radio.Open()) return false;
   }
+  last.Whole = !missed && radio.Epoch() == began;
   return progress.AllAnswered();
 }
 
@@ -52,6 +56,7 @@ void ReadCycle::ReadRow(SettingRow& row, ReadProgress& progress) {
     row.ShowRead(notAvailable);
   } else if (IsOffered(row.What, session.SoftwareRevision)) {
     value = Ask(row.What);
+    Note(row.What, value);
     progress.Asked();
     if (value) {
       const bool refused = *read.Refusal != '\0' && Contains(*value, read.Refusal);
@@ -64,6 +69,28 @@ void ReadCycle::ReadRow(SettingRow& row, ReadProgress& progress) {
   row.CameLast = value.has_value();
   AfterRow(row.What.Id, value);
   if (read.Pause) Pause80();
+}
+
+// A row shows a value up to a ">"; a file holds all of it.
+std::string ReadCycle::Uncut(const Setting& setting, const std::string& value) const {
+  const Reply reply = FindReply(radio.Received(), {.Command = setting.Word, .PromptInText = true});
+  const bool cut = reply.Came == Reply::State::Whole && Contains(reply.Text, ">");
+  return cut ? std::string(reply.Text) : value;
+}
+
+void ReadCycle::Note(const Setting& setting, const std::optional<std::string>& value) {
+  // A name or a message may be empty; then the prompt comes alone.
+  const bool empty = !value && *setting.Reply == '\0' && radio.CameLast() == Reply::State::Bare;
+  const bool mayLack = setting.Revisions.Gated() && !session.SoftwareRevision.Known();
+  const bool refused = value && IsRefusal(*value);
+  if ((value && !refused) || empty) {
+    last.Texts[setting.Id] = value ? Uncut(setting, *value) : "";
+  } else if (!(refused && mayLack)) {
+    const bool ofFile = setting.Saved || setting.Restored ||
+                        setting.Id == SettingId::SerialNumber ||
+                        setting.Id == SettingId::SoftwareRev;
+    missed = missed || ofFile;
+  }
 }
 
 std::optional<std::string> ReadCycle::Ask(const Setting& setting) {

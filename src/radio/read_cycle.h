@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/frmOrvalent.h"
+#include "catalogue/radio_texts.h"
 #include "conversation/conversation.h"
 #include "link/connection.h"
 #include "platform/platform.h"
@@ -24,6 +25,15 @@ class ReadCycle {
   // the port is or gets closed.
   bool Run();
 
+  // What the last read has brought.
+  struct Brought {
+    RadioTexts Texts;
+    // It ran to its end, and none of the settings that a file holds was missed.
+    bool Whole = false;
+    int Epoch = 0;  // of the conversation
+  };
+  const Brought& Last() const { return last; }
+
  private:
   // False when the radio is in its loader, where there is nothing to read.
   bool CheckRadio(ReadProgress& progress);
@@ -31,6 +41,9 @@ class ReadCycle {
   void ReadRow(SettingRow& row, ReadProgress& progress);
   // The setting's value; nothing when the radio gives none.
   std::optional<std::string> Ask(const Setting& setting);
+  std::string Uncut(const Setting& setting, const std::string& value) const;
+  // Notes the value, or that there is none.
+  void Note(const Setting& setting, const std::optional<std::string>& value);
   // What the setting brings about.
   void AfterRow(SettingId id, const std::optional<std::string>& value);
   void TakeRevision(const std::optional<std::string>& value);
@@ -42,6 +55,8 @@ class ReadCycle {
   frmOrvalent& main;
   Connection& connection;
   Conversation& radio;
+  Brought last;
+  bool missed = false;  // a setting of a file, in the read that runs
 };
 
 }  // namespace quillmark

@@ -233,8 +233,19 @@ void frmRestore::Run(Task task) {
   }
 }
 
+void frmRestore::KeepBefore() {
+  const auto ticked = [](const RestoreRowControls& row) { return row.Check.Checked(); };
+  if (!BeforeOverwrite || !std::ranges::any_of(Rows, ticked)) return;
+  RadioTexts texts;
+  for (const RestoreRowControls& row : Rows) {
+    if (row.Shown() && row.Current.Text() != NoValue) texts[row.Row.Id] = row.Current.Text();
+  }
+  BeforeOverwrite(texts);
+}
+
 void frmRestore::ProgramSelected() {
   StopReadTimer();
+  KeepBefore();
   // What is programmed until the window closes is told together.
   if (!std::exchange(programmed, true)) main.Sent.Forget();
   WithLinkErrors(platform.Dialogs, [this] {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/frmOrvalent.h"
+#include "catalogue/radio_texts.h"
 #include "controls/form.h"
 #include "link/connection.h"
 #include "platform/platform.h"
@@ -33,6 +34,8 @@ class frmRestore : public Form, public RestoreControls {
   void LoadWhenRead(const std::filesystem::path& file);
   // Asks for a read of the radio.
   void RefreshSettings();
+  // Told before rows are programmed, with what the radio's column shows. May be empty.
+  std::function<void(const RadioTexts&)> BeforeOverwrite;
 
  protected:
   void Form_Close() override { CloseButton_Click(); }
@@ -54,6 +57,7 @@ class frmRestore : public Form, public RestoreControls {
   void OpenAndWake();
   void ReadRadio();
   void Load(const std::function<void()>& load);
+  void KeepBefore();
   void ProgramSelected();
   void SaveConfiguration();
   void SaveTo(const std::filesystem::path& path);

@@ -92,6 +92,7 @@ void RestoreMenu::ShowWindow(const std::filesystem::path& file) {
   const auto shown = std::make_shared<frmRestore>(platform, session, main, connection);
   window = shown;
   if (!file.empty()) shown->LoadWhenRead(file);
+  shown->BeforeOverwrite = BeforeOverwrite;
   platform.Windows.ShowModal(shown, main);
   main.ShowRecent(RecentConfigurations(platform.Preferences));
 }

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "app/frmOrvalent.h"
+#include "catalogue/radio_texts.h"
 #include "link/connection.h"
 #include "platform/platform.h"
 #include "radio/main_timer.h"
@@ -35,6 +36,9 @@ class RestoreMenu {
   // Asked before the window opens: false, with a box, when something else has the radio. Set by the
   // application.
   std::function<bool()> MayStart;
+  // Told before rows are programmed, with what the window has read of the radio. Set by the
+  // application; may be empty.
+  std::function<void(const RadioTexts&)> BeforeOverwrite;
 
  private:
   // Finds out whether the user is logged in. False when they do not go on.

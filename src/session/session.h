@@ -54,6 +54,7 @@ struct StoredPreferences {
   // Ask, with what it changes, before a radio is programmed from a file or preset. The desktop
   // program begins with True.
   bool PlanFirst = false;
+  bool History = false;  // keep copies of what radios hold; the desktop program begins with True
 };
 
 // The values that every window shares; they live for the whole run.

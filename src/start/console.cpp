@@ -38,6 +38,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       quickConfig(machine, *main, radio, directRun, sender),
       upgrade(machine, session, *main, connection, radio),
       restore(machine, session, *main, connection, mainTimer, radio),
+      history(machine, session, *main, readCycle, radio),
       diagnostics(machine, *main, radio),
       fileOpener(machine, *main, fileTasks, restore, upgrade),
       lastRun(machine, *main) {
@@ -58,6 +59,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
   restore.Wire();
   diagnostics.Wire();
   WireFiles();
+  WireHistory();
   WireExplanations(*main, platform.Dialogs, session);
 }
 

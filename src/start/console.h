@@ -16,6 +16,7 @@
 #include "conversation/conversation.h"
 #include "diagnostics/diagnostic_buttons.h"
 #include "firmware/firmware_upgrade.h"
+#include "history/radio_history.h"
 #include "link/connection.h"
 #include "link/port_watch.h"
 #include "link/receiver.h"
@@ -65,6 +66,7 @@ class Console {
   void WireNotices();
   void WireFiles();
   void WireShell();
+  void WireHistory();
   void tbrToolBar_ButtonClick(std::string_view key);
   void Disconnect();
   void Logout();
@@ -104,6 +106,7 @@ class Console {
   QuickConfig quickConfig;
   FirmwareUpgrade upgrade;
   RestoreMenu restore;
+  RadioHistory history;
   DiagnosticButtons diagnostics;
   FileOpener fileOpener;
   LastRun lastRun;

@@ -34,6 +34,7 @@ void Console::WireLink() {
   connection.OnLinkEnded = [this] { lastRun.LinkEnded(lettingGo); };
   mainTimer.OnReadCycleDone = [this] {
     lastRun.ReadDone();
+    history.NoteRead();
     if (OnReadCycleDone) OnReadCycleDone();
   };
 }
@@ -52,6 +53,14 @@ void Console::WireNotices() {
 void Console::WireFiles() {
   fileOpener.RunUnderWay = [this] { return directRun.UnderWay() || upgrade.UnderWay(); };
   fileOpener.Wire();
+}
+
+void Console::WireHistory() {
+  const auto before = [this](const std::string& run) { history.BeforeRun(run); };
+  directRun.BeforeOverwrite = before;
+  upgrade.BeforeOverwrite = before;
+  restore.BeforeOverwrite = [this](const RadioTexts& shown) { history.BeforeRestore(shown); };
+  history.Tell = [this](const std::string& sentence) { main->FileDone.Tell(sentence); };
 }
 
 void Console::WireShell() {

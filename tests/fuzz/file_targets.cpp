@@ -11,6 +11,7 @@
 #include "firmware/firmware_version.h"
 #include "firmware/s_records.h"
 #include "fuzz/fuzz_target.h"
+#include "history/radio_copy.h"
 #include "qt/store/ini_file.h"
 
 namespace quillmark::fuzz {
@@ -50,6 +51,23 @@ void FeedConfigFile(std::string_view input) {
     IsComment(line);
   }
   IsSavedConfig(text.Lines);
+}
+
+// What is read of it is a sound copy when it is written, and the texts of a radio are too.
+void FeedCopy(std::string_view input) {
+  const auto check = [](const RadioCopy& copy) {
+    const std::string text = CopyText(copy, "1/1/2026", 0);
+    const MemoryFile file(text);
+    const KeptCopy again = CopyIn(ReadConfigText(file.Path(), 2 * MostConfigLines).Lines);
+    Check(again.State == CopyState::Sound, "what is written is sound");
+    Check(again.Copy.Lines == copy.Lines, "and holds the same settings");
+  };
+  const MemoryFile file(input);
+  check(CopyIn(ReadConfigText(file.Path(), MostConfigLines).Lines).Copy);
+  RadioTexts texts;
+  for (const Setting& setting : AllSettings()) texts[setting.Id] = input;
+  texts[SettingId::Mode] = "MODE M";
+  check(CopyOf(AllSettings(), texts));
 }
 
 void FeedPresetFile(std::string_view input) {

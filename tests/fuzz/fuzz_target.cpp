@@ -33,6 +33,11 @@ std::span<const Target> Targets() {
        .Feed = FeedConfigFile,
        .Seeds = {"\xEF\xBB\xBF#With Firmware Version: 1\r\nOWN UNIT 5\rPWR 21 dBm\nDLINK ON\r\n"sv,
                  "ALARM ACTIVE: LO\r\nMASK: 0000 00FF\r\n"sv}},
+      {.Name = "copy",
+       .Feed = FeedCopy,
+       .Seeds =
+           {"#From Radio, serial number: SN 1\r\n#Kept: read\r\n#Name: T^O^P\r\n#Pinned\r\n\r\n"
+            "MODE M\r\n#End of copy: 1 lines, 3b6b8c7e\r\n"sv}},
       {.Name = "preset",
        .Feed = FeedPresetFile,
        .Seeds = {"#PresetFile3\r\n#Name:On the hill\r\n#PresetCaption:Hill\r\nPWR 21\r\n"sv}},

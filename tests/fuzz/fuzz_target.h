@@ -25,6 +25,7 @@ void FeedSavedSetting(std::string_view input);  // the same for a line of a file
 void FeedZones(std::string_view input);
 void FeedReceived(std::string_view input);  // through the whole console
 void FeedConfigFile(std::string_view input);
+void FeedCopy(std::string_view input);  // of what a radio held
 void FeedPresetFile(std::string_view input);
 void FeedFirmware(std::string_view input);
 void FeedIniFile(std::string_view input);

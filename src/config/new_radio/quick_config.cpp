@@ -22,6 +22,7 @@ enum class Next { AskForRepeater, Nothing, AskXaddr, GuideSubRemote };
 }  // namespace
 
 struct Role {
+  const char* Name;
   const char* Title;
   const char* Question;
   char Mode;
@@ -34,13 +35,13 @@ struct Role {
 namespace {
 
 // clang-format off
-constexpr Role master{"MASTER", "Program radio as MASTER...", 'M', false, false,
+constexpr Role master{"Master", "MASTER", "Program radio as MASTER...", 'M', false, false,
                       {100, dot, end}, Next::AskForRepeater};
-constexpr Role remote{"REMOTE", "Program radio as REMOTE...", 'R', false, false,
+constexpr Role remote{"Remote", "REMOTE", "Program radio as REMOTE...", 'R', false, false,
                       {dot, 100, 500, end}, Next::Nothing};
-constexpr Role repeater{"REPEATER", "Program radio as REPEATER...", 'X', true, false,
+constexpr Role repeater{"Repeater", "REPEATER", "Program radio as REPEATER...", 'X', true, false,
                         {500, dot, end}, Next::AskXaddr};
-constexpr Role subRemote{"REPEATER",
+constexpr Role subRemote{"Sub-Remote", "REPEATER",
                          "Program radio as a REMOTE connecting through a REPEATER...", 'R', false,
                          true, {dot, 100, end}, Next::GuideSubRemote};
 // clang-format on
@@ -93,6 +94,7 @@ void QuickConfig::Role_Click(const Role& role, const Button& button) {
 
 void QuickConfig::ProgramRole(const Role& role, const Entries& entries) {
   const QuickTask task(run);
+  run.KeepBefore(std::string("role ") + role.Name);
   const std::vector<std::string> commands = RoleCommands(role, entries);
   main.Sent.Forget();
   const SentSettings::Listening listening(main.Sent);

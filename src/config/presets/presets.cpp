@@ -103,6 +103,7 @@ void Presets::ProgramFrom(std::size_t slot) {
   if (!mayBeSent || !sender.ConfirmPlan()) return;
   run.WhenFree(main.cmdPre[slot], [this, slot] {
     const QuickTask task(run);
+    run.KeepBefore("a preset");
     run.ShowTitle("PROGRAMMING.");
     sender.ProgramFromFile(File(slot));
   });

@@ -1,5 +1,6 @@
 #include "qt/desktop/qt_desktop.h"
 
+#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -12,6 +13,7 @@
 #include <QScreen>
 #include <QSysInfo>
 #include <QUrl>
+#include <cerrno>
 #include <fstream>
 #include <sstream>
 
@@ -139,6 +141,16 @@ std::filesystem::path QtProgramFiles::Shipped() const {
 
 std::filesystem::path QtProgramFiles::Data() const {
   return UserFolder(dataVariable, dataFallback);
+}
+
+std::error_code QtProgramFiles::Settle(const std::filesystem::path& fileOrFolder) const {
+  const int handle = open(fileOrFolder.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+  if (handle < 0) return {errno, std::generic_category()};
+  std::error_code error;
+  // Some file systems can't do it for folders, and need not.
+  if (fsync(handle) != 0 && errno != EINVAL) error = {errno, std::generic_category()};
+  close(handle);
+  return error;
 }
 
 }  // namespace quillmark

@@ -41,6 +41,7 @@ class QtProgramFiles : public ProgramFiles {
  public:
   std::filesystem::path Shipped() const override;
   std::filesystem::path Data() const override;
+  std::error_code Settle(const std::filesystem::path& fileOrFolder) const override;
 };
 
 // Chance that can be repeated: the same seed gives the same numbers.

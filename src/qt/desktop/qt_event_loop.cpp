@@ -86,6 +86,8 @@ std::int64_t QtEventLoop::LocalSeconds() const {
   return now.toSecsSinceEpoch() + now.offsetFromUtc();
 }
 
+std::int64_t QtEventLoop::UtcSeconds() const { return QDateTime::currentSecsSinceEpoch(); }
+
 // QCoreApplication::quit would first ask every window.
 void QtEventLoop::Quit() {
   quitting = true;

@@ -30,6 +30,7 @@ class QtEventLoop : public QObject, public EventLoop {
 
   Duration Now() const override;
   std::int64_t LocalSeconds() const override;
+  std::int64_t UtcSeconds() const override;
 
   // Ends the outermost loop and every dialog's own.
   void Quit() override;

@@ -36,6 +36,7 @@ class VirtualLoop : public EventLoop {
   void StopTimer(Ticker& ticker) override;
   Duration Now() const override { return now; }
   std::int64_t LocalSeconds() const override;
+  std::int64_t UtcSeconds() const override { return LocalSeconds() - UtcOffset; }
   void Quit() override { quitting = true; }
   bool Quitting() const override { return quitting; }
 
@@ -51,6 +52,7 @@ class VirtualLoop : public EventLoop {
 
   // Local date and time at the start, in seconds since 1970-01-01 00:00 local time.
   std::int64_t StartOfDay = 1'767'254'400;  // 2026-01-01 08:00:00
+  std::int64_t UtcOffset = 3600;            // of local time, in seconds
   // Called with what escaped a handler.
   std::function<void(const std::string&)> OnDefect;
 

@@ -53,6 +53,8 @@ class ScratchFiles : public ProgramFiles {
   std::filesystem::path Root() const { return root; }
   std::filesystem::path Shipped() const override { return root / "shipped"; }
   std::filesystem::path Data() const override { return root / "data"; }
+  // Nothing here has to outlast a power failure.
+  std::error_code Settle(const std::filesystem::path&) const override { return {}; }
 
  private:
   std::filesystem::path root;
