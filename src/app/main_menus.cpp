@@ -48,6 +48,7 @@ MainMenus::MainMenus(Form& form)
       mnuOpenLog(form, &mnuFile, "mnuOpenLog", "&Open Log File..."),
       mnuCloseLog(form, &mnuFile, "mnuCloseLog", "&Close Log File"),
       mnuSendText(form, &mnuFile, "mnuSendText", "&Radio Firmware Upgrade..."),
+      mnuRestoreBefore(form, &mnuFile, "mnuRestoreBefore", "Restore &What Was There..."),
       mnuFileExit(form, &mnuFile, "mnuFileExit", "E&xit"),
       mnuOpen(form, &mnuPort, "mnuOpen", "Port &Open"),
       mnuProperties(form, &mnuPort, "mnuProperties", "Setup..."),
@@ -94,8 +95,8 @@ MainMenus::MainMenus(Form& form)
   // Until a radio is connected and a log is open.
   for (Control* control : std::initializer_list<Control*>{
            &tbr_CloseLogFile, &tbr_Disconnect, &tbr_TransmitTextFile, &tbr_Login, &tbr_Logout,
-           &mnuCloseLog, &mnuSendText, &mnuAccessCode, &mnuEncryptCode, &mnuSetupMode,
-           &mnuConfigRestore, &mnuRadioPassSub, &mnuSetPass}) {
+           &mnuCloseLog, &mnuSendText, &mnuRestoreBefore, &mnuAccessCode, &mnuEncryptCode,
+           &mnuSetupMode, &mnuConfigRestore, &mnuRadioPassSub, &mnuSetPass}) {
     control->Enabled = false;
   }
 }

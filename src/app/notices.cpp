@@ -10,6 +10,7 @@ Notices::Notices(Form& form)
       PortBack(form, &noticeStrip, "PortBack"),
       NotLoggedIn(form, &noticeStrip, "NotLoggedIn"),
       LastRun(form, &noticeStrip, "LastRun"),
+      CopyBefore(form, &noticeStrip, "CopyBefore"),
       FileDone(form, &noticeStrip, "FileDone"),
       LastRead(form, &noticeStrip, "LastRead") {}
 

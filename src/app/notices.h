@@ -20,6 +20,7 @@ class Notices {
   Notice PortBack;       // the device of the chosen port can be opened again
   Notice NotLoggedIn;    // the radio refuses changes
   Notice LastRun;        // what the radio took of the last settings sent
+  Notice CopyBefore;     // what the radio held before the last run can be restored
   Notice FileDone;       // what the last file holds
   Notice LastRead;       // the rows are from then
 };

@@ -202,9 +202,15 @@ void frmRestore::Load(const std::function<void()>& load) {
   load();
 }
 
-void frmRestore::LoadWhenRead(const std::filesystem::path& file) {
+void frmRestore::LoadWhenRead(const std::filesystem::path& file, bool tickDiffering) {
   fileToLoad = file;
+  tickWhenLoaded = tickDiffering;
   RunWhenFree(Task::Load);
+}
+
+void frmRestore::LoadChosen() {
+  loader.Load(fileToLoad);
+  if (tickWhenLoaded && Loaded()) TickToRestore(*this);
 }
 
 void frmRestore::RunWhenFree(Task task) {
@@ -223,7 +229,7 @@ void frmRestore::RunWaiting() {
 }
 
 void frmRestore::Run(Task task) {
-  if (task == Task::Load) return Load([this] { loader.Load(fileToLoad); });
+  if (task == Task::Load) return Load([this] { LoadChosen(); });
   const auto underWay = Raised(taskRuns);
   if (task == Task::Program) {
     ProgramSelected();

@@ -30,8 +30,9 @@ class frmRestore : public Form, public RestoreControls {
   void MSComm2_OnComm();
   // Unloads the window without a word: the program is about to end.
   void EndProgram();
-  // Loads a file that the user has chosen already, when the radio has been read.
-  void LoadWhenRead(const std::filesystem::path& file);
+  // Loads a file that the user has chosen already, when the radio has been read; with
+  // `tickDiffering` the rows to restore are ticked then.
+  void LoadWhenRead(const std::filesystem::path& file, bool tickDiffering = false);
   // Asks for a read of the radio.
   void RefreshSettings();
   // Told before rows are programmed, with what the radio's column shows. May be empty.
@@ -56,8 +57,9 @@ class frmRestore : public Form, public RestoreControls {
   void Timer1_Timer();
   void OpenAndWake();
   void ReadRadio();
-  void Load(const std::function<void()>& load);
+  void LoadChosen();
   void KeepBefore();
+  void Load(const std::function<void()>& load);
   void ProgramSelected();
   void SaveConfiguration();
   void SaveTo(const std::filesystem::path& path);
@@ -89,6 +91,7 @@ class frmRestore : public Form, public RestoreControls {
   bool taskRuns = false;
   std::vector<Task> waiting;
   std::filesystem::path fileToLoad;
+  bool tickWhenLoaded = false;
 };
 
 }  // namespace quillmark

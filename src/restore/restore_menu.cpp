@@ -36,26 +36,28 @@ void RestoreMenu::Wire() {
   mainTimer.CloseRestoreWindow = [this] { CloseWindow(); };
 }
 
-void RestoreMenu::Compare(const std::filesystem::path& file) { OpenWhenFree(file); }
+void RestoreMenu::Compare(const std::filesystem::path& file, bool tickDiffering) {
+  OpenWhenFree(file, tickDiffering);
+}
 
-void RestoreMenu::OpenWhenFree(const std::filesystem::path& file) {
+void RestoreMenu::OpenWhenFree(const std::filesystem::path& file, bool tickDiffering) {
   if (probing || (MayStart && !MayStart())) return;
-  radio.Turns.WhenFree(main.mnuConfigRestore, [this, file] {
-    if (!MayStart || MayStart()) Open(file);
+  radio.Turns.WhenFree(main.mnuConfigRestore, [this, file, tickDiffering] {
+    if (!MayStart || MayStart()) Open(file, tickDiffering);
   });
 }
 
-void RestoreMenu::Open(const std::filesystem::path& file) {
+void RestoreMenu::Open(const std::filesystem::path& file, bool tickDiffering) {
   if (const auto shown = window.lock(); shown && shown->Loaded()) {
     platform.Dialogs.Message({"The window is already open.", "Error", Icon::Exclamation});
     return;
   }
-  WithLinkErrors(platform.Dialogs, [this, &file] {
+  WithLinkErrors(platform.Dialogs, [&] {
     if (platform.MSComm1.PortOpen() && !MayBeOpened()) {
       session.AskForRead();
       return;
     }
-    ShowWindow(file);
+    ShowWindow(file, tickDiffering);
   });
 }
 
@@ -83,7 +85,7 @@ Answer RestoreMenu::AskWhetherToOpen() {
        "Warning!", Icon::Exclamation, Buttons::YesNo});
 }
 
-void RestoreMenu::ShowWindow(const std::filesystem::path& file) {
+void RestoreMenu::ShowWindow(const std::filesystem::path& file, bool tickDiffering) {
   // The window is the connection now, and its failures are told to the timer.
   main.ConnectOnLaunchPending = false;
   main.Timer1.Enabled = true;
@@ -91,8 +93,8 @@ void RestoreMenu::ShowWindow(const std::filesystem::path& file) {
   radio.HandOver();
   const auto shown = std::make_shared<frmRestore>(platform, session, main, connection);
   window = shown;
-  if (!file.empty()) shown->LoadWhenRead(file);
   shown->BeforeOverwrite = BeforeOverwrite;
+  if (!file.empty()) shown->LoadWhenRead(file, tickDiffering);
   platform.Windows.ShowModal(shown, main);
   main.ShowRecent(RecentConfigurations(platform.Preferences));
 }

@@ -27,8 +27,9 @@ class RestoreMenu {
   void Wire();
   void mnuConfigRestore_Click() { Open({}); }
   // The same as the entry does, and loads the file as soon as the radio has been read: when the
-  // line is free, and not while something else has the radio.
-  void Compare(const std::filesystem::path& file);
+  // line is free, and not while something else has the radio. With `tickDiffering` the rows that
+  // differ are ticked then.
+  void Compare(const std::filesystem::path& file, bool tickDiffering = false);
   // Closes the window, whatever it is doing; the main window has its port back then.
   void CloseWindow();
   // The same at the end of the program: a port that can't be given back is nobody's trouble then.
@@ -44,10 +45,10 @@ class RestoreMenu {
   // Finds out whether the user is logged in. False when they do not go on.
   bool MayBeOpened();
   Answer AskWhetherToOpen();
-  void OpenWhenFree(const std::filesystem::path& file);
+  void OpenWhenFree(const std::filesystem::path& file, bool tickDiffering = false);
   // Without a file when the path is empty.
-  void Open(const std::filesystem::path& file);
-  void ShowWindow(const std::filesystem::path& file);
+  void Open(const std::filesystem::path& file, bool tickDiffering = false);
+  void ShowWindow(const std::filesystem::path& file, bool tickDiffering);
 
   Platform& platform;
   Session& session;

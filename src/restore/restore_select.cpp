@@ -74,4 +74,15 @@ void TickDiffering(RestoreControls& controls) {
       (left == 0 ? "" : " " + std::to_string(left) + " more can't be ticked in this mode.");
 }
 
+void TickToRestore(RestoreControls& controls) {
+  RestoreRowControls& mode = controls.At(SettingId::Mode);
+  mode.Check.Checked = mode.Check.Enabled() && mode.Match() == RestoreMatch::Differs;
+  ModeCheck_Click(controls);
+  TickDiffering(controls);
+  for (RestoreRowControls& row : controls.Rows) {
+    const bool onlyInFile = row.New.Text() != NoValue && row.Match() == RestoreMatch::Missing;
+    if (onlyInFile && row.Check.Enabled()) row.Check.Checked = true;
+  }
+}
+
 }  // namespace quillmark

@@ -18,5 +18,8 @@ void CheckEach(RestoreControls& controls, bool ticked);
 // Ticks the rows that differ and clears the others, where the boxes are enabled. Tells how many are
 // ticked, and how many differ that can't be.
 void TickDiffering(RestoreControls& controls);
+// The same, and ticks the rows that the file alone has. If the mode differs, the rows that its tick
+// frees are among them.
+void TickToRestore(RestoreControls& controls);
 
 }  // namespace quillmark

@@ -39,6 +39,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       upgrade(machine, session, *main, connection, radio),
       restore(machine, session, *main, connection, mainTimer, radio),
       history(machine, session, *main, readCycle, radio),
+      copyBefore(machine, *main, history, restore),
       diagnostics(machine, *main, radio),
       fileOpener(machine, *main, fileTasks, restore, upgrade),
       lastRun(machine, *main) {

@@ -30,6 +30,7 @@
 #include "session/session.h"
 #include "settings/option_rows.h"
 #include "settings/programming.h"
+#include "start/copy_before.h"
 #include "start/file_opener.h"
 #include "start/frmHelp.h"
 #include "start/frmSplash.h"
@@ -107,6 +108,7 @@ class Console {
   FirmwareUpgrade upgrade;
   RestoreMenu restore;
   RadioHistory history;
+  CopyBefore copyBefore;
   DiagnosticButtons diagnostics;
   FileOpener fileOpener;
   LastRun lastRun;

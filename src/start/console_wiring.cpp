@@ -35,6 +35,7 @@ void Console::WireLink() {
   mainTimer.OnReadCycleDone = [this] {
     lastRun.ReadDone();
     history.NoteRead();
+    copyBefore.NoteRead();
     if (OnReadCycleDone) OnReadCycleDone();
   };
 }
@@ -56,10 +57,17 @@ void Console::WireFiles() {
 }
 
 void Console::WireHistory() {
-  const auto before = [this](const std::string& run) { history.BeforeRun(run); };
+  const auto before = [this](const std::string& run) {
+    history.BeforeRun(run);
+    copyBefore.NoteRun();
+  };
   directRun.BeforeOverwrite = before;
   upgrade.BeforeOverwrite = before;
-  restore.BeforeOverwrite = [this](const RadioTexts& shown) { history.BeforeRestore(shown); };
+  restore.BeforeOverwrite = [this](const RadioTexts& shown) {
+    history.BeforeRestore(shown);
+    copyBefore.NoteRun();
+  };
+  copyBefore.Wire();
   history.Tell = [this](const std::string& sentence) { main->FileDone.Tell(sentence); };
 }
 
