@@ -126,7 +126,7 @@ Cells CellsOf(const JudgedSetting& judged) {
 std::vector<JudgedSetting> JudgeSettings(const SentSettings& sent, const RadioValue& valueOf) {
   std::vector<JudgedSetting> judged;
   for (const auto& [id, setting] : sent.All()) {
-    if (NothingLost(setting)) continue;
+    if (sent.All().size() > 1 && NothingLost(setting)) continue;
     const std::string shown = valueOf(id);
     const std::string has = IsNoValue(shown) ? "" : shown;
     judged.push_back({.What = setting.What,

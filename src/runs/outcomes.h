@@ -30,7 +30,8 @@ struct JudgedSetting {
 using RadioValue = std::function<std::string(SettingId)>;
 
 // Judges each setting by what the radio has answered and what it shows. A setting that the radio
-// does not have is left out when it was sent the value of such a radio, as the default set does.
+// does not have is left out when it was sent the value of such a radio, as the default set does;
+// the only setting of an act is not.
 std::vector<JudgedSetting> JudgeSettings(const SentSettings& sent, const RadioValue& valueOf);
 
 // In one sentence: "31 of 33 settings taken; refused: PWR, OWM".
