@@ -32,6 +32,8 @@ bool ReadCycle::Run() {
   const int began = radio.Epoch();
   last = {.Texts = {}, .Whole = false, .Epoch = began};
   missed = false;
+  // A read that ends early must not leave the values of the one before as its own.
+  for (SettingRow& row : main.Rows) row.CameLast = false;
   ReadProgress progress(platform.Events, main, connection, radio);
   if (!CheckRadio(progress)) return false;
   const auto isRead = [](const SettingRow& row) { return row.What.Read.has_value(); };
@@ -46,7 +48,8 @@ bool ReadCycle::Run() {
     if (radio.Epoch() != began && radio.Open()) return false;
   }
   last.Whole = !missed && radio.Epoch() == began;
-  return progress.AllAnswered();
+  // A link that ended in the last exchange has left that one without an answer.
+  return radio.Epoch() == began && progress.AllAnswered();
 }
 
 void ReadCycle::ReadRow(SettingRow& row, ReadProgress& progress) {

@@ -73,6 +73,11 @@ TEST_F(ReadProgressTest, RowsOfALinkThatIsOverAreDimmedAndTellTheirTime) {
   ASSERT_TRUE(Connect());
   for (const SettingRow& row : Main().Rows) EXPECT_FALSE(row.Stale()) << row.Name();
   EXPECT_FALSE(Visible("LastRead"));
+
+  // The last question of a read has no answer when the link ends in it.
+  OnCommand("options", [&] { EXPECT_TRUE(Click("tbr_Disconnect")); });
+  ASSERT_TRUE(Refresh());
+  EXPECT_TRUE(Visible("LastRead"));
 }
 
 }  // namespace

@@ -108,6 +108,16 @@ TEST_F(LastRunTest, OneChangeAfterTheOther) {
   EXPECT_EQ(Text("LastRun"), "DLINK 1200 off taken");
 }
 
+// The default set programs it as well, where nobody has asked for it.
+TEST_F(LastRunTest, ASettingThatTheRadioLacks) {
+  StartConnected({.Mode = 'M'});
+  for (const char* line : {"lpm", "lpm 0"}) {
+    Radio().SetReply(line, "\r\nNOT A SELECTED OPTION\r\n");
+  }
+  EXPECT_EQ(AfterEntry("LPM", "Program Low Power Mode", "0"),
+            "LPM 0 refused: NOT A SELECTED OPTION");
+}
+
 TEST_F(LastRunTest, NobodyLoggedIn) {
   StartConnected({.Password = "k9z!"});
   ASSERT_TRUE(Visible("NotLoggedIn"));
@@ -159,6 +169,18 @@ TEST_F(LastRunTest, ARunWhoseLinkEnds) {
     ASSERT_TRUE(Quit());
     Restart();
   }
+}
+
+// The rows still show the read before the change, which says nothing about it.
+TEST_F(LastRunTest, AReadThatEndsBeforeItsFirstRow) {
+  StartConnected();
+  OnCommand("pwr 20", [&] {
+    Faults().SilentFrom = Radio().CommandCount() + 1;
+    After(Seconds(3), [&] { EXPECT_TRUE(Click("tbr_Disconnect")); });
+  });
+  AfterPower("20");
+  EXPECT_EQ(Text("LastRun"), "1 of 1 settings sent; disconnected before they were read");
+  EXPECT_EQ(Marks(), "");
 }
 
 // Without an answer to wait for, behind fixed pauses; a slow radio answers when the run is over.
