@@ -56,15 +56,15 @@ void ConfigSaver::WriteConfigToFile(std::filesystem::path path, bool report) {
 
 bool ConfigSaver::ChooseFile(std::filesystem::path& path) {
   const std::filesystem::path given = path;
+  const SettingRow& serial = main.At(SettingId::SerialNumber);
   for (;;) {
-    path = given.empty()
-               ? ChooseToSave(platform, FileKind::Configuration,
-                              {.Title = "Radio Configuration Save",
-                               .Filter = "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*",
-                               .Name = SuggestedName(main.At(SettingId::SerialNumber).Text(),
-                                                     platform.Events.LocalSeconds())})
-                     .value_or("")
-               : given;
+    path = given.empty() ? ChooseToSave(platform, FileKind::Configuration,
+                                        {.Title = "Radio Configuration Save",
+                                         .Filter = "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*",
+                                         .Name = SuggestedName(serial.Stale() ? "" : serial.Text(),
+                                                               platform.Events.LocalSeconds())})
+                               .value_or("")
+                         : given;
     if (path.empty()) return false;
     if (!FileExists(path)) return true;
     const Answer answer = platform.Dialogs.Message({.Text = "File Exists !!\r\n\r\nOverwrite ? ",

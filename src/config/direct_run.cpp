@@ -102,8 +102,10 @@ bool DirectRun::ConfirmClearing(const std::string& question, const std::string& 
 // A run that has begun has cleared the radio already.
 std::string DirectRun::ClearingNote() const {
   if (main.DirectPortMode) return {};
-  const std::string& number = main.At(SettingId::SerialNumber).Text();
-  const bool read = number.size() <= longestNumber && number.starts_with("SN ");
+  const SettingRow& row = main.At(SettingId::SerialNumber);
+  const std::string& number = row.Text();
+  // One that is stale may be that of the radio before.
+  const bool read = !row.Stale() && number.size() <= longestNumber && number.starts_with("SN ");
   return "This clears all settings of " + (read ? number : "the radio") + " first.";
 }
 

@@ -81,5 +81,18 @@ TEST_F(ChosenFilesTest, TheListHoldsTheLastEightFilesEachOnce) {
   EXPECT_EQ(ToolTip("mnuRecentFile_0"), "/sites/5 & co.txt");
 }
 
+// Until its own read has come, the rows show the number of the radio before.
+TEST_F(ChosenFilesTest, ARadioThatWasNotReadYetIsNotNamed) {
+  StartConnected();
+  ASSERT_TRUE(Click("tbr_Disconnect"));
+  UseRadio({.SerialNumber = "00654321"});
+  ASSERT_TRUE(Click("tbr_Connect"));
+  ExpectBox("MASTER").Reply(Answer::No);
+  ASSERT_TRUE(Click("cmdMaster"));
+  ExpectWarned("This clears all settings of the radio first.");
+  ExpectSaveFile("Radio Configuration Save").Offering("radio 2026-01-01.txt");
+  ASSERT_TRUE(Click("cmdSaveToFile"));
+}
+
 }  // namespace
 }  // namespace quillmark
