@@ -25,6 +25,7 @@ class RestoreRowControls {
   CheckBox Check;
   TextBox Current;
   TextBox New;
+  bool CameLast = false;  // the last read has brought a value
 
   // A hidden row is disabled as well. A shown one starts with its box disabled.
   void Show(bool shown);

@@ -145,19 +145,30 @@ void RestoreProgrammer::ShowSent() {
   }
 }
 
+bool RestoreProgrammer::HasTaken(const Job& job) {
+  const std::string& shown = job.Row->Current.Text();
+  return job.Row->CameLast && MatchOf(job.Row->Row, shown, job.Text) == RestoreMatch::Equal;
+}
+
 void RestoreProgrammer::ShowTaken() {
   NoteReply();
   if (jobs.empty()) return;
   std::vector<std::string> refused;
+  std::vector<std::string> unread;
   for (const Job& job : jobs) {
-    if (!job.Sent ||
-        MatchOf(job.Row->Row, job.Row->Current.Text(), job.Text) == RestoreMatch::Equal)
-      continue;
-    refused.push_back(job.Row->Row.Subject() + (job.Said.empty() ? "" : " (" + job.Said + ")"));
+    if (!job.Sent || HasTaken(job)) continue;
+    const std::string subject = job.Row->Row.Subject();
+    if (!job.Row->CameLast && job.Said.empty()) {
+      unread.push_back(subject);
+    } else {
+      refused.push_back(subject + (job.Said.empty() ? "" : " (" + job.Said + ")"));
+    }
   }
-  controls.lblOutcome.Text =
-      controls.lblOutcome.Text() +
-      (refused.empty() ? " The radio has what was sent." : " Not taken: " + Listed(refused) + ".");
+  std::string text = controls.lblOutcome.Text();
+  if (refused.empty() && unread.empty()) text += " The radio has what was sent.";
+  if (!refused.empty()) text += " Not taken: " + Listed(refused) + ".";
+  if (!unread.empty()) text += " Not read again: " + Listed(unread) + ".";
+  controls.lblOutcome.Text = text;
   jobs.clear();
 }
 

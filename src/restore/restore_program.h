@@ -36,6 +36,7 @@ class RestoreProgrammer {
   std::vector<std::string> Commands() const;
   void Send(std::size_t number);
   void NoteReply();
+  static bool HasTaken(const Job& job);
   void ShowSent();
 
   RestoreControls& controls;

@@ -36,7 +36,8 @@ void RestoreReader::Run() {
   ShowStart();
   for (RestoreRowControls* row : controls.ReadOrder()) {
     const bool offered = row->Row.Read.HoldsIfUnknown(session.SoftwareRevision);
-    if (offered && ReadRow(*row)) anyCame = true;
+    row->CameLast = offered && ReadRow(*row);
+    anyCame = anyCame || row->CameLast;
     controls.ShowDifferences();
     AfterRow(row->Row.Id, offered);
   }

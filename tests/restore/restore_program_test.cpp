@@ -90,6 +90,20 @@ TEST_F(RestoreProgram, ItsStepsAndItsEndAreTold) {
   }
 }
 
+// Its row shows the value before, which is no proof that the radio has refused the new one.
+TEST_F(RestoreProgram, ASettingThatCannotBeReadAgain) {
+  StartConnected();
+  InWindow([&] {
+    LoadText("PWR 21\nCTS 7\n");
+    Click("CheckAllButton");
+    Radio().SetReply("pwr", "\r\nPWR 21\r\nPWR 21\r\n");
+    ASSERT_TRUE(Click("tbr_ProgramRadio"));
+    EXPECT_TRUE(WaitForRead());
+    EXPECT_EQ(Current(SettingId::PowerLevel), "PWR 30 dBm");
+    EXPECT_EQ(Text("lblOutcome"), "2 settings sent. Not read again: Power Level.");
+  });
+}
+
 // The run goes on row by row; the main timer closes the window meanwhile and connects anew.
 TEST_F(RestoreProgram, ARadioThatFallsSilent) {
   for (const std::size_t rows : {1U, 2U, 6U}) {
