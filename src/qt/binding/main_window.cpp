@@ -127,9 +127,11 @@ struct ClickEntry {
   QAbstractButton* Button;
 };
 
-// The tasks and the settings share one place: the view with the button comes first.
-void ClickInItsView(QAbstractButton& button, QAbstractButton& otherView) {
-  if (!button.isVisibleTo(button.window())) otherView.click();
+// The tasks and the settings share one place: the view with the button comes first. A button that
+// is hidden elsewhere (a notice, or a tool without room) is in neither.
+void ClickInItsView(QAbstractButton& button, const Ui::frmOrvalent& ui) {
+  const bool inView = ui.viewStack->isAncestorOf(&button);
+  if (inView && !button.isVisibleTo(button.window())) ui.ButtonAdv->click();
   button.click();
 }
 
@@ -143,7 +145,7 @@ void InsertEntries(const Ui::frmOrvalent& ui, QMenu& menu, QAction* next,
     menu.insertAction(next, action);
     QAbstractButton* button = entry.Button;
     QObject::connect(action, &QAction::triggered, button,
-                     [button, otherView = ui.ButtonAdv] { ClickInItsView(*button, *otherView); });
+                     [button, ui] { ClickInItsView(*button, ui); });
     QObject::connect(&menu, &QMenu::aboutToShow, action,
                      [action, button] { action->setEnabled(button->isEnabled()); });
     QObject::connect(

@@ -2,15 +2,18 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolButton>
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "qt/binding/main_window.h"
@@ -46,6 +49,30 @@ TEST_F(MainWindowKeys, EachMenuEntryHasItsOwn) {
     if (!action->shortcut().isEmpty()) ++uses[action->shortcut().toString()];
   }
   for (const auto& [key, count] : uses) EXPECT_EQ(count, 1) << key.toStdString();
+}
+
+// What is hidden without being in the other view brings no other view.
+TEST_F(MainWindowKeys, OnlyAButtonOfTheOtherViewBringsThatView) {
+  const struct {
+    const char* Button;
+    QKeySequence Key;
+    int Views;
+  } cases[] = {{"LastRun", Qt::Key_F6, 0}, {"cmdPrint", QKeySequence::Print, 1}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Button);
+    int views = 0;
+    int clicks = 0;
+    const auto count = [](int& times) { return [&times] { ++times; }; };
+    auto* view = window->findChild<QAbstractButton*>(QStringLiteral("ButtonAdv"));
+    auto* button = window->findChild<QAbstractButton*>(QLatin1String(each.Button));
+    QObject guard;
+    QObject::connect(view, &QAbstractButton::clicked, &guard, count(views));
+    QObject::connect(button, &QAbstractButton::clicked, &guard, count(clicks));
+    const auto actions = window->findChildren<QAction*>();
+    button->parentWidget()->hide();
+    (*std::ranges::find(actions, each.Key, &QAction::shortcut))->trigger();
+    EXPECT_EQ(std::pair(views, clicks), std::pair(each.Views, 1));
+  }
 }
 
 TEST_F(MainWindowKeys, TheTabKeyLeadsFromTheToolbarIntoTheTerminal) {
