@@ -119,7 +119,9 @@ ProgramPlan PlanOf(const std::vector<std::string>& defaults, const std::vector<s
     (line.What.OfValue ? plan.Refused : plan.Unknown).push_back(judged.Sentence());
   }
   for (const auto& [id, line] : LastLines(sent)) {
-    Compare(SettingOf(id), line, main.At(id).Text(), plan);
+    const SettingRow& row = main.At(id);
+    // What is stale may be the radio's before this one.
+    Compare(SettingOf(id), line, row.Stale() ? "n/a" : row.Text(), plan);
   }
   return plan;
 }

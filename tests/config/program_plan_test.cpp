@@ -50,6 +50,17 @@ TEST_F(ProgramPlanTest, TheQuestionTellsWhatChangesAndNoSendsNothing) {
   EXPECT_EQ(Radio().Setting("xrssi"), "-120");
 }
 
+// The rows still show the radio before.
+TEST_F(ProgramPlanTest, ARadioThatWasNotReadYetHasNoValues) {
+  StartAsking({});
+  ASSERT_TRUE(Click("tbr_Disconnect"));
+  ASSERT_TRUE(Click("tbr_Connect"));
+  ExpectBox("What Will Change")
+      .Containing("0 settings of the radio change.\r\n0 stay as they are.")
+      .Reply(Answer::No);
+  Program("#With Firmware Version:\r\nPWR 25\r\nOWN Hill\r\n");
+}
+
 TEST_F(ProgramPlanTest, APresetAsksTooAndAFlagThatCantBeReadAsks) {
   Store("Preferences", "PlanFirst", "perhaps");
   Write(DataFolder() / "Presets" / "Preset1.txt",
