@@ -3,6 +3,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -190,8 +191,10 @@ void Binder::JoinLabel(Label& control, CaptionLabel& label) {
     ShowFont(control, label);
     ShowColor(control, label);
     const QString text = InLines(control.Text());
-    // With a buddy "&" would be a mnemonic.
-    label.setText(label.buddy() == nullptr ? text : WithoutMnemonics(text));
+    // With a buddy "&" is a mnemonic, which only the caption of a field for typing has.
+    const bool literal =
+        label.buddy() != nullptr && qobject_cast<QLineEdit*>(label.buddy()) == nullptr;
+    label.setText(literal ? WithoutMnemonics(text) : text);
     label.SetClickable(control.OnClick && !Locked(control));
   });
 }
@@ -257,6 +260,10 @@ void Binder::JoinProgress(ProgressBar& control, QProgressBar& bar) {
 
 void Binder::JoinTabs(TabStrip& control, QTabBar& bar) {
   for (const std::string& tab : control.Tabs) bar.addTab(ToQt(tab));
+  // Left and Right reach what the scroll buttons do.
+  for (QToolButton* scroll : bar.findChildren<QToolButton*>()) {
+    scroll->setFocusPolicy(Qt::NoFocus);
+  }
   connect(&bar, &QTabBar::currentChanged, this, [this, &control](int index) {
     ActOn(control, [&control, index] { control.UserSelect(index + 1); });
   });

@@ -112,7 +112,9 @@ void FormWindow::TakeSize() {
   }
   const bool placed = places != nullptr && places->PutBack(*window);
   if (bounded) window->resize(window->size().boundedTo(room));
-  if (!placed) window->move(Within(screen, PlaceOn(screen), window->size()));
+  // The frame comes to the window's size.
+  const QRect inFrame(screen.topLeft(), room);
+  if (!placed) window->move(Within(inFrame, PlaceOn(screen), window->size()));
   sizing = false;
 }
 

@@ -127,9 +127,20 @@ struct ClickEntry {
   QAbstractButton* Button;
 };
 
-// The tasks and the settings share one place: the view with the button comes first. A button that
-// is hidden elsewhere (a notice, or a tool without room) is in neither.
+// A toolbar that lacks the room hides buttons. Another button that is hidden itself, such as a
+// notice that tells nothing, can't be clicked.
+bool IsOfToolbar(const QAbstractButton& button) {
+  return qobject_cast<const QToolBar*>(button.parentWidget()) != nullptr;
+}
+
+bool CanBeClicked(const QAbstractButton& button) {
+  return button.isEnabled() && (IsOfToolbar(button) || !button.isHidden());
+}
+
+// The tasks and the settings share one place: the view with the button comes first. A tool without
+// room is in neither.
 void ClickInItsView(QAbstractButton& button, const Ui::frmOrvalent& ui) {
+  if (!CanBeClicked(button)) return;
   const bool inView = ui.viewStack->isAncestorOf(&button);
   if (inView && !button.isVisibleTo(button.window())) ui.ButtonAdv->click();
   button.click();
@@ -147,7 +158,7 @@ void InsertEntries(const Ui::frmOrvalent& ui, QMenu& menu, QAction* next,
     QObject::connect(action, &QAction::triggered, button,
                      [button, ui] { ClickInItsView(*button, ui); });
     QObject::connect(&menu, &QMenu::aboutToShow, action,
-                     [action, button] { action->setEnabled(button->isEnabled()); });
+                     [action, button] { action->setEnabled(CanBeClicked(*button)); });
     QObject::connect(
         &menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); },
         Qt::QueuedConnection);
@@ -163,11 +174,21 @@ void AddFileEntries(const Ui::frmOrvalent& ui) {
   ui.mnuFile->insertSeparator(first);
 }
 
+QAbstractButton* ToolbarButton(const Ui::frmOrvalent& ui, QAction* action) {
+  return qobject_cast<QAbstractButton*>(ui.tbrToolBar->widgetForAction(action));
+}
+
+// Behind "Port Open", which connects anew when the port is open.
+void AddPortEntry(const Ui::frmOrvalent& ui) {
+  InsertEntries(ui, *ui.mnuPort, ui.mnuPort->actions().at(1),
+                {{"&Disconnect", "Shift+F3", ToolbarButton(ui, ui.tbr_Disconnect)}});
+}
+
 void AddViewMenu(const Ui::frmOrvalent& ui) {
   auto* view = new QMenu(QObject::tr("&View"), ui.menuBar);
   view->setAccessibleName(QObject::tr("View"));
   // The toolbar's action has the key of the last one.
-  auto* terminal = qobject_cast<QAbstractButton*>(ui.tbrToolBar->widgetForAction(ui.tbr_Terminal));
+  QAbstractButton* terminal = ToolbarButton(ui, ui.tbr_Terminal);
   InsertEntries(ui, *view, nullptr,
                 {{"&Refresh", "F5", ui.ButtonRefresh},
                  {"&What the Radio Took", "F6", ui.LastRun},
@@ -206,6 +227,7 @@ QWidget* DrawMainWindow(QWidget* parent) {
   HoldSizes(ui);
   ShareRoom(*window, ui);
   AddFileEntries(ui);
+  AddPortEntry(ui);
   AddViewMenu(ui);
   PutToolbarInTabOrder(ui);
   return window;

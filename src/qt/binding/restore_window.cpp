@@ -111,13 +111,15 @@ void AddProgress(QWidget& frame) {
   }
 }
 
-// Buttons without a text are named by their tool tips.
-void FinishToolbar(QToolBar& bar) {
+// Buttons without a text are named by their tool tips. The keyboard goes from them to the tabs, and
+// from there to the rows.
+void FinishToolbar(QToolBar& bar, QWidget& tabs) {
   const int side = bar.fontMetrics().height() * 3 / 2;
   bar.setIconSize({side, side});
   for (QAction* action : bar.actions()) {
     QWidget* button = bar.widgetForAction(action);
     button->setFocusPolicy(Qt::TabFocus);
+    QWidget::setTabOrder(button, &tabs);
     QObject::connect(action, &QAction::changed, button,
                      [action, button] { button->setAccessibleName(action->toolTip()); });
   }
@@ -162,7 +164,7 @@ QWidget* DrawRestoreWindow(QWidget* parent) {
   }
   AlignColumns(grids, *window, *ui.Label1);
   AddProgress(*ui.Frame2);
-  FinishToolbar(*ui.Toolbar1);
+  FinishToolbar(*ui.Toolbar1, *ui.TabStrip);
   AddKeys(*window, ui);
   return window;
 }

@@ -6,6 +6,7 @@
 #include <QLayout>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QToolBar>
 #include <memory>
 
 #include "qt/widgets/row_comparison.h"
@@ -107,6 +108,20 @@ TEST_F(RestoreWindow, ColumnsStandInLineBelowTheirHeadingsWhateverTheWidth) {
   }
   EXPECT_GT(Line("Mode").width(), Line("Mode").sizeHint().width());
   EXPECT_TRUE(Line("Mode").Shown().endsWith(QChar(0x2026)));
+}
+
+TEST_F(RestoreWindow, TheTabKeyLeadsFromTheToolbarOverTheTabsIntoTheRowsAndToTheButtons) {
+  auto& bar = Find<QToolBar>("Toolbar1");
+  const QWidget* refresh = bar.widgetForAction(bar.actions().constLast());
+  const auto stepsTo = [refresh](const char* name) {
+    int steps = 0;
+    for (const QWidget* at = refresh; at->objectName() != QLatin1String(name); ++steps) {
+      at = at->nextInFocusChain();
+    }
+    return steps;
+  };
+  EXPECT_LT(stepsTo("TabStrip"), stepsTo("ModeCheck"));
+  EXPECT_LT(stepsTo("ModeCheck"), stepsTo("CheckAllButton"));
 }
 
 }  // namespace
