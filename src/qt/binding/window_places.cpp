@@ -31,6 +31,18 @@ std::string Text(const std::vector<int>& numbers) {
   return text;
 }
 
+// On a border: the user has moved it.
+constexpr const char* movedProperty = "moved";
+
+// A border is put back a few pixels off while its window is not shown yet. If that were remembered,
+// each start would move it on.
+void NoteMovesIn(const QWidget& window) {
+  for (QSplitter* splitter : window.findChildren<QSplitter*>()) {
+    QObject::connect(splitter, &QSplitter::splitterMoved, splitter,
+                     [splitter] { splitter->setProperty(movedProperty, true); });
+  }
+}
+
 bool AnyHidden(const QSplitter& splitter) {
   for (int i = 0; i < splitter.count(); ++i) {
     if (splitter.widget(i)->isHidden()) return true;
@@ -92,6 +104,7 @@ void WindowPlaces::PutBackBorder(QSplitter& splitter, const std::string& key) co
 }
 
 bool WindowPlaces::PutBack(QWidget& window) const {
+  NoteMovesIn(window);
   const auto numbers = Numbers(NameOf(window), placeNumbers);
   if (numbers.empty() || numbers[2] <= 0 || numbers[3] <= 0) return false;
   const QRect place(numbers[0], numbers[1], numbers[2], numbers[3]);
@@ -117,7 +130,7 @@ void WindowPlaces::Note(const QWidget& window) {
            {place.left(), place.top(), place.width(), place.height() + taken, maximized ? 1 : 0})}};
   for (const QSplitter* splitter : window.findChildren<QSplitter*>()) {
     // Where a part is hidden the border stands nowhere.
-    if (AnyHidden(*splitter)) continue;
+    if (AnyHidden(*splitter) || !splitter->property(movedProperty).toBool()) continue;
     const QList<int> sizes = splitter->sizes();
     entries.push_back({section, BorderKey(window, *splitter), Text({sizes.begin(), sizes.end()})});
   }

@@ -42,6 +42,7 @@ TEST(WindowPlaces, AreKeptForEachSetOfScreensAndNotUsedOffAllOfThem) {
     EXPECT_FALSE(places.PutBack(window));
     window.setGeometry(1500, 100, 700, 500);
     window.border->setSizes({200, 400});
+    emit window.border->splitterMoved(200, 1);
     places.Note(window);
   }
   const auto putBack = [&](QRect expected, bool placed) {
@@ -54,9 +55,17 @@ TEST(WindowPlaces, AreKeptForEachSetOfScreensAndNotUsedOffAllOfThem) {
   };
   const QList<int> sizes = putBack({1500, 100, 700, 500}, true);
   EXPECT_GT(sizes[1], sizes[0] * 3 / 2);
+  // What nobody has moved stays as it was moved last.
+  {
+    WindowPlaces places(file, given);
+    SplitWindow window;
+    places.PutBack(window);
+    window.border->setSizes({400, 200});
+    places.Note(window);
+  }
   // The order in which the system tells the screens is nothing to the user.
   std::swap(screens[0], screens[1]);
-  putBack({1500, 100, 700, 500}, true);
+  EXPECT_EQ(putBack({1500, 100, 700, 500}, true), sizes);
   screens = {laptop};
   putBack({5, 6, 300, 200}, false);
 
