@@ -55,7 +55,7 @@ Answer DeskDialogs::Message(const MessageBox& box) {
 }
 
 Desk::Desk(const Surroundings& surroundings, const std::string& device)
-    : machine(WithPreferences(surroundings, device)),
+    : machine({.Port = WithPreferences(surroundings, device)}),
       loop(machine.Events),
       port(machine.First),
       restorePort(machine.Second),

@@ -71,7 +71,7 @@ void LineAnswers::SeePrompt() {
 }
 
 // What was sent before it has lost its echo.
-void LineAnswers::Close(std::deque<Waiting>::iterator line) {
+void LineAnswers::Close(const std::deque<Waiting>::iterator& line) {
   const Waiting closed = *line;
   waiting.erase(waiting.begin(), std::next(line));
   if (!OnAnswer || !IsAnswer(closed.Answer)) return;

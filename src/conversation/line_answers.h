@@ -41,7 +41,7 @@ class LineAnswers {
   bool TakeEcho();
   // The oldest line that has been echoed, or the end.
   std::deque<Waiting>::iterator Oldest();
-  void Close(std::deque<Waiting>::iterator line);
+  void Close(const std::deque<Waiting>::iterator& line);
 
   std::deque<Waiting> waiting;
   std::string current;  // of the line that is coming in

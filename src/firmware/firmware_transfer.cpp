@@ -12,6 +12,11 @@ namespace {
 constexpr const char* loaderSettings = "115200,N,8,1";
 constexpr Duration longestWait = Milliseconds(10);
 
+// Why less came out of the file than it should hold.
+const char* WhyShort(const FirmwareFile& file) {
+  return file.Failed() ? "The file could not be read" : "The file ended";
+}
+
 }  // namespace
 
 FirmwareTransfer::FirmwareTransfer(Platform& machine, Session& shared, frmOrvalent& window,
@@ -90,8 +95,7 @@ std::string FirmwareTransfer::SendBlocks() {
     sent += static_cast<std::int64_t>(bytes.size());
     if (!bytes.empty()) ++blocksSent;
     // A file that was cut short meanwhile: its rest will not come, and the loader says so.
-    if (static_cast<std::int64_t>(bytes.size()) < wanted)
-      return missing(file.Failed() ? "The file could not be read" : "The file ended");
+    if (static_cast<std::int64_t>(bytes.size()) < wanted) return missing(WhyShort(file));
     AwaitEmptyBuffer();
   }
   if (length == 0) return "The file is empty.";

@@ -55,6 +55,8 @@ std::string Listed(const std::vector<std::string>& names) {
                              : text;
 }
 
+std::string InBrackets(const std::string& words) { return words.empty() ? "" : " (" + words + ")"; }
+
 }  // namespace
 
 std::vector<std::string> RestoreCommands(const RestoreRow& row, const std::string& text) {
@@ -161,7 +163,7 @@ void RestoreProgrammer::ShowTaken() {
     if (!job.Row->CameLast && job.Said.empty()) {
       unread.push_back(subject);
     } else {
-      refused.push_back(subject + (job.Said.empty() ? "" : " (" + job.Said + ")"));
+      refused.push_back(subject + InBrackets(job.Said));
     }
   }
   std::string text = controls.lblOutcome.Text();

@@ -49,7 +49,7 @@ TEST_F(ProgrammingFromFileTest, ASavedFileBringsTheRadioBack) {
       brought.merge(Arrived(sent, HoldingsOf(factory), HoldingsOf(Radio())));
       ASSERT_TRUE(Refresh());
       const std::string count = Text("LastRun").substr(0, Text("LastRun").find(' '));
-      EXPECT_EQ(Text("LastRun"), count + " of " + count + " settings taken");
+      EXPECT_EQ(Text("LastRun"), std::string(count).append(" of " + count + " settings taken"));
       EXPECT_EQ(Marks(), "");
       std::filesystem::remove(InScratch("saved.txt"));
       EXPECT_EQ(Save(), saved);
