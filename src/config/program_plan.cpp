@@ -1,12 +1,11 @@
 #include "config/program_plan.h"
 
 #include <algorithm>
-#include <map>
 
 #include "catalogue/settings.h"
 #include "catalogue/value_parts.h"
+#include "config/config_values.h"
 #include "config/judged_lines.h"
-#include "text/text.h"
 
 namespace quillmark {
 
@@ -18,40 +17,10 @@ std::string Short(const std::string& text) {
   return text.size() <= longest ? text : text.substr(0, longest) + "...";
 }
 
-// A value of two parts: lines may set one of them alone, and the other stays as it was sent before.
-struct TwoParts {
-  std::string Number;  // a rate, an id
-  std::string Behind;  // a format, ON or OFF
-
-  // Blanks stand between the parts.
-  void Take(std::string_view value) {
-    for (value = Trim(value); !value.empty(); value = Trim(value)) {
-      const std::string_view part = value.substr(0, value.find(' '));
-      const bool number = part.find_first_not_of("0123456789") == std::string_view::npos;
-      (number ? Number : Behind) = part;
-      value.remove_prefix(part.size());
-    }
-  }
-};
-
-bool HasTwoParts(const Setting& setting) {
-  return setting.Value.Form == ValueForm::Rate || setting.Value.Form == ValueForm::Switched;
-}
-
-// The line that sets all that the radio then has of each setting.
-std::map<SettingId, std::string> LastLines(const std::vector<SentLine>& sent) {
-  std::map<SettingId, std::string> last;
-  std::map<SettingId, TwoParts> parts;
-  for (const SentLine& line : sent) {
-    if (!line.What.Fine()) continue;
-    const Setting& setting = *line.Sets;
-    last[setting.Id] = line.Text;
-    if (!HasTwoParts(setting)) continue;
-    TwoParts& both = parts[setting.Id];
-    both.Take(std::string_view(line.Text).substr(std::string_view(setting.Word).size()));
-    last[setting.Id] = Upper(setting.Word) + " " + both.Number + " " + both.Behind;
-  }
-  return last;
+// What goes out and is taken.
+std::vector<SentLine> Taken(std::vector<SentLine> sent) {
+  std::erase_if(sent, [](const SentLine& line) { return !line.What.Fine(); });
+  return sent;
 }
 
 bool IsRead(const Setting& setting, const std::string& shown) {
@@ -60,23 +29,11 @@ bool IsRead(const Setting& setting, const std::string& shown) {
   return IsValue(setting, shown);
 }
 
-// A free text is shown without the word.
-std::string ValueIn(const Setting& setting, const std::string& line) {
-  if (setting.Value.Form != ValueForm::Text) return line;
-  return line.substr(std::string_view(setting.Word).size() + 1);
-}
-
-// "Restore Power Level" is about the power level.
-std::string Subject(const Setting& setting) {
-  const std::string_view caption = setting.Restored->Caption;
-  return std::string(caption.substr(caption.find(' ') + 1));
-}
-
 void Compare(const Setting& setting, const std::string& line, const std::string& shown,
              ProgramPlan& plan) {
   if (!IsRead(setting, shown)) {
     plan.Unread.push_back(Short(line));
-  } else if (SameValue(setting, shown, ValueIn(setting, line))) {
+  } else if (SameValue(setting, shown, ShownValue(setting, line))) {
     ++plan.Same;
   } else {
     plan.Changes.push_back(Subject(setting) + ": " + Short(shown) + " becomes " + Short(line));
@@ -118,7 +75,7 @@ ProgramPlan PlanOf(const std::vector<std::string>& defaults, const std::vector<s
     const JudgedLine judged{line.Number - defaults.size(), line.What};
     (line.What.OfValue ? plan.Refused : plan.Unknown).push_back(judged.Sentence());
   }
-  for (const auto& [id, line] : LastLines(sent)) {
+  for (const auto& [id, line] : ValuesOf(Taken(sent))) {
     const SettingRow& row = main.At(id);
     // What is stale may be the radio's before this one.
     Compare(SettingOf(id), line, row.Stale() ? "n/a" : row.Text(), plan);
