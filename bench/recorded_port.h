@@ -43,6 +43,7 @@ class RecordedPort : public SerialPort {
   void SetPortOpen(bool open) override { port.SetPortOpen(open); }
   std::size_t OutBufferCount() const override { return port.OutBufferCount(); }
   int CommEvent() const override { return port.CommEvent(); }
+  void AnnounceAgain() override { port.AnnounceAgain(); }
 
   void Output(const std::string& bytes) override {
     if (OnOutput) OnOutput();

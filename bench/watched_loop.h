@@ -24,6 +24,7 @@ class WatchedLoop : public EventLoop {
 
   void Pump() override { loop.Pump(); }
   void Wait(Duration bound) override { loop.Wait(bound); }
+  Duration LongestPause() const override { return loop.LongestPause(); }
   void StartTimer(Ticker& ticker, Duration interval) override { loop.StartTimer(ticker, interval); }
   void StopTimer(Ticker& ticker) override { loop.StopTimer(ticker); }
   Duration Now() const override { return loop.Now(); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/at_end.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -169,6 +170,16 @@ bool Conversation::AwaitText(Duration limit, const std::function<bool()>& done) 
   }
 }
 
+void Conversation::Rest(Duration time, const std::function<bool()>& over) {
+  const Duration end = events.Now() + std::min(time, events.LongestPause());
+  const int began = epoch;
+  {
+    const auto underWay = Raised(resting);
+    while (epoch == began && !over() && events.Now() < end) events.Wait(end - events.Now());
+  }
+  port.AnnounceAgain();
+}
+
 void Conversation::AwaitQuiet(Duration quiet, Duration limit) {
   AwaitText(limit, [&] { return QuietFor() >= quiet; });
 }
@@ -239,6 +250,7 @@ void Conversation::Restart() {
   due = 0;
   late = 0;
   secretDue = false;
+  resting = false;
   lineHead.clear();
   Answers.Clear();
   saidHead.clear();

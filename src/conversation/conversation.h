@@ -117,6 +117,12 @@ class Conversation {
   // Waits, delivering events unless the port's input is taken without them, until `done` holds,
   // the port is closed, or the limit has passed. Tells whether it holds.
   bool AwaitText(Duration limit, const std::function<bool()>& done);
+  // A pause that delivers events, so that the window stays alive. What comes in meanwhile waits at
+  // the port until it is over, as it does in a sleep. Ends early when `over` holds, which is asked
+  // after each event, or when the link is another one.
+  void Rest(Duration time, const std::function<bool()>& over);
+  // What comes in now is to stay at the port.
+  bool Resting() const { return resting; }
   // Asked in every wait: a run that has failed by other means ends them. May be empty.
   std::function<bool()> GivenUp;
   // Told when a question is asked once more. May be empty.
@@ -201,6 +207,7 @@ class Conversation {
   int late = 0;            // prompts that have not come in time, and may still come
   bool secretDue = false;  // the reply to a secret is coming
   bool handedOver = false;
+  bool resting = false;
   std::string saidHead;                 // of the line that goes out byte by byte
   std::optional<std::string> unkeying;  // what has come since the transmitter was to be unkeyed
   int echoSwitches = 0;                 // so many were begun

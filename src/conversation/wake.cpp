@@ -1,14 +1,12 @@
 #include "conversation/wake.h"
 
-#include "platform/utilities.h"
-
 namespace quillmark {
 
 namespace {
 
 constexpr int rounds = 30;
 constexpr int bursts = 4;
-constexpr int burstPause = 100;  // ms
+constexpr Duration burstPause = Milliseconds(100);
 constexpr Duration quiet = Milliseconds(150);
 constexpr Duration longestThought = Seconds(1);  // of a slow radio about one line
 constexpr Duration longestAnswer = Seconds(4);
@@ -18,11 +16,12 @@ bool PlayRound(Platform& platform, Conversation& radio, const WakeSteps& steps, 
   steps.Pump();
   if (steps.Cancelled()) return false;
   radio.SayBytes("\x1B\r\n");
-  WaitMilliseconds(platform.Events, static_cast<int>(platform.Random.Next() * 701) + 400);
+  radio.Rest(Milliseconds(static_cast<int>(platform.Random.Next() * 701) + 400), steps.Cancelled);
   for (int burst = 0; burst < bursts; ++burst) {
     if (steps.Cancelled()) return false;
     radio.SayBytes("\r\r");
-    WaitMilliseconds(platform.Events, burstPause);
+    radio.Rest(burstPause, steps.Cancelled);
+    if (steps.Cancelled()) return false;
     if (steps.Sent) steps.Sent(round, burst);
   }
   return true;

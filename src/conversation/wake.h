@@ -16,9 +16,9 @@ enum class WakeEnd { Awake, Cancelled, NoAnswer };
 
 // What the caller of a wake attempt does at its steps.
 struct WakeSteps {
-  // Delivers events, at the head of each round.
+  // Delivers events, at the head of each round: what the radio said to the last one comes in here.
   std::function<void()> Pump;
-  // Asked before each burst.
+  // Asked before each burst, and after each event that a pause between them delivers.
   std::function<bool()> Cancelled;
   // Told after each burst: the round, from 0, and the burst in it, 0 to 3.
   std::function<void(int round, int burst)> Sent{};

@@ -67,6 +67,8 @@ void Receiver::MSComm1_OnComm() {
       case CommNotice::Kind::Nothing:
         break;
       case CommNotice::Kind::Received:
+        // It is announced again.
+        if (radio.Resting()) break;
         ReceiveChunk = platform.MSComm1.Input();
         ReceiveText(main.txtTerm, ReceiveChunk);
         break;

@@ -42,6 +42,8 @@ class EventLoop {
   virtual void Wait(Duration bound) = 0;
   // Holds the thread and delivers nothing. The serial layer goes on moving bytes meanwhile.
   virtual void Sleep(Duration time) = 0;
+  // No pause lasts longer, whether it is slept or delivers events. Only tests shorten pauses.
+  virtual Duration LongestPause() const { return Duration::max(); }
 
   // Ticks `ticker` every `interval` until StopTimer. Starting a running timer starts it anew.
   // A timer never ticks inside its own handler; a tick missed meanwhile is not made up.

@@ -81,6 +81,8 @@ class SerialPort {
 
   // Takes all bytes that have arrived.
   virtual std::string Input() = 0;
+  // Announces what has arrived once more, for a handler of OnComm that left it where it was.
+  virtual void AnnounceAgain() = 0;
   // The code of the event being reported.
   virtual int CommEvent() const = 0;
 

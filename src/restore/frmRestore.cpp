@@ -129,6 +129,7 @@ void frmRestore::NotePort() {
 void frmRestore::Timer1_Timer() {
   if (!started) {
     started = true;
+    UpdateTimer();
     OpenAndWake();
   } else if (ReadPending && link.IsOpen() && !taskRuns) {
     ReadRadio();

@@ -50,15 +50,11 @@ void RestoreLink::Open() {
 }
 
 void RestoreLink::Wake(const std::function<bool()>& cancelled) {
-  bool over = false;
   radio.Prime();
   WakeRadio(platform, radio,
-            {.Pump =
-                 [&] {
-                   Pump();
-                   over = !IsOpen() || cancelled();
-                 },
-             .Cancelled = [&over] { return over; }});
+            {.Pump = [this] { Pump(); },
+             .Cancelled = [&] { return !window.Loaded() || !IsOpen() || cancelled(); }});
+  if (!window.Loaded()) throw RestoreLinkLost{};
 }
 
 void RestoreLink::Sleep(int ms) { WaitMilliseconds(platform.Events, ms); }

@@ -33,8 +33,8 @@ class RestoreLink {
   void Close() { platform.MSComm2.SetPortOpen(false); }
   bool IsOpen() const { return platform.MSComm2.PortOpen(); }
 
-  // Wakes the radio. Ends early on a closed port, and when `cancelled`, which is asked ahead of
-  // each round. Throws SerialError and RestoreLinkLost.
+  // Wakes the radio. Ends early on a closed port, and when `cancelled`, which is asked after each
+  // event. Throws SerialError and RestoreLinkLost.
   void Wake(const std::function<bool()>& cancelled);
   // Sends a line, without its carriage return, once the radio has shown its prompt to a bare one;
   // that also drops the reply to the command before. On a closed port it tells so in a box and

@@ -167,7 +167,12 @@ TEST_F(RestoreWindow, ClosesInTheMiddle) {
       StartConnected({.Mode = 'M'});
       InWindowAtOnce([&] {
         After(Milliseconds(at), ways[way]);
+        const Duration asked = Now() + Milliseconds(at);
         EXPECT_TRUE(RunUntil([&] { return !Window().Loaded() || Ended(); }, Seconds(20)));
+        // While the radio is woken it closes at once.
+        if (at < 1000) {
+          EXPECT_LE(Now() - asked, Milliseconds(50));
+        }
       });
       EXPECT_EQ(Ended(), way == 2);
       if (Ended()) {

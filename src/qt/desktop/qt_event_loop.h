@@ -24,6 +24,7 @@ class QtEventLoop : public QObject, public EventLoop {
   void Pump() override;
   void Wait(Duration bound) override;
   void Sleep(Duration time) override;
+  Duration LongestPause() const override { return longestSleep; }
 
   void StartTimer(Ticker& ticker, Duration interval) override;
   void StopTimer(Ticker& ticker) override;

@@ -213,6 +213,14 @@ std::string QtSerialPort::Input() {
   return taken;
 }
 
+void QtSerialPort::AnnounceAgain() {
+  if (engine == nullptr) return;
+  const std::lock_guard lock(engine->Queues->Lock);
+  if (engine->Queues->Input.empty()) return;
+  QMetaObject::invokeMethod(
+      this, [this, session = engine->Queues->Session] { Announce(session); }, Qt::QueuedConnection);
+}
+
 void QtSerialPort::Announce(quint64 session) {
   if (engine == nullptr) return;
   {

@@ -39,6 +39,7 @@ class QtSerialPort : public QObject, public SerialPort {
   void Output(const std::string& bytes) override;
   std::size_t OutBufferCount() const override;
   std::string Input() override;
+  void AnnounceAgain() override;
   int CommEvent() const override { return commEvent; }
 
  private:

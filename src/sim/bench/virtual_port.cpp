@@ -123,6 +123,10 @@ std::string VirtualPort::Input() {
   return std::exchange(input, {});
 }
 
+void VirtualPort::AnnounceAgain() {
+  if (open && !input.empty()) Raise(comm::Receive);
+}
+
 std::optional<Duration> VirtualPort::NextEvent() const {
   const SimLine* line = Line();
   return line == nullptr ? std::nullopt : line->NextEvent();

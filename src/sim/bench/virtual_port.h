@@ -55,6 +55,7 @@ class VirtualPort : public SerialPort, private TimeSource {
   void Output(const std::string& bytes) override;
   std::size_t OutBufferCount() const override;
   std::string Input() override;
+  void AnnounceAgain() override;
   int CommEvent() const override { return commEvent; }
 
   // Reports a code of the serial control, a framing error (1004) say.
