@@ -9,6 +9,7 @@
 #include "access/frmLogin.h"
 #include "access/frmSetPass.h"
 #include "access/frmSetup.h"
+#include "config/frmComparison.h"
 #include "config/presets/frmViewer.h"
 #include "diagnostics/frmRSSI.h"
 #include "diagnostics/frmZoneData.h"
@@ -70,6 +71,11 @@ struct WindowForms {
         {"frmZoneQuality", [&] { return Of<frmZoneQuality>(Platform, Main, Talk); }},
         {"frmViewer", [] { return Of<frmViewer>(); }},
         {"frmSentSettings", [] { return Of<frmSentSettings>("1 of 2 settings taken", "PWR\r\n"); }},
+        {"frmComparison",
+         [] {
+           const auto values = [](const char* line) { return ValuesOf({std::string(line)}); };
+           return Of<frmComparison>("a", "b", CompareValues(values("PWR 30"), values("PWR 20")));
+         }},
         {"frmRestore", [&] { return Of<frmRestore>(Platform, Shared, Main, Connection); }},
     };
     const auto found = makers.find(name);

@@ -23,6 +23,7 @@
 #include "qt/widgets/notice_line.h"
 #include "qt/widgets/painted_controls.h"
 #include "qt/widgets/row_stack.h"
+#include "qt/widgets/table_view.h"
 #include "qt/widgets/terminal_view.h"
 
 namespace quillmark {
@@ -38,6 +39,7 @@ bool TakesActs(const QObject* object) {
          qobject_cast<const QPlainTextEdit*>(object) != nullptr ||
          qobject_cast<const QSlider*>(object) != nullptr ||
          qobject_cast<const QTabBar*>(object) != nullptr ||
+         qobject_cast<const TableView*>(object) != nullptr ||
          qobject_cast<const ClickableText*>(object) != nullptr;
 }
 
@@ -115,6 +117,7 @@ void Binder::Join() {
       &Binder::TryJoin<StatusPanel, QLabel, &Binder::JoinPanel>,
       &Binder::TryJoin<TextBox, QWidget, &Binder::JoinTextBox>,
       &Binder::TryJoin<ListBox, QComboBox, &Binder::JoinList>,
+      &Binder::TryJoin<Table, TableView, &Binder::JoinTable>,
       &Binder::TryJoin<Slider, QSlider, &Binder::JoinSlider>,
       &Binder::TryJoin<ProgressBar, QProgressBar, &Binder::JoinProgress>,
       &Binder::TryJoin<TabStrip, QTabBar, &Binder::JoinTabs>,

@@ -12,6 +12,7 @@
 #include "controls/form.h"
 #include "controls/option_button.h"
 #include "controls/shape.h"
+#include "controls/table.h"
 #include "controls/text_box.h"
 #include "controls/timer.h"
 
@@ -38,6 +39,7 @@ class ColorBlock;
 class NoticeLine;
 class PaintedControls;
 class RowStack;
+class TableView;
 class TerminalView;
 class ValueBox;
 
@@ -101,6 +103,7 @@ class Binder : public QObject, public ControlView {
   void JoinReading(TextBox& control, QPlainTextEdit& page);
   void JoinList(ListBox& control, QComboBox& box);
   void JoinTyping(ListBox& control, QLineEdit* line);
+  void JoinTable(Table& control, TableView& view);
   void JoinSlider(Slider& control, QSlider& slider);
   void JoinProgress(ProgressBar& control, QProgressBar& bar);
   void JoinTabs(TabStrip& control, QTabBar& bar);

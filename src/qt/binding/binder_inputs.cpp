@@ -12,6 +12,7 @@
 #include "qt/widgets/colors.h"
 #include "qt/widgets/noted_items.h"
 #include "qt/widgets/row_widgets.h"
+#include "qt/widgets/table_view.h"
 #include "qt/widgets/terminal_view.h"
 #include "qt/widgets/text_page.h"
 
@@ -184,6 +185,20 @@ void Binder::JoinTyping(ListBox& control, QLineEdit* line) {
   if (line == nullptr) return;
   connect(line, &QLineEdit::textEdited, this, [this, &control](const QString& text) {
     ActOn(control, [&control, typed = FromQt(text)] { control.UserEdit(typed); });
+  });
+}
+
+void Binder::JoinTable(Table& control, TableView& view) {
+  connect(&view, &TableView::Chose, this, [this, &control](const std::vector<std::size_t>& rows) {
+    ActOn(control, [&control, rows] { control.UserSelect(rows); });
+  });
+  if (control.OnOpen) {
+    connect(&view, &TableView::Opened, this,
+            [this, &control] { ActOn(control, [&control] { control.UserOpen(); }); });
+  }
+  Follow(control, [this, &control, &view] {
+    ShowCommon(control, view);
+    view.Follow(control);
   });
 }
 

@@ -13,6 +13,7 @@
 #include "qt/binding/drawn_windows.h"
 #include "qt/binding/main_window.h"
 #include "qt/binding/restore_window.h"
+#include "ui_frmComparison.h"
 #include "ui_frmDLINKOptions.h"
 #include "ui_frmDTYPEOptions.h"
 #include "ui_frmHelp.h"
@@ -159,6 +160,13 @@ constexpr WindowRow windows[] = {
     {
         .Name = "frmSentSettings",
         .Draw = DrawDialog<Ui::frmSentSettings>,
+        .DefaultButton = "cmdClose",
+        .EscapeClicks = "cmdClose",
+    },
+    {
+        .Name = "frmComparison",
+        .Draw = DrawDialog<Ui::frmComparison>,
+        .Remembered = true,
         .DefaultButton = "cmdClose",
         .EscapeClicks = "cmdClose",
     },
