@@ -41,6 +41,7 @@ endif()
 
 set(standardHeaders <algorithm> <array> <chrono> <cstdint> <filesystem> <functional> <map>
                     <memory> <optional> <string> <string_view> <utility> <vector>)
+set(qtBaseHeaders <QObject> <QString> <QTimer>)
 set(qtHeaders <QApplication> <QDialog> <QLayout> <QMainWindow> <QObject> <QString> <QTimer>
               <QVariant> <QWidget>)
 set(testHeaders ${standardHeaders} <gmock/gmock.h> <gtest/gtest.h>)

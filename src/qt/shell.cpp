@@ -5,8 +5,8 @@
 #include <cstdio>
 
 #include "app/version.h"
-#include "qt/desktop/end_signals.h"
-#include "qt/desktop/qt_desktop.h"
+#include "qt/base/end_signals.h"
+#include "qt/base/program_files.h"
 #include "qt/widgets/accessible_widgets.h"
 
 namespace quillmark {

@@ -22,7 +22,7 @@
 #include <fstream>
 
 #include "e2e/program_fixture.h"
-#include "qt/desktop/end_signals.h"
+#include "qt/base/end_signals.h"
 #include "qt/dialogs/store_trouble_boxes.h"
 #include "text/at_end.h"
 

@@ -11,8 +11,8 @@
 #include <fstream>
 
 #include "e2e/program_fixture.h"
+#include "qt/base/qt_event_loop.h"
 #include "qt/desktop/printing.h"
-#include "qt/desktop/qt_event_loop.h"
 #include "qt/dialogs/message_window.h"
 
 namespace quillmark {

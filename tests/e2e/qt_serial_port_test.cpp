@@ -14,7 +14,7 @@
 #include <fstream>
 
 #include "e2e/pty_pair.h"
-#include "qt/desktop/qt_event_loop.h"
+#include "qt/base/qt_event_loop.h"
 #include "qt/serial/port_trouble.h"
 
 namespace quillmark {

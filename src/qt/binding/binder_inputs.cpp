@@ -11,6 +11,7 @@
 #include "qt/text/latin1.h"
 #include "qt/widgets/colors.h"
 #include "qt/widgets/noted_items.h"
+#include "qt/widgets/plain_tip.h"
 #include "qt/widgets/row_widgets.h"
 #include "qt/widgets/table_view.h"
 #include "qt/widgets/terminal_view.h"

@@ -22,6 +22,7 @@
 #include "qt/widgets/colors.h"
 #include "qt/widgets/eliding_button.h"
 #include "qt/widgets/notice_line.h"
+#include "qt/widgets/plain_tip.h"
 
 namespace quillmark {
 

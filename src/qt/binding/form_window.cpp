@@ -15,11 +15,11 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "qt/base/qt_event_loop.h"
 #include "qt/binding/window_fit.h"
 #include "qt/binding/window_places.h"
 #include "qt/binding/window_registry.h"
 #include "qt/desktop/form_size.h"
-#include "qt/desktop/qt_event_loop.h"
 #include "qt/text/latin1.h"
 #include "qt/widgets/terminal_view.h"
 

@@ -5,9 +5,9 @@
 #include <stdexcept>
 #include <utility>
 
+#include "qt/base/qt_event_loop.h"
 #include "qt/binding/form_window.h"
 #include "qt/binding/window_registry.h"
-#include "qt/desktop/qt_event_loop.h"
 #include "text/at_end.h"
 
 namespace quillmark {

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "qt/desktop/qt_desktop.h"
+#include "qt/base/program_files.h"
 
 namespace quillmark {
 

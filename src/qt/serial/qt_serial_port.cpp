@@ -4,7 +4,7 @@
 
 #include <future>
 
-#include "qt/desktop/qt_event_loop.h"
+#include "qt/base/qt_event_loop.h"
 #include "qt/serial/port_trouble.h"
 
 namespace quillmark {

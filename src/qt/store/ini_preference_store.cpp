@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QLockFile>
 #include <QSaveFile>
@@ -14,7 +15,7 @@
 #include <system_error>
 
 #include "config/replaced_file.h"
-#include "qt/desktop/qt_desktop.h"
+#include "qt/base/program_files.h"
 #include "qt/text/latin1.h"
 
 namespace quillmark {
@@ -174,7 +175,8 @@ void IniPreferenceStore::Complain(Kind kind) {
   const auto index = static_cast<std::size_t>(kind);
   if (complained[index]) return;
   complained[index] = true;
-  std::fprintf(stderr, "quillmark-console: the preferences file %s %s\n", file.c_str(),
+  std::fprintf(stderr, "%s: the preferences file %s %s\n",
+               qPrintable(QCoreApplication::applicationName()), file.c_str(),
                wordings[index].Terminal);
   Tell(kind);
 }

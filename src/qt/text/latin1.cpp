@@ -1,6 +1,6 @@
 #include "qt/text/latin1.h"
 
-#include <QTextDocument>
+#include <QStringList>
 #include <cstdlib>
 
 namespace quillmark {
@@ -43,14 +43,6 @@ QString ForeignCharacters(const QString& text) {
     if (point > 0xFF && !foreign.contains(character)) foreign << character;
   }
   return foreign.join(QLatin1Char(' '));
-}
-
-QString PlainTip(const std::string& text) {
-  const QString tip = ToQt(text);
-  // Plain text is not wrapped, and a line could be wider than the screen.
-  constexpr qsizetype longestOnOneLine = 100;
-  const bool asIs = tip.size() <= longestOnOneLine && !Qt::mightBeRichText(tip);
-  return asIs ? tip : QStringLiteral("<qt>%1</qt>").arg(tip.toHtmlEscaped());
 }
 
 QString OnTwoLines(const QString& caption) {

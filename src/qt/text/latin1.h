@@ -28,9 +28,6 @@ QString WithoutMnemonics(QString text);
 // The characters of a text that the radio's alphabet does not have, each once.
 QString ForeignCharacters(const QString& text);
 
-// For tool tips: Qt would show a text that looks like mark-up as such, and a long one on one line.
-QString PlainTip(const std::string& text);
-
 // A long caption on two lines, broken at the blank nearest to its middle.
 QString OnTwoLines(const QString& caption);
 

@@ -6,7 +6,7 @@
 #include <mutex>
 
 #include "e2e/pty_pair.h"
-#include "qt/desktop/qt_event_loop.h"
+#include "qt/base/qt_event_loop.h"
 #include "qt/serial/qt_serial_port.h"
 
 namespace quillmark {

@@ -14,7 +14,7 @@
 #include <utility>
 
 #include "limited_files.h"
-#include "qt/desktop/qt_desktop.h"
+#include "qt/base/program_files.h"
 
 namespace quillmark {
 namespace {

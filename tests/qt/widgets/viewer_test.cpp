@@ -12,9 +12,9 @@
 #include <stdexcept>
 
 #include "config/presets/frmViewer.h"
+#include "qt/base/qt_event_loop.h"
 #include "qt/binding/form_window.h"
 #include "qt/binding/qt_windows.h"
-#include "qt/desktop/qt_event_loop.h"
 #include "qt/widgets/text_page.h"
 
 namespace quillmark {

@@ -1,15 +1,12 @@
-#include "qt/desktop/qt_event_loop.h"
+#include "qt/base/qt_event_loop.h"
 
 #include <QAbstractEventDispatcher>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QDateTime>
-#include <QMessageBox>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
 #include <thread>
-
-#include "qt/text/latin1.h"
 
 namespace quillmark {
 
@@ -95,24 +92,21 @@ void QtEventLoop::Quit() {
 }
 
 void QtEventLoop::Defect(const std::string& what) noexcept {
+  const auto tell = [](const char* text) {
+    std::fprintf(stderr, "%s: %s\n", qPrintable(QCoreApplication::applicationName()), text);
+  };
   try {
-    std::fprintf(stderr, "quillmark-console: internal error: %s\n", what.c_str());
+    tell(("internal error: " + what).c_str());
     ShowDefect(what);
   } catch (...) {
-    std::fputs("quillmark-console: the error could not be shown\n", stderr);
+    tell("the error could not be shown");
   }
 }
 
 void QtEventLoop::ShowDefect(const std::string& what) {
-  if (quitting || showingDefect) return;
+  if (quitting || showingDefect || !OnDefect) return;
   showingDefect = true;
-  QMessageBox box(QMessageBox::Critical, tr("Internal error"),
-                  tr("Something in this program went wrong. You can go on working, but please "
-                     "report this text:\n\n%1")
-                      .arg(ToQt(what)),
-                  QMessageBox::Ok);
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
+  OnDefect(what);
   showingDefect = false;
 }
 

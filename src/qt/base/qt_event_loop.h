@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -11,8 +12,8 @@ class QTimer;
 
 namespace quillmark {
 
-// The desktop's event loop: Qt's, as the logic wants it. The program makes one after its
-// QApplication; it outlives every window, port and timer.
+// Qt's event loop, as the logic wants it. The program makes one after its application object; it
+// outlives every window, port and timer.
 class QtEventLoop : public QObject, public EventLoop {
   Q_OBJECT
 
@@ -36,6 +37,9 @@ class QtEventLoop : public QObject, public EventLoop {
   // Ends the outermost loop and every dialog's own.
   void Quit() override;
   bool Quitting() const override { return quitting; }
+
+  // Shows a defect of the program to the user; stderr has it already. May be empty.
+  std::function<void(const std::string& what)> OnDefect;
 
  signals:
   // The thread is about to be held: what waits to be shown is to be handed to its widget now.

@@ -1,4 +1,4 @@
-#include "qt/desktop/end_signals.h"
+#include "qt/base/end_signals.h"
 
 #include <fcntl.h>
 #include <unistd.h>
