@@ -1,6 +1,7 @@
 #include "settings/programming.h"
 
 #include <optional>
+#include <utility>
 
 #include "catalogue/bounds.h"
 #include "text/text.h"
@@ -45,6 +46,11 @@ std::string CommandOf(const Setting& setting, std::string answer) {
   return std::string(setting.Word) + " " + WithoutWord(input, answer);
 }
 
+std::string_view AwaitedFor(const Setting& setting) {
+  const bool promptAlone = setting.Input && setting.Input->Way == InputWay::PromptAlone;
+  return promptAlone ? ">" : "PROGRAMMED OK";
+}
+
 // A page ends in a prompt somewhere behind its first line end.
 bool PageIsWhole(std::string_view received) {
   const std::size_t lineEnd = Find(received, "\r");
@@ -81,10 +87,10 @@ void SettingProgrammer::InputRow_Click(const SettingRow& row) {
        .Hint = HintOf(row.What, session.SoftwareRevision),
        .Check = [this, &row](std::string_view typed) { return Objection(row, typed); }});
   if (answer.empty()) return;
-  Talk(nullptr, [this, &input, command = CommandOf(row.What, answer)] {
+  Talk(nullptr, [this, &row, command = CommandOf(row.What, answer)] {
     // A read may have changed the mode while this one waited.
-    if (!IsOneOf(input.At, main.ModeText())) return;
-    Program(command, input.Way == InputWay::PromptAlone ? ">" : "PROGRAMMED OK");
+    if (!IsOneOf(row.What.Input->At, main.ModeText())) return;
+    Program(command, AwaitedFor(row.What));
   });
 }
 
@@ -149,6 +155,26 @@ void SettingProgrammer::Program(const std::string& command, std::string_view awa
   main.Sent.Forget();
   const SentSettings::Listening listening(main.Sent);
   radio.CommandExchange(command, awaited, timeOut);
+  session.AskForRead();
+}
+
+std::string SettingProgrammer::CommandFor(const Setting& setting, const std::string& value) {
+  return setting.Input ? CommandOf(setting, value) : std::string(setting.Word) + " " + value;
+}
+
+void SettingProgrammer::Send(std::vector<Change> changes) {
+  Talk(nullptr, [this, changes = std::move(changes)] { SendAll(changes); });
+}
+
+void SettingProgrammer::SendAll(const std::vector<Change>& changes) {
+  main.Sent.Forget();
+  const SentSettings::Listening listening(main.Sent);
+  std::vector<std::string> lines;
+  for (const Change& change : changes) lines.push_back(change.Command);
+  main.Sent.Plan(lines);
+  for (const Change& change : changes) {
+    radio.CommandExchange(change.Command, AwaitedFor(*change.What), timeOut);
+  }
   session.AskForRead();
 }
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/frmOrvalent.h"
 #include "conversation/conversation.h"
@@ -22,6 +23,17 @@ class SettingProgrammer {
   // Joins the rows of the settings view to their handlers, but for those that open a window.
   void Wire();
 
+  // The line that gives a setting this value, as it is typed into the box of its row.
+  static std::string CommandFor(const Setting& setting, const std::string& value);
+  // A setting and the line that is to change it.
+  struct Change {
+    const Setting* What;  // of the catalogue
+    std::string Command;
+  };
+  // Sends these as one act, in their order, when nobody else talks to the radio, without asking
+  // anybody. The read that it asks for shows what the radio holds then.
+  void Send(std::vector<Change> changes);
+
  private:
   void InputRow_Click(const SettingRow& row);
   // What a radio would not take of an answer, as a sentence; empty: nothing.
@@ -36,6 +48,7 @@ class SettingProgrammer {
   // Sends the command and waits for the radio to take it, 3 s at most; the outcome shows in the
   // read that it asks for.
   void Program(const std::string& command, std::string_view awaited = "PROGRAMMED OK");
+  void SendAll(const std::vector<Change>& changes);
 
   Platform& platform;
   Session& session;

@@ -55,6 +55,11 @@ class Console {
   frmOrvalent& Main() { return *main; }
   Session& Shared() { return session; }
   Conversation& Talk() { return radio; }
+  SettingProgrammer& Programmer() { return programmer; }
+  const ConfigSaver& Saver() const { return saver; }
+  RadioHistory& History() { return history; }
+  // What the last read has brought.
+  const ReadCycle::Brought& LastRead() const { return readCycle.Last(); }
 
   // Told after each read cycle that ran to its end.
   std::function<void()> OnReadCycleDone;

@@ -7,9 +7,9 @@
 
 namespace quillmark {
 
-BaseMachine::BaseMachine(Duration longestSleep)
+BaseMachine::BaseMachine(Duration longestSleep, IniPreferenceStore::Writes writes)
     : Events(longestSleep),
-      Store(IniPreferenceStore::UsualFile()),
+      Store(IniPreferenceStore::UsualFile(), writes),
       Numbers(Store, {FindPorts, DeviceExists, QDateTime::currentSecsSinceEpoch,
                       [this](int number) { return PortInUse(number); }}),
       First(Events, [this](int number) { return Numbers.DeviceOf(number); }),

@@ -19,7 +19,8 @@ namespace quillmark {
 // needs a display. A program makes one after its application object.
 struct BaseMachine {
   // Tests bound the sleeps of the event loop.
-  explicit BaseMachine(Duration longestSleep = Duration::max());
+  explicit BaseMachine(Duration longestSleep = Duration::max(),
+                       IniPreferenceStore::Writes writes = IniPreferenceStore::Writes::ToFile);
 
   // Names preferences for this run; once, before AsPlatform.
   void Name(std::vector<RunPreferences::Entry> preferences);

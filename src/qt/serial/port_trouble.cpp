@@ -108,18 +108,6 @@ std::optional<LockMark> FindLockMark(const std::string& device) {
   return std::nullopt;
 }
 
-// A program's name as it was started; empty when the system does not tell.
-std::string ProgramName(pid_t process) {
-  const std::string folder = "/proc/" + std::to_string(process);
-  std::error_code failure;
-  std::string program = std::filesystem::read_symlink(folder + "/exe", failure).string();
-  // Another user's program has no link to be read.
-  if (failure) std::getline(std::ifstream(folder + "/cmdline"), program, '\0');
-  constexpr std::string_view replaced = " (deleted)";
-  if (program.ends_with(replaced)) program.resize(program.size() - replaced.size());
-  return std::filesystem::path(program).filename().string();
-}
-
 std::string UserOf(const LockMark& mark) {
   const std::string program = ProgramName(mark.Process);
   const std::string process = std::to_string(mark.Process);
@@ -138,6 +126,17 @@ std::string RealDevice(const std::string& device) {
   std::error_code failure;
   const auto real = std::filesystem::canonical(device, failure);
   return failure ? device : real.string();
+}
+
+std::string ProgramName(pid_t process) {
+  const std::string folder = "/proc/" + std::to_string(process);
+  std::error_code failure;
+  std::string program = std::filesystem::read_symlink(folder + "/exe", failure).string();
+  // Another user's program has no link to be read.
+  if (failure) std::getline(std::ifstream(folder + "/cmdline"), program, '\0');
+  constexpr std::string_view replaced = " (deleted)";
+  if (program.ends_with(replaced)) program.resize(program.size() - replaced.size());
+  return std::filesystem::path(program).filename().string();
 }
 
 PortTrouble NoDevice(int number) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <optional>
 #include <string>
 
@@ -31,5 +33,8 @@ bool DeviceExists(const std::string& device);
 
 // The device node behind links; `device` itself when there is none.
 std::string RealDevice(const std::string& device);
+
+// A program's name as it was started; empty when the system does not tell.
+std::string ProgramName(pid_t process);
 
 }  // namespace quillmark

@@ -70,7 +70,8 @@ const IniPreferenceStore::Wording IniPreferenceStore::wordings[kinds] = {
      "saved together with the earlier ones."},
 };
 
-IniPreferenceStore::IniPreferenceStore(std::filesystem::path path) : file(std::move(path)) {
+IniPreferenceStore::IniPreferenceStore(std::filesystem::path path, Writes where)
+    : file(std::move(path)), writes(where) {
   Reload();
 }
 
@@ -129,6 +130,10 @@ std::string IniPreferenceStore::ReadPath(const std::string& section, const std::
 }
 
 void IniPreferenceStore::WritePaths(const std::vector<Entry>& entries) {
+  if (writes == Writes::ToMemory) {
+    for (const Entry& entry : entries) NoteUnsaved(entry);
+    return ApplyUnsaved();
+  }
   std::error_code failure;
   std::filesystem::create_directories(file.parent_path(), failure);
   QLockFile lock(NameOf(file) + QStringLiteral(".lock"));

@@ -26,7 +26,10 @@ class IniPreferenceStore : public PreferenceStore {
     std::string Details;
   };
 
-  explicit IniPreferenceStore(std::filesystem::path file);
+  // Where what is written goes: into the file, or nowhere but into this object.
+  enum class Writes { ToFile, ToMemory };
+
+  explicit IniPreferenceStore(std::filesystem::path file, Writes writes = Writes::ToFile);
   // preferences.ini in the program's folder under $XDG_CONFIG_HOME, else ~/.config. There must be
   // such a folder.
   static std::filesystem::path UsualFile();
@@ -61,6 +64,7 @@ class IniPreferenceStore : public PreferenceStore {
   void Tell(Kind kind) const;
 
   std::filesystem::path file;
+  Writes writes;
   IniFile ini;
   std::vector<Entry> unsaved;  // newer than the file, and part of `ini`
   std::array<bool, kinds> complained{};
