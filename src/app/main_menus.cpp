@@ -61,6 +61,7 @@ MainMenus::MainMenus(Form& form)
                        "Open Configuration Store/Restore Window..."),
       mnuAbout(form, &form, "mnuAbout", "&About"),
       mnuManual(form, &mnuHelp, "mnuManual", "&Manual"),
+      mnuKeyboard(form, &mnuHelp, "mnuKeyboard", "&Keyboard"),
       mnuVersions(form, &mnuHelp, "mnuVersions", "&Versions..."),
       mnuRecentFile{{{form, &mnuRecent, "mnuRecentFile_0"},
                      {form, &mnuRecent, "mnuRecentFile_1"},

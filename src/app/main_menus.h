@@ -22,7 +22,7 @@ class MainMenus {
   MenuItem mnuPreferences, mnuSetPass, mnuAccessCode, mnuEncryptCode, mnuSetupMode,
       mnuConfigRestore;
   MenuItem mnuAbout;
-  MenuItem mnuManual, mnuVersions;
+  MenuItem mnuManual, mnuKeyboard, mnuVersions;
   std::array<MenuItem, MostRecentFiles> mnuRecentFile;
   MenuItem mnuPresetView, mnuPresetDelete, mnuPresetRename, mnuPresetEditDesc;
 

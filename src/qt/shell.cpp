@@ -37,7 +37,10 @@ bool FoldersAreSound() {
 Shell::Shell(const Options& options, Dialogs* boxes)
     : Machine(options),
       Platform(Machine.AsPlatform(boxes != nullptr ? *boxes : Machine.Boxes)),
-      Console(Platform) {}
+      Console(Platform),
+      helpKey([this](const std::string& page) {
+        Machine.Events.Deliver([&] { Console.OpenManual(page); });
+      }) {}
 
 Shell::~Shell() { Machine.Shown.CloseAll(); }
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/platform.h"
+#include "qt/help/help_key.h"
 #include "qt/machine.h"
 #include "qt/options.h"
 #include "start/console.h"
@@ -32,6 +33,9 @@ class Shell {
   quillmark::Machine Machine;
   quillmark::Platform Platform;
   quillmark::Console Console;
+
+ private:
+  HelpKey helpKey;
 };
 
 }  // namespace quillmark

@@ -113,10 +113,11 @@ void Console::mnuAbout_Click() {
   main->Enabled = false;
 }
 
-void Console::mnuManual_Click() {
+void Console::OpenManual(const std::string& page) {
   auto window = manual.lock();
   if (!window || !window->Loaded()) window = std::make_shared<frmHelp>();
   manual = window;
+  if (!page.empty()) window->Page.Text = page;
   platform.Windows.Show(window);
 }
 

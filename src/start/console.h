@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "access/access_menus.h"
@@ -52,6 +53,10 @@ class Console {
   // wanted, drains the port, closes it and the log, ends the program. The user may still abort it.
   void Form_Unload();
 
+  // Shows the manual, at the page of that name. Without one it opens at its first page, or stays
+  // where it is.
+  void OpenManual(const std::string& page = {});
+
   frmOrvalent& Main() { return *main; }
   Session& Shared() { return session; }
   Conversation& Talk() { return radio; }
@@ -79,7 +84,6 @@ class Console {
   void Connect();
   void Refresh();
   void mnuAbout_Click();
-  void mnuManual_Click();
   void mnuVersions_Click();
   void mnuProperties_Click();
   void mnuPreferences_Click();

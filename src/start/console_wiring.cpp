@@ -75,7 +75,8 @@ void Console::WireShell() {
   main->ButtonAdv.OnClick = [this] { main->ButtonAdv_Click(); };
   main->SettingsTab.OnClick = [this] { main->SettingsTab_Click(); };
   main->mnuAbout.OnClick = [this] { mnuAbout_Click(); };
-  main->mnuManual.OnClick = [this] { mnuManual_Click(); };
+  main->mnuManual.OnClick = [this] { OpenManual(); };
+  main->mnuKeyboard.OnClick = [this] { OpenManual("keyboard"); };
   main->mnuVersions.OnClick = [this] { mnuVersions_Click(); };
   main->mnuPreferences.OnClick = [this] { mnuPreferences_Click(); };
   main->mnuFileExit.OnClick = [this] { Form_Unload(); };

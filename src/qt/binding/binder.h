@@ -36,6 +36,7 @@ namespace quillmark {
 
 class CaptionLabel;
 class ColorBlock;
+class HelpView;
 class NoticeLine;
 class PaintedControls;
 class RowStack;
@@ -101,6 +102,7 @@ class Binder : public QObject, public ControlView {
   void JoinLine(TextBox& control, QLineEdit& line);
   void JoinTerminal(TextBox& control, TerminalView& terminal);
   void JoinReading(TextBox& control, QPlainTextEdit& page);
+  void JoinManual(TextBox& control, HelpView& manual);
   void JoinList(ListBox& control, QComboBox& box);
   void JoinTyping(ListBox& control, QLineEdit* line);
   void JoinTable(Table& control, TableView& view);

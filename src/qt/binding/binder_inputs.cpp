@@ -8,6 +8,7 @@
 
 #include "prefs/colours.h"
 #include "qt/binding/binder.h"
+#include "qt/help/help_view.h"
 #include "qt/text/latin1.h"
 #include "qt/widgets/colors.h"
 #include "qt/widgets/noted_items.h"
@@ -117,6 +118,8 @@ void Binder::JoinTextBox(TextBox& control, QWidget& widget) {
     JoinLine(control, *line);
   } else if (auto* page = qobject_cast<QPlainTextEdit*>(&widget); page && page->isReadOnly()) {
     JoinReading(control, *page);
+  } else if (auto* manual = qobject_cast<HelpView*>(&widget)) {
+    JoinManual(control, *manual);
   } else {
     problems.push_back(control.Name() + " has a widget that takes no text");
   }
@@ -160,6 +163,15 @@ void Binder::JoinReading(TextBox& control, QPlainTextEdit& page) {
     if (page.toPlainText() != text) page.setPlainText(text);
     if (auto* reading = qobject_cast<TextPage*>(&page)) ShowRemarks(control, *reading);
   });
+}
+
+// Its text is the name of the page.
+void Binder::JoinManual(TextBox& control, HelpView& manual) {
+  connect(&manual, &HelpView::PageShown, this, [this, &control](const QString& name) {
+    if (ToQt(control.Text()) == name) return;
+    ActOn(control, [&control, shown = FromQt(name)] { control.UserEdit(shown); });
+  });
+  Follow(control, [&control, &manual] { manual.ShowPage(ToQt(control.Text())); });
 }
 
 void Binder::JoinList(ListBox& control, QComboBox& box) {

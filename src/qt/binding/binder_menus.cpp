@@ -13,6 +13,11 @@ namespace {
 // The text of a menu's entry without the marks of its mnemonic.
 QString WithoutKeys(QString text) { return text.remove(QLatin1Char('&')); }
 
+// The form may give the same text a mnemonic.
+QString Mnemonic(const QString& drawn, const QString& text) {
+  return WithoutKeys(drawn) == text ? drawn : text;
+}
+
 }  // namespace
 
 void Binder::ShowAction(const Clickable& control, QAction& action) {
@@ -24,21 +29,20 @@ void Binder::ShowAction(const Clickable& control, QAction& action) {
 void Binder::JoinMenuItem(MenuItem& control, QAction& action) {
   connect(&action, &QAction::triggered, this,
           [this, &control] { ActOn(control, [&control] { control.Click(); }); });
-  // The form may give the same text a mnemonic.
   const QString drawn = action.text();
   Follow(control, [this, &control, &action, drawn] {
     ShowAction(control, action);
-    const QString text = ToQt(control.Text());
-    action.setText(WithoutKeys(drawn) == text ? drawn : text);
+    action.setText(Mnemonic(drawn, ToQt(control.Text())));
     if (action.isCheckable()) action.setChecked(control.Checked());
   });
 }
 
 void Binder::JoinMenu(Menu& control, QMenu& menu) {
   menu.setToolTipsVisible(true);
-  Follow(control, [this, &control, &menu] {
+  const QString drawn = menu.title();
+  Follow(control, [this, &control, &menu, drawn] {
     ShowAction(control, *menu.menuAction());
-    menu.setTitle(ToQt(control.Text()));
+    menu.setTitle(Mnemonic(drawn, ToQt(control.Text())));
     menu.setAccessibleName(WithoutMnemonics(control.Text()));
   });
 }

@@ -16,6 +16,7 @@
 #include <algorithm>
 
 #include "qt/base/qt_event_loop.h"
+#include "qt/binding/beside_modal.h"
 #include "qt/binding/window_fit.h"
 #include "qt/binding/window_places.h"
 #include "qt/binding/window_registry.h"
@@ -77,7 +78,9 @@ void FormWindow::Show() {
   form->Activate();
   TakeSize();
   StayOnTop();
+  if (row.BesideModal) besideModal = std::make_unique<BesideModal>(*window);
   if (form->Visible()) window->show();
+  if (besideModal) besideModal->Follow();
   NoteSize();
   if (const Control* focus = form->Focus()) binder->MoveFocus(*focus);
 }
@@ -86,6 +89,8 @@ void FormWindow::ShowAgain() {
   form->Activate();
   window->show();
   window->raise();
+  // The user has asked for this one, and goes on in it.
+  if (row.BesideModal) window->activateWindow();
 }
 
 // A change of this flag hides a window: it is made before the window is shown.

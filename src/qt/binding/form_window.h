@@ -14,6 +14,7 @@ class QDropEvent;
 
 namespace quillmark {
 
+class BesideModal;
 class QtEventLoop;
 class WindowPlaces;
 
@@ -78,6 +79,7 @@ class FormWindow : public QObject, public FormView, public ControlView, public A
   WindowPlaces* places;
   std::function<bool()> blocked;
   std::unique_ptr<Binder> binder;
+  std::unique_ptr<BesideModal> besideModal;
   std::vector<std::function<void()>> postponed;
   int acting = 0;       // acts on the stack
   bool sizing = false;  // the program is changing the window's size

@@ -184,6 +184,13 @@ void AddPortEntry(const Ui::frmOrvalent& ui) {
                 {{"&Disconnect", "Shift+F3", ToolbarButton(ui, ui.tbr_Disconnect)}});
 }
 
+// Ahead of the passwords.
+void AddLoginEntries(const Ui::frmOrvalent& ui) {
+  InsertEntries(ui, *ui.mnuSpecial, ui.mnuRadioPassSub->menuAction(),
+                {{"&Login...", "F12", ToolbarButton(ui, ui.tbr_Login)},
+                 {"Lo&gout", "Shift+F12", ToolbarButton(ui, ui.tbr_Logout)}});
+}
+
 void AddViewMenu(const Ui::frmOrvalent& ui) {
   auto* view = new QMenu(QObject::tr("&View"), ui.menuBar);
   view->setAccessibleName(QObject::tr("View"));
@@ -228,6 +235,7 @@ QWidget* DrawMainWindow(QWidget* parent) {
   ShareRoom(*window, ui);
   AddFileEntries(ui);
   AddPortEntry(ui);
+  AddLoginEntries(ui);
   AddViewMenu(ui);
   PutToolbarInTabOrder(ui);
   return window;

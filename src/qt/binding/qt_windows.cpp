@@ -75,12 +75,14 @@ FormWindow& QtWindows::Open(const std::shared_ptr<Form>& form, QWidget* parent) 
 // Windows that were there before a modal one take no acts while it is up, whether it is seen or
 // not.
 bool QtWindows::Blocked(const FormWindow* asking) const {
-  if (modal.empty() || modal.back().isNull()) return false;
+  if (modal.empty() || modal.back().isNull() || asking->Row().BesideModal) return false;
   const auto front = std::find(open.begin(), open.end(), modal.back().data());
   return front != open.end() && std::find(open.begin(), front, asking) != front;
 }
 
 void QtWindows::NoteActive(FormWindow* window) {
+  // It counts as little as a box.
+  if (window->Row().BesideModal) return;
   const QPointer<FormWindow> before = active;
   active = window;
   if (before.isNull() || before == window || std::ranges::count(open, before.data()) == 0) return;

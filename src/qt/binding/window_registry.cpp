@@ -42,6 +42,7 @@ constexpr WindowRow windows[] = {
         .Draw = DrawMainWindow,
         .Main = true,
         .TakesFiles = true,
+        .Help = "settings-and-access",
         .Size = FirstSize::OfForm,
         .Remembered = true,
         .TakesKeys = Keys::ToForm,
@@ -55,17 +56,20 @@ constexpr WindowRow windows[] = {
     {
         .Name = "frmHelp",
         .Draw = DrawDialog<Ui::frmHelp>,
+        .BesideModal = true,
         .TakesKeys = Keys::EscapeEnds,
     },
     {
         .Name = "frmPreferences",
         .Draw = DrawDialog<Ui::frmPreferences>,
+        .Help = "store-and-files",
         .DefaultButton = "OKButton",
         .EscapeClicks = "CancelButton",
     },
     {
         .Name = "frmProperties",
         .Draw = DrawDialog<Ui::frmProperties>,
+        .Help = "serial-port",
         .Stands = Place::OnScreen,
         .DefaultButton = "cmdOK",
         .EscapeClicks = "cmdCancel",
@@ -73,59 +77,69 @@ constexpr WindowRow windows[] = {
     {
         .Name = "frmDLINKOptions",
         .Draw = DrawDialog<Ui::frmDLINKOptions>,
+        .Help = "settings-and-access",
         .DefaultButton = "OKButton",
         .EscapeClicks = "CancelButton",
     },
     {
         .Name = "frmDTYPEOptions",
         .Draw = DrawDialog<Ui::frmDTYPEOptions>,
+        .Help = "settings-and-access",
         .DefaultButton = "NodeButton",
         .EscapeClicks = "CancelButton",
     },
     {
         .Name = "frmRTUOptions",
         .Draw = DrawDialog<Ui::frmRTUOptions>,
+        .Help = "settings-and-access",
         .DefaultButton = "OKButton",
         .EscapeClicks = "CancelButton",
     },
     {
         .Name = "frmXMAP",
         .Draw = DrawDialog<Ui::frmXMAP>,
+        .Help = "settings-and-access",
         .DefaultButton = "ProgramButton",
         .EscapeClicks = "CloseButton",
     },
     {
         .Name = "frmSimpleXMAP",
         .Draw = DrawDialog<Ui::frmSimpleXMAP>,
+        .Help = "configuration-files",
         .DefaultButton = "cmdSet",
         .EscapeClicks = "cmdCancel",
     },
     {
         .Name = "frmSimpleRptrSetup",
         .Draw = DrawDialog<Ui::frmSimpleRptrSetup>,
+        .Help = "configuration-files",
         .Stands = Place::BesideOwner,
         .TakesKeys = Keys::EscapeEnds,
     },
     {
         .Name = "frmLogin",
         .Draw = DrawDialog<Ui::frmLogin>,
+        .Help = "settings-and-access",
         .DefaultButton = "cmdOK",
         .EscapeClicks = "cmdCancel",
     },
     {
         .Name = "frmSetPass",
         .Draw = DrawDialog<Ui::frmSetPass>,
+        .Help = "settings-and-access",
         .DefaultButton = "OKButton",
         .EscapeClicks = "CancelButton",
     },
     {
         .Name = "frmSetup",
         .Draw = DrawDialog<Ui::frmSetup>,
+        .Help = "settings-and-access",
         .DefaultButton = "ExitButton",
     },
     {
         .Name = "frmProgram",
         .Draw = DrawDialog<Ui::frmProgram>,
+        .Help = "firmware-upgrade",
         .DefaultButton = "cmdNo",
         .EscapeClicks = "Command1",
     },
@@ -133,6 +147,7 @@ constexpr WindowRow windows[] = {
         .Name = "frmRSSI",
         .Draw = DrawDialog<Ui::frmRSSI>,
         .Paints = true,
+        .Help = "diagnostics",
         .DefaultButton = "Command1",
         .EscapeClicks = "Command1",
     },
@@ -140,6 +155,7 @@ constexpr WindowRow windows[] = {
         .Name = "frmZoneData",
         .Draw = DrawDialog<Ui::frmZoneData>,
         .Paints = true,
+        .Help = "diagnostics",
         .Remembered = true,
         .EscapeClicks = "mnuExitScreen",
     },
@@ -147,12 +163,14 @@ constexpr WindowRow windows[] = {
         .Name = "frmZoneQuality",
         .Draw = DrawDialog<Ui::frmZoneQuality>,
         .Paints = true,
+        .Help = "diagnostics",
         .Remembered = true,
         .EscapeClicks = "mnuExitScreen",
     },
     {
         .Name = "frmViewer",
         .Draw = DrawViewer,
+        .Help = "configuration-files",
         .Remembered = true,
         .DefaultButton = "cmdClose",
         .EscapeClicks = "cmdClose",
@@ -160,6 +178,7 @@ constexpr WindowRow windows[] = {
     {
         .Name = "frmSentSettings",
         .Draw = DrawDialog<Ui::frmSentSettings>,
+        .Help = "settings-and-access",
         .DefaultButton = "cmdClose",
         .EscapeClicks = "cmdClose",
     },
@@ -173,6 +192,7 @@ constexpr WindowRow windows[] = {
     {
         .Name = "frmRestore",
         .Draw = DrawRestoreWindow,
+        .Help = "store-and-restore",
         .Remembered = true,
         .EscapeClicks = "CloseButton",
     },
@@ -228,6 +248,13 @@ std::span<const WindowRow> AllWindows() { return windows; }
 const WindowRow* WindowNamed(std::string_view name) {
   const auto* const found = std::ranges::find(windows, name, &WindowRow::Name);
   return found == std::end(windows) ? nullptr : found;
+}
+
+const WindowRow* RowAbove(const QWidget& window) {
+  for (const QWidget* at = &window; at != nullptr; at = at->parentWidget()) {
+    if (const WindowRow* row = WindowNamed(at->objectName().toStdString())) return row;
+  }
+  return nullptr;
 }
 
 QWidget* MakeWindow(const WindowRow& row, QWidget* parent) {

@@ -43,6 +43,10 @@ struct WindowRow {
   bool Passes = false;
   // A file that is dropped on it goes to the form.
   bool TakesFiles = false;
+  // The page of the manual that F1 opens; empty when it opens none.
+  std::string_view Help = {};
+  // Can be used while a modal window is up, and no box belongs to it either.
+  bool BesideModal = false;
   FirstSize Size = FirstSize::OfLayout;
   Place Stands = Place::OverOwner;
   // Comes up where the user left it, as large as it was then. Else each time at its first place.
@@ -60,6 +64,10 @@ std::span<const WindowRow> AllWindows();
 
 // The window of that name, or null.
 const WindowRow* WindowNamed(std::string_view name);
+
+// The row of the window that a box or a file dialog belongs to, or its own; null when there is
+// none.
+const WindowRow* RowAbove(const QWidget& window);
 
 // The window of a row, ready to be joined to its form; its default button is set. `parent` owns it,
 // or the caller when that is null. Throws std::logic_error when the window lacks a button or menu

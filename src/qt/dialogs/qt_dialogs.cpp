@@ -19,16 +19,16 @@ namespace quillmark {
 
 namespace {
 
-bool Passes(const QWidget& window) {
+bool OwnsNoBox(const QWidget& window) {
   const WindowRow* row = WindowNamed(FromQt(window.objectName()));
-  return row != nullptr && row->Passes;
+  return row != nullptr && (row->Passes || row->BesideModal);
 }
 
-// The window that a box belongs to: the topmost of ours, but none that goes away without the user.
+// The window that a box belongs to: the topmost of ours that can own one.
 QWidget* OwnerWindow() {
   QWidget* top = QApplication::activeModalWidget();
   if (top == nullptr) top = QApplication::activeWindow();
-  while (top != nullptr && Passes(*top)) top = top->parentWidget();
+  while (top != nullptr && OwnsNoBox(*top)) top = top->parentWidget();
   return top;
 }
 

@@ -21,6 +21,9 @@ constexpr int listColumns = 48;
 
 const QString manualFolder = QStringLiteral(":/manual");
 
+// "keyboard" of "qrc:/manual/keyboard.html".
+QString PageOf(const QUrl& address) { return address.path().section(u'/', -1).section(u'.', 0, 0); }
+
 }  // namespace
 
 ManualBrowser::ManualBrowser(const Manual& shown, QWidget* parent)
@@ -33,13 +36,11 @@ void ManualBrowser::ShowPage(const QString& name) {
   setSource(QUrl(QStringLiteral("qrc:/manual/") + name + QStringLiteral(".html")));
 }
 
-QString ManualBrowser::Shown() const {
-  return source().path().section(u'/', -1).section(u'.', 0, 0);
-}
+QString ManualBrowser::Shown() const { return PageOf(source()); }
 
 QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
   if (type != QTextDocument::HtmlResource) return QTextBrowser::loadResource(type, name);
-  return manual.Html(name.path().section(u'/', -1).section(u'.', 0, 0));
+  return manual.Html(PageOf(name));
 }
 
 HelpView::HelpView(QWidget* parent)
@@ -57,7 +58,11 @@ HelpView::HelpView(QWidget* parent)
   auto* whole = new QHBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(halves);
-  connect(browser, &QTextBrowser::sourceChanged, this, &HelpView::FollowPage);
+  // The browser tells its page one change late.
+  connect(browser, &QTextBrowser::sourceChanged, this, [this](const QUrl& page) {
+    FollowPage(PageOf(page));
+    emit PageShown(PageOf(page));
+  });
   connect(line, &QLineEdit::textChanged, this, &HelpView::Search);
   connect(line, &QLineEdit::returnPressed, this, &HelpView::OpenChosen);
   connect(list, &QListWidget::itemClicked, this, &HelpView::OpenChosen);
@@ -103,6 +108,10 @@ QWidget* HelpView::MakePage() {
   return half;
 }
 
+void HelpView::ShowPage(const QString& name) {
+  if (manual.Has(name) && name != browser->Shown()) browser->ShowPage(name);
+}
+
 QSize HelpView::sizeHint() const {
   return {fontMetrics().averageCharWidth() * usualColumns, fontMetrics().height() * usualRows};
 }
@@ -117,7 +126,7 @@ void HelpView::Search(const QString& words) {
     item->setData(Qt::UserRole, page.Name);
   }
   outcome->setText(list->count() == 0 ? tr("No page holds that.") : QString());
-  FollowPage();
+  FollowPage(browser->Shown());
   if (list->currentItem() == nullptr) list->setCurrentRow(0);
 }
 
@@ -135,9 +144,9 @@ void HelpView::OpenChosen() {
   if (!line->text().isEmpty()) browser->find(line->text());
 }
 
-void HelpView::FollowPage() {
+void HelpView::FollowPage(const QString& name) {
   for (int row = 0; row < list->count(); ++row) {
-    if (list->item(row)->data(Qt::UserRole) == browser->Shown()) list->setCurrentRow(row);
+    if (list->item(row)->data(Qt::UserRole) == name) list->setCurrentRow(row);
   }
 }
 

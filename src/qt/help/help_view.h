@@ -39,14 +39,21 @@ class HelpView : public QWidget {
  public:
   explicit HelpView(QWidget* parent = nullptr);
 
+  // Shows a page, unless it is there already or the manual has none of that name.
+  void ShowPage(const QString& name);
+
   QSize sizeHint() const override;
+
+ signals:
+  // The user has gone to that page.
+  void PageShown(const QString& name);
 
  private:
   QWidget* MakeList();
   QWidget* MakePage();
   void Search(const QString& words);
   void OpenChosen();
-  void FollowPage();
+  void FollowPage(const QString& name);
   // The number of places that hold the words, without regard to case.
   qsizetype Places(const QString& page, const QString& words);
 
