@@ -5,6 +5,7 @@
 #include <QPalette>
 
 #include "qt/text/latin1.h"
+#include "qt/widgets/plain_tip.h"
 
 namespace quillmark {
 
