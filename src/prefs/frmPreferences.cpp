@@ -43,6 +43,7 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
       KeepAliveCheck(*this, this, "KeepAliveCheck", "Keep Radio Connection Alive"),
       LogoutCheck(*this, this, "LogoutCheck", "Logout User On Program Exit"),
       HistoryCheck(*this, this, "HistoryCheck", "Keep Copies Of Radio Settings"),
+      PlanFirstCheck(*this, this, "PlanFirstCheck", "Show What Will Change Before Programming"),
       BoldCheck(*this, this, "BoldCheck", "Use Bold Text"),
       lblTextColor(*this, this, "lblTextColor", "Text Color"),
       lblBackgroundColor(*this, this, "lblBackgroundColor", "Text Background Color"),
@@ -64,6 +65,10 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
   HistoryCheck.ToolTip =
       "If this is checked, a copy of each radio's settings is kept on this computer when they have "
       "changed, and before they are overwritten.";
+  PlanFirstCheck.ToolTip =
+      "If this is checked, a list of the settings that a file or preset will change is shown "
+      "before "
+      "the radio is programmed, with a question.";
   for (ListBox* list : {&TextColorList, &BackgroundColorList}) list->ItemColours = ColourValues();
   TextColorList.SetListIndex(ColourIndex(terminal.ForeColor()));
   BackgroundColorList.SetListIndex(ColourIndex(terminal.BackColor()));
@@ -72,6 +77,7 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
   KeepAliveCheck.Checked = session.KeepAlive;
   LogoutCheck.Checked = session.LogoutOnQuit;
   HistoryCheck.Checked = session.History;
+  PlanFirstCheck.Checked = session.PlanFirst;
   BoldCheck.Checked = terminal.Bold();
   OKButton.OnClick = [this] { OKButton_Click(); };
   CancelButton.OnClick = [this] { Unload(); };
@@ -87,6 +93,7 @@ void frmPreferences::OKButton_Click() {
   session.KeepAlive = Store(KeepAliveCheck, "KeepAlive");
   session.LogoutOnQuit = Store(LogoutCheck, "LogoutOnQuit");
   session.History = Store(HistoryCheck, "History");
+  session.PlanFirst = Store(PlanFirstCheck, "PlanFirst");
   terminal.Bold = Store(BoldCheck, "BoldText");
   terminal.ForeColor = ColourAt(TextColorList.ListIndex());
   store.Write("Preferences", "TextColor", std::to_string(terminal.ForeColor()));

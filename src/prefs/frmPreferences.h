@@ -15,7 +15,8 @@ class frmPreferences : public Form {
  public:
   frmPreferences(PreferenceStore& store, Session& session, TextBox& terminal, Desktop& desktop);
 
-  CheckBox ConnectOnLaunchCheck, KeepAliveCheck, LogoutCheck, HistoryCheck, BoldCheck;
+  CheckBox ConnectOnLaunchCheck, KeepAliveCheck, LogoutCheck, HistoryCheck, PlanFirstCheck,
+      BoldCheck;
   Label lblTextColor, lblBackgroundColor, lblTheme;
   ListBox TextColorList, BackgroundColorList, ThemeList;
   Button OKButton, CancelButton;

@@ -96,7 +96,8 @@ TEST_F(Program, TheTabKeyFollowsTheEye) {
       {"frmSetup", "RxFrequency TxFrequency Key ExitButton"},
       {"frmDTYPEOptions", "NodeButton CancelButton RootButton"},
       {"frmPreferences",
-       "ConnectOnLaunchCheck KeepAliveCheck LogoutCheck HistoryCheck BoldCheck TextColorList "
+       "ConnectOnLaunchCheck KeepAliveCheck LogoutCheck HistoryCheck PlanFirstCheck BoldCheck "
+       "TextColorList "
        "BackgroundColorList ThemeList OKButton CancelButton"},
       {"frmDLINKOptions", "OnOption_1 BaudRate_4 OKButton CancelButton"},
   };

@@ -30,7 +30,8 @@ TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
   EXPECT_EQ(stored, "10027008 16777215 True False ");
 
   InWindow("mnuPreferences", "frmPreferences", [&] {
-    for (const char* box : {"ConnectOnLaunchCheck", "KeepAliveCheck", "LogoutCheck", "BoldCheck"}) {
+    for (const char* box :
+         {"ConnectOnLaunchCheck", "KeepAliveCheck", "LogoutCheck", "PlanFirstCheck", "BoldCheck"}) {
       EXPECT_TRUE(Click(box));
     }
     EXPECT_TRUE(Edit("TextColorList", "Light Yellow"));
@@ -47,6 +48,7 @@ TEST_F(PreferencesWindowTest, OkPutsThemInForceAndStoresThem) {
     EXPECT_TRUE(Shared().ConnectOnLaunch);
     EXPECT_FALSE(Shared().KeepAlive);
     EXPECT_FALSE(Shared().LogoutOnQuit);
+    EXPECT_TRUE(Shared().PlanFirst);
     EXPECT_FALSE(Main().txtTerm.Bold());
     EXPECT_EQ(Main().txtTerm.ForeColor(), 0xD2FAFAU);
     EXPECT_EQ(Main().txtTerm.BackColor(), 0U);

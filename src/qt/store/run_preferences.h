@@ -10,7 +10,8 @@
 namespace quillmark {
 
 // The user's preferences for a run with some of them named on the command line. What the user
-// chooses goes to the store; what the command line says never does.
+// chooses goes to the store, and from then on holds in place of what the command line says, which
+// never goes there.
 class RunPreferences : public PreferenceStore {
  public:
   // `kept` outlives it.
@@ -26,7 +27,9 @@ class RunPreferences : public PreferenceStore {
              const std::string& value) override {
     // A window writes all that it shows, also what nobody has changed.
     const Entry* named = Named(section, key);
-    if (named == nullptr || named->Value != value) store.Write(section, key, value);
+    if (named != nullptr && named->Value == value) return;
+    if (named != nullptr) entries.erase(entries.begin() + (named - entries.data()));
+    store.Write(section, key, value);
   }
   std::string ReadPath(const std::string& section, const std::string& key) const override {
     return store.ReadPath(section, key);

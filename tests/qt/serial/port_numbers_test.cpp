@@ -109,7 +109,7 @@ TEST_F(PortsOfAMachine, WhenAllAreTakenTheOneAbsentLongestIsGivenAgain) {
 }
 
 // "OK" in the preferences window writes all that it shows.
-TEST_F(PortsOfAMachine, APortNamedForOneRunIsNeverStored) {
+TEST_F(PortsOfAMachine, APortNamedForOneRunGivesWayToTheUsersChoiceAlone) {
   store.Write("Properties", "CommPort", "2");
   RunPreferences named(
       store, {{"Properties", "CommPort", "7"}, {"Preferences", "ConnectOnLaunch", "True"}});
@@ -118,8 +118,11 @@ TEST_F(PortsOfAMachine, APortNamedForOneRunIsNeverStored) {
   named.Write("Preferences", "ConnectOnLaunch", "True");
   EXPECT_EQ(store.Read("Properties", "CommPort", "1"), "2");
   EXPECT_EQ(store.Read("Preferences", "ConnectOnLaunch", "none"), "none");
-  named.Write("Properties", "CommPort", "3");
-  EXPECT_EQ(store.Read("Properties", "CommPort", "1"), "3");
+  for (const char* chosen : {"3", "7"}) {
+    named.Write("Properties", "CommPort", chosen);
+    EXPECT_EQ(store.Read("Properties", "CommPort", "1"), chosen);
+    EXPECT_EQ(named.Read("Properties", "CommPort", "1"), chosen);
+  }
 }
 
 }  // namespace
