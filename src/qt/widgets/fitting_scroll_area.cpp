@@ -5,6 +5,12 @@
 
 namespace quillmark {
 
+namespace {
+
+constexpr int fontStep = 5;  // percent
+
+}  // namespace
+
 FittingScrollArea::FittingScrollArea(QWidget* parent) : QScrollArea(parent) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
@@ -41,8 +47,35 @@ QSize FittingScrollArea::minimumSizeHint() const {
 }
 
 bool FittingScrollArea::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+    updateGeometry();
+    WriteSmaller();
+  }
   return QScrollArea::eventFilter(watched, event);
+}
+
+void FittingScrollArea::resizeEvent(QResizeEvent* event) {
+  while (nowFont < 100 && WidthAt(nowFont + fontStep) <= width()) WriteIn(nowFont + fontStep);
+  WriteSmaller();
+  QScrollArea::resizeEvent(event);
+}
+
+// About, as texts do not grow evenly.
+int FittingScrollArea::WidthAt(int percent) const {
+  return widget()->minimumSizeHint().width() * percent / nowFont;
+}
+
+void FittingScrollArea::WriteIn(int percent) {
+  nowFont = percent;
+  QFont face = font();
+  face.setPointSizeF(face.pointSizeF() * percent / 100);
+  widget()->setFont(face);
+}
+
+void FittingScrollArea::WriteSmaller() {
+  while (nowFont > leastFont && widget()->minimumSizeHint().width() > width()) {
+    WriteIn(nowFont - fontStep);
+  }
 }
 
 }  // namespace quillmark

@@ -5,9 +5,11 @@
 namespace quillmark {
 
 // Scrolls what it holds where there is no room for it. It has no frame and takes no focus of its
-// own.
+// own. What is too wide for it is written smaller first, down to `leastFont` percent of the area's
+// own font, which a form sets.
 class FittingScrollArea : public QScrollArea {
   Q_OBJECT
+  Q_PROPERTY(int leastFont MEMBER leastFont)
 
  public:
   explicit FittingScrollArea(QWidget* parent = nullptr);
@@ -25,8 +27,15 @@ class FittingScrollArea : public QScrollArea {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  int WidthAt(int percent) const;
+  void WriteIn(int percent);
+  void WriteSmaller();
+
+  int leastFont = 100;  // percent
+  int nowFont = 100;
   QSize least{160, 80};
   QSize usual{0, 0};
 };
