@@ -67,21 +67,20 @@ bool IsDark(const QPalette& palette) {
 
 QPalette Readable(QPalette palette) {
   for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-    const double least = group == QPalette::Disabled ? leastContrastWhenDisabled : leastContrast;
     for (const Pair& pair : pairs) {
       const QColor ground = palette.color(group, pair.Ground);
       // A see-through ink counts as it looks.
       QColor ink = palette.color(group, pair.Ink);
       ink = Mixed(ground, ink, ink.alphaF());
-      const double wanted = least * pair.Reserve;
+      const double wanted = leastContrast * pair.Reserve;
       if (Contrast(ink, ground) >= wanted) continue;
       palette.setColor(group, pair.Ink, MovedOff(ink, ground, Opposite(ground), wanted));
     }
     const QColor selected = palette.color(group, QPalette::HighlightedText);
     const QColor ground = palette.color(group, QPalette::Highlight);
-    if (Contrast(selected, ground) >= least) continue;
+    if (Contrast(selected, ground) >= leastContrast) continue;
     palette.setColor(group, QPalette::Highlight,
-                     MovedOff(ground, selected, Opposite(selected), least));
+                     MovedOff(ground, selected, Opposite(selected), leastContrast));
   }
   return palette;
 }

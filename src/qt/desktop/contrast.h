@@ -9,9 +9,8 @@ namespace quillmark {
 // formula of the Web Content Accessibility Guidelines. Both colours are opaque.
 double Contrast(const QColor& ink, const QColor& ground);
 
-// What a text needs, and what one needs that stands for something that can't be used now.
+// What a text needs, also one that stands for something that can't be used now.
 inline constexpr double leastContrast = 4.5;
-inline constexpr double leastContrastWhenDisabled = 3;
 
 bool IsDark(const QPalette& palette);
 
