@@ -64,6 +64,11 @@ class RadioProgram {
   QProcess process;
 };
 
+// The text of a box without the marks where its long words may break.
+inline std::string TextOf(const QLabel& label) {
+  return (label.accessibleName().isEmpty() ? label.text() : label.accessibleName()).toStdString();
+}
+
 // Answers every box with the button of that name, and keeps their texts.
 class BoxAnswerer {
  public:
@@ -71,9 +76,9 @@ class BoxAnswerer {
     QObject::connect(&look, &QTimer::timeout, [this] {
       QWidget* box = QApplication::activeModalWidget();
       if (box == nullptr || box->objectName() != "MessageBox") return;
-      Texts.push_back(box->findChild<QLabel*>("messageText")->text().toStdString());
+      Texts.push_back(TextOf(*box->findChild<QLabel*>("messageText")));
       auto* details = box->findChild<QLabel*>("messageDetails");
-      Details.push_back(details == nullptr ? "" : details->text().toStdString());
+      Details.push_back(details == nullptr ? "" : TextOf(*details));
       box->findChild<QPushButton*>(Button)->click();
     });
     look.start(10);

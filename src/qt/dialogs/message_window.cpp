@@ -2,17 +2,24 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "qt/binding/window_fit.h"
 #include "qt/text/latin1.h"
+#include "qt/widgets/fitting_scroll_area.h"
 
 namespace quillmark {
 
@@ -92,12 +99,47 @@ constexpr int lineWidth = 48;
 // Of the sentence on what is wrong with it.
 constexpr int problemLines = 3;
 
+// Where a word that is too long for the column, such as a path, may go on in the next line.
+constexpr QChar breakMark(0x200B);
+constexpr int longestWord = 48;
+constexpr int longestPiece = 24;
+
+QString WithBreaks(const QString& text) {
+  static const QRegularExpression longWords(QStringLiteral("\\S{%1,}").arg(longestWord));
+  static const QRegularExpression pieces(QStringLiteral("([^/]{%1}|/)(?=.)").arg(longestPiece));
+  QString broken = text;
+  QRegularExpressionMatch word = longWords.match(broken);
+  while (word.hasMatch()) {
+    QString parts = word.captured();
+    parts.replace(pieces, QStringLiteral("\\1") + breakMark);
+    broken.replace(word.capturedStart(), word.capturedLength(), parts);
+    word = longWords.match(broken, word.capturedStart() + parts.size());
+  }
+  return broken;
+}
+
+// What the user copies out of a window has no marks for breaks.
+void ReleaseBreaks(QWidget& window) {
+  QClipboard* clipboard = QGuiApplication::clipboard();
+  const auto clean = [&window, clipboard](QClipboard::Mode mode) {
+    QString copied = clipboard->text(mode);
+    if (!copied.contains(breakMark)) return;
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+      if (label->selectedText() != copied) continue;
+      return clipboard->setText(copied.remove(breakMark), mode);
+    }
+  };
+  QObject::connect(clipboard, &QClipboard::changed, &window, clean);
+}
+
 QLabel* MakeText(const std::string& text, const char* name, QWidget* parent) {
-  const QString shown = InLines(text);
+  const QString whole = InLines(text);
+  const QString shown = WithBreaks(whole);
   auto* label = new QLabel(parent);
   label->setObjectName(QLatin1String(name));
   label->setTextFormat(Qt::PlainText);
   label->setText(shown);
+  if (shown != whole) label->setAccessibleName(whole);
   const QFontMetrics metrics = label->fontMetrics();
   const int widest = metrics.averageCharWidth() * columnWidth;
   label->setWordWrap(true);
@@ -111,7 +153,7 @@ QLabel* MakeText(const std::string& text, const char* name, QWidget* parent) {
 }  // namespace
 
 MessageWindow::MessageWindow(const MessageBox& box, QWidget* parent)
-    : QDialog(parent), answer(CloseAnswer(box.Choice)) {
+    : QDialog(parent), area(new FittingScrollArea(this)), answer(CloseAnswer(box.Choice)) {
   setObjectName(QStringLiteral("MessageBox"));
   setWindowTitle(ToQt(box.Title));
   KeepInFront(*this);
@@ -126,12 +168,35 @@ MessageWindow::MessageWindow(const MessageBox& box, QWidget* parent)
     top->addWidget(picture);
     top->addSpacing(fontMetrics().averageCharWidth());
   }
-  top->addWidget(MakeTexts(box), 1);
+  area->Hold(*MakeTexts(box));
+  top->addWidget(area, 1);
   auto* row = new QDialogButtonBox(this);
   AddButtons(box, *row);
   column->addSpacing(fontMetrics().height() / 2);
   column->addWidget(row);
   column->setSizeConstraint(QLayout::SetFixedSize);
+  StayWithin(RoomOn(screen()->availableGeometry(), *this));
+  ReleaseBreaks(*this);
+}
+
+void MessageWindow::StayWithin(QSize room) {
+  const int over = sizeHint().height() - room.height();
+  if (over <= 0) return;
+  const QSize wanted = area->sizeHint();
+  // The bar at the side must not take the texts' room.
+  area->setMinimumWidth(wanted.width() + area->verticalScrollBar()->sizeHint().width());
+  area->setMaximumHeight(wanted.height() - over);
+}
+
+void MessageWindow::keyPressEvent(QKeyEvent* event) {
+  QScrollBar& bar = *area->verticalScrollBar();
+  if (event->key() == Qt::Key_PageDown) {
+    bar.triggerAction(QAbstractSlider::SliderPageStepAdd);
+  } else if (event->key() == Qt::Key_PageUp) {
+    bar.triggerAction(QAbstractSlider::SliderPageStepSub);
+  } else {
+    QDialog::keyPressEvent(event);
+  }
 }
 
 QWidget* MessageWindow::MakeTexts(const MessageBox& box) {
@@ -184,9 +249,13 @@ InputWindow::InputWindow(const InputBox& box, QWidget* parent)
   if (check) AddCheck(*column);
   column->addSpacing(fontMetrics().height() / 2);
   AddButtons(*column);
-  if (!check) return;
-  connect(line, &QLineEdit::textChanged, this, &InputWindow::Judge);
-  Judge();
+  if (check) {
+    connect(line, &QLineEdit::textChanged, this, &InputWindow::Judge);
+    Judge();
+  }
+  const QSize room = RoomOn(screen()->availableGeometry(), *this);
+  FitInto(*this, room);
+  if (sizeHint() != sizeHint().boundedTo(room)) resize(sizeHint().boundedTo(room));
 }
 
 void InputWindow::AddLine(const InputBox& box, QVBoxLayout& column) {

@@ -16,9 +16,12 @@ class QVBoxLayout;
 
 namespace quillmark {
 
+class FittingScrollArea;
+
 // A message box: symbol, text, and the details as a second paragraph that can be copied. All texts
-// are plain. Tests find it by its object names: "MessageBox", "messageText", "messageDetails", and
-// for the buttons "Ok", "Cancel", "Yes" and so on.
+// are plain. On a screen that is too low for them they scroll, also by the keys for pages, above
+// the buttons. Tests find it by its object names: "MessageBox", "messageText", "messageDetails",
+// and for the buttons "Ok", "Cancel", "Yes" and so on.
 class MessageWindow : public QDialog {
   Q_OBJECT
 
@@ -27,11 +30,17 @@ class MessageWindow : public QDialog {
 
   // Shows the box until it is answered. Closing it gives CloseAnswer of its buttons.
   Answer Ask();
+  // Keeps it within that size, in pixels.
+  void StayWithin(QSize room);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QWidget* MakeTexts(const MessageBox& box);
   void AddButtons(const MessageBox& box, QDialogButtonBox& row);
 
+  FittingScrollArea* area;
   Answer answer;
 };
 
