@@ -17,6 +17,7 @@
 
 #include "qt/base/qt_event_loop.h"
 #include "qt/binding/beside_modal.h"
+#include "qt/binding/focus_keeper.h"
 #include "qt/binding/window_fit.h"
 #include "qt/binding/window_places.h"
 #include "qt/binding/window_registry.h"
@@ -69,6 +70,7 @@ void FormWindow::Join() {
   window->setWindowTitle(ToQt(form->Caption()));
   window->installEventFilter(this);
   if (row.TakesFiles) LeaveDropsTo(*window);
+  new FocusKeeper(*window);
   for (TerminalView* terminal : window->findChildren<TerminalView*>()) {
     connect(&events, &QtEventLoop::AboutToSleep, terminal, &TerminalView::Flush);
   }

@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QToolBar>
 #include <QToolButton>
 #include <map>
@@ -16,7 +17,9 @@
 #include <utility>
 #include <vector>
 
+#include "qt/binding/focus_keeper.h"
 #include "qt/binding/main_window.h"
+#include "qt/desktop/qt_event_loop.h"
 
 namespace quillmark {
 namespace {
@@ -94,6 +97,40 @@ TEST_F(MainWindowKeys, TheTabKeyLeadsFromTheToolbarIntoTheTerminal) {
   EXPECT_THAT(order, ElementsAre("tbr_OpenLogFile", "tbr_CloseLogFile", "tbr_Connect",
                                  "tbr_Disconnect", "tbr_Properties", "tbr_TransmitTextFile",
                                  "tbr_Login", "tbr_Logout", "tbr_Terminal", "txtTerm"));
+}
+
+// What Qt does to the focus is not what the user has done.
+TEST(FocusKeeper, BringsTheFocusBackToWhatWasOffForAWhile) {
+  QtEventLoop events;
+  QWidget window;
+  QPushButton first(&window);
+  QPushButton second(&window);
+  QPushButton third(&window);
+  new FocusKeeper(window);
+  const auto activate = [&](QWidget& widget) {
+    widget.show();
+    widget.activateWindow();
+    ASSERT_TRUE(WaitUntil(events, Seconds(5), [&] { return widget.isActiveWindow(); }));
+  };
+  activate(window);
+  const struct {
+    bool OtherWindow;
+    bool Moved;
+  } cases[] = {{false, false}, {false, true}, {true, false}};
+  for (const auto& c : cases) {
+    first.setFocus();
+    QWidget other;
+    if (c.OtherWindow) activate(other);
+    first.setEnabled(false);
+    second.setEnabled(false);
+    EXPECT_EQ(window.focusWidget(), &third);
+    second.setEnabled(true);
+    if (c.Moved) second.setFocus();
+    first.setEnabled(true);
+    EXPECT_EQ(window.focusWidget(), c.Moved ? &second : &first);
+    other.close();
+    activate(window);
+  }
 }
 
 }  // namespace

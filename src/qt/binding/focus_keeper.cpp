@@ -1,0 +1,39 @@
+#include "qt/binding/focus_keeper.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QWidget>
+
+namespace quillmark {
+
+FocusKeeper::FocusKeeper(QWidget& kept) : QObject(&kept), window(kept) {
+  connect(qApp, &QApplication::focusChanged, this, &FocusKeeper::FocusMoved);
+}
+
+void FocusKeeper::Watch(QWidget* next) {
+  if (!chosen.isNull()) chosen->removeEventFilter(this);
+  chosen = next;
+  lost = false;
+  chosen->installEventFilter(this);
+}
+
+void FocusKeeper::FocusMoved(const QWidget* old, QWidget* now) {
+  if (now == nullptr || now->window() != &window || now == chosen) return;
+  // From a widget that is off Qt has moved it, from nowhere the window has got its own one back.
+  const bool movedOn = old == nullptr || !old->isEnabled();
+  if (chosen.isNull() || !movedOn) Watch(now);
+}
+
+// In a window that is not the active one the focus moves without a word. The widget tells of it.
+bool FocusKeeper::eventFilter(QObject*, QEvent* event) {
+  if (event->type() != QEvent::EnabledChange) return false;
+  if (!chosen->isEnabled()) {
+    lost = true;
+  } else if (lost) {
+    lost = false;
+    chosen->setFocus(Qt::OtherFocusReason);
+  }
+  return false;
+}
+
+}  // namespace quillmark
