@@ -135,6 +135,15 @@ TEST_F(Program, HidingTheTerminalTakesItsHeightOffTheWindowAtAnySizeOfFont) {
       EXPECT_EQ(window->size(), shown) << times;
       EXPECT_EQ(Find<QWidget>("lowerHalf").height(), lower) << times;
     }
+    // In a window that the user has sized the rows get the room.
+    const QSize sized(shown.width(), shown.height() + 90);
+    window->resize(sized);
+    for (const bool hidden : {true, false}) {
+      Find<QAction>("tbr_Terminal").trigger();
+      machine->Events.Pump();
+      EXPECT_EQ(window->size(), sized);
+      EXPECT_EQ(Find<QWidget>("lowerHalf").height() == lower, !hidden);
+    }
   }
 }
 

@@ -41,8 +41,9 @@ FittingScrollArea* MakeScrolling(QWidget& held, const char* name, QWidget* paren
   return area;
 }
 
-// The terminal's height comes off the window while the terminal is hidden. When it is back the
-// window has the height with which it came up, and the lower half the height that it had.
+// The terminal's height comes off the window while the terminal is hidden, but for what the rows
+// lack. When it is back the window has the height with which it came up, and the lower half the
+// height that it had. A window that the user has sized keeps its height, and the rows get the room.
 class TerminalFold : public QObject {
  public:
   TerminalFold(QMainWindow& mainWindow, QSplitter& itsSplitter)
@@ -66,11 +67,19 @@ class TerminalFold : public QObject {
  private:
   bool Resizable() const { return !window.isMaximized() && !window.isFullScreen(); }
 
+  // What the lower half wants beyond what it has.
+  int Lacking() const {
+    const QWidget& lower = *splitter.widget(1);
+    return std::max(0, lower.sizeHint().height() - lower.height());
+  }
+
   void Fold() {
     folded = true;
     lowerHeight = splitter.widget(1)->height();
-    if (!Resizable()) return;
-    const int taken = splitter.widget(0)->height() + splitter.handleWidth();
+    sized = window.height() != heightAtLoad;
+    if (!Resizable() || sized) return;
+    const int freed = splitter.widget(0)->height() + splitter.handleWidth();
+    const int taken = std::max(0, freed - Lacking());
     window.setProperty(heightTakenProperty, taken);
     window.resize(window.width(), window.height() - taken);
   }
@@ -78,7 +87,7 @@ class TerminalFold : public QObject {
   void Unfold() {
     folded = false;
     window.setProperty(heightTakenProperty, 0);
-    if (Resizable()) window.resize(window.width(), heightAtLoad);
+    if (Resizable() && !sized) window.resize(window.width(), heightAtLoad);
     const int whole = splitter.height() - splitter.handleWidth();
     splitter.setSizes({whole - lowerHeight, lowerHeight});
   }
@@ -88,6 +97,7 @@ class TerminalFold : public QObject {
   int heightAtLoad = 0;  // 0: not shown yet
   int lowerHeight = 0;
   bool folded = false;
+  bool sized = false;  // by the user
 };
 
 // The tasks beside each other, or, where that is too wide, the new radio beside the two others.

@@ -17,6 +17,7 @@
 #include "qt/binding/main_layout.h"
 #include "qt/widgets/clickable_text.h"
 #include "qt/widgets/notice_line.h"
+#include "qt/widgets/notice_row.h"
 #include "ui_frmOrvalent.h"
 
 namespace quillmark {
@@ -73,7 +74,11 @@ void FillToolbar(QMainWindow& window, const Ui::frmOrvalent& ui) {
 }
 
 // One line high even while no notice stands, so that nothing jumps when one comes.
-void HoldNoticeStrip(QWidget& strip, const NoticeLine& line) {
+void FillNoticeStrip(QWidget& strip, const NoticeLine& line) {
+  auto* row = new NoticeRow(&strip);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(line.fontMetrics().averageCharWidth());
+  for (auto* notice : strip.findChildren<NoticeLine*>()) row->addWidget(notice);
   strip.setMinimumHeight(line.sizeHint().height());
 }
 
@@ -105,18 +110,39 @@ void HoldSizes(const Ui::frmOrvalent& ui) {
   }
 }
 
+// A text that is written smaller where its room is too low for it.
+class FirstSteps : public CaptionLabel {
+ public:
+  using CaptionLabel::CaptionLabel;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    CaptionLabel::resizeEvent(event);
+    for (int percent = 100; percent >= leastShare; percent -= 5) {
+      QFont face = parentWidget()->font();
+      face.setBold(false);
+      face.setPointSizeF(face.pointSizeF() * percent / 100);
+      setFont(face);
+      if (heightForWidth(width()) <= height()) break;
+    }
+  }
+
+ private:
+  static constexpr int leastShare = 70;  // percent
+};
+
 // Over the middle of the terminal, whose ink and paper the user may have chosen.
 void AddFirstSteps(QPlainTextEdit& terminal) {
-  auto* steps = new CaptionLabel(terminal.viewport());
+  auto* steps = new FirstSteps(terminal.viewport());
   steps->setObjectName(QStringLiteral("FirstSteps"));
   steps->setWordWrap(true);
-  QFont quiet = terminal.font();
-  quiet.setBold(false);
-  steps->setFont(quiet);
   steps->setAlignment(Qt::AlignCenter);
   steps->setForegroundRole(QPalette::Text);
   steps->setAttribute(Qt::WA_TransparentForMouseEvents);
+  // The layout must not want more height than there is.
+  steps->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
   auto* around = new QVBoxLayout(terminal.viewport());
+  around->setContentsMargins(4, 0, 4, 0);
   around->addWidget(steps);
 }
 
@@ -227,7 +253,7 @@ QWidget* DrawMainWindow(QWidget* parent) {
   ui.setupUi(window);
   FillToolbar(*window, ui);
   FillStatusBar(*ui.sbrStatus);
-  HoldNoticeStrip(*ui.noticeStrip, *ui.NoAnswer);
+  FillNoticeStrip(*ui.noticeStrip, *ui.NoAnswer);
   AddPresetMenu(*window, ui);
   AddFirstSteps(*ui.txtTerm);
   ShowPowerInWords(ui);

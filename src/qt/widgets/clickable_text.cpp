@@ -106,10 +106,15 @@ void CaptionLabel::LookChanged() {
 }
 
 ValueBox::ValueBox(QWidget* parent) : ClickableText(parent) {
+  LeaveMargins();
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+// Without a frame there is none to keep off at the text's end.
+void ValueBox::LeaveMargins() {
   const int across = fontMetrics().averageCharWidth();
   const int down = std::max(3, fontMetrics().height() / 4);
-  setContentsMargins(across, down, across, down);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  setContentsMargins(across, down, Live() ? across : 0, down);
 }
 
 void ValueBox::SetCaption(CaptionLabel* next) {
@@ -128,7 +133,7 @@ void ValueBox::SetDimmed(bool next) {
 
 QSize ValueBox::sizeHint() const {
   const QMargins margins = contentsMargins();
-  return {fontMetrics().averageCharWidth() * usualWidth + margins.left() + margins.right(),
+  return {fontMetrics().averageCharWidth() * usualWidth + 2 * margins.left(),
           fontMetrics().height() + margins.top() + margins.bottom()};
 }
 
@@ -183,6 +188,7 @@ void ValueBox::keyPressEvent(QKeyEvent* event) {
 }
 
 void ValueBox::LookChanged() {
+  LeaveMargins();
   setFocusPolicy(Live() ? Qt::StrongFocus : Qt::NoFocus);
   if (!caption.isNull()) caption->TakeFocusInPlaceOfValue(!Live());
   if (Live()) {

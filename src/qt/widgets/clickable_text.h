@@ -86,6 +86,7 @@ class ValueBox : public ClickableText {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void LeaveMargins();
   QString Elided() const;
   // The room of the value, ahead of the sign.
   QRect TextRoom() const;

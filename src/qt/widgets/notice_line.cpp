@@ -19,6 +19,11 @@ QString WithoutFigures(QString sentence) {
   return sentence.remove(figures);
 }
 
+// The folders of each path, with the slashes at both ends. A folder's name ends in no blank.
+QRegularExpression Folders() {
+  return QRegularExpression(QStringLiteral("(?<![^\\s\"])/(?:[^/\"]*[^/\"\\s]/)+"));
+}
+
 }  // namespace
 
 NoticeLine::NoticeLine(QWidget* parent) : QPushButton(parent) {
@@ -73,6 +78,28 @@ QSize NoticeLine::minimumSizeHint() const {
   return SizeFor(std::min(least, fontMetrics().horizontalAdvance(sentence)));
 }
 
+QRect NoticeLine::TextRoom() const {
+  return rect().adjusted(MarkWidth() + fontMetrics().averageCharWidth(), 0, 0, 0);
+}
+
+QString NoticeLine::Shown() const {
+  static const QRegularExpression folders = Folders();
+  const QFontMetrics metrics = fontMetrics();
+  const int room = TextRoom().width();
+  QString shown = sentence;
+  QRegularExpressionMatch path = folders.match(shown);
+  while (path.hasMatch() && metrics.horizontalAdvance(shown) > room) {
+    const int others =
+        metrics.horizontalAdvance(shown) - metrics.horizontalAdvance(path.captured());
+    const int least = metrics.horizontalAdvance(QStringLiteral("/\u2026/"));
+    const QString cut =
+        metrics.elidedText(path.captured(), Qt::ElideMiddle, std::max(least, room - others));
+    shown.replace(path.capturedStart(), path.capturedLength(), cut);
+    path = folders.match(shown, path.capturedStart() + cut.size());
+  }
+  return metrics.elidedText(shown, Qt::ElideRight, room);
+}
+
 void NoticeLine::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -89,9 +116,7 @@ void NoticeLine::paintEvent(QPaintEvent*) {
   face.setUnderline(clickable && (hovered || hasFocus()));
   painter.setFont(face);
   painter.setPen(ink);
-  const QRect room = rect().adjusted(MarkWidth() + gap, 0, 0, 0);
-  painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine,
-                   fontMetrics().elidedText(sentence, Qt::ElideRight, room.width()));
+  painter.drawText(TextRoom(), Qt::AlignVCenter | Qt::TextSingleLine, Shown());
   if (!hasFocus()) return;
   QStyleOptionFocusRect frame;
   frame.initFrom(this);

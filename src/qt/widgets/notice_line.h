@@ -5,7 +5,8 @@
 namespace quillmark {
 
 // A sentence that stands beside others on one line, behind a mark. It takes the room that its text
-// needs; where there is less it ends in dots, and the tool tip has all of it. It looks like a link
+// needs; where there is less, paths in it lose their middle first, then it ends in dots. The tool
+// tip has all of it. It looks like a link
 // where it can be clicked, else like a text, and then takes no focus.
 class NoticeLine : public QPushButton {
   Q_OBJECT
@@ -16,6 +17,8 @@ class NoticeLine : public QPushButton {
   void SetSentence(const QString& next);
   void SetClickable(bool next);
   bool IsClickable() const { return clickable; }
+  // What is seen of the sentence.
+  QString Shown() const;
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -29,6 +32,7 @@ class NoticeLine : public QPushButton {
  private:
   QSize SizeFor(int textWidth) const;
   int MarkWidth() const;
+  QRect TextRoom() const;
   void SpeakUp();
 
   QString sentence;

@@ -2,15 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QClipboard>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <memory>
 
 #include "firmware/frmProgram.h"
 #include "pictures/report.h"
+#include "qt/dialogs/message_window.h"
 #include "qt/machine.h"
 #include "qt/text/latin1.h"
 #include "qt/widgets/elided_caption.h"
+#include "qt/widgets/notice_line.h"
 #include "qt/widgets/zone_view.h"
 #include "qt/window_forms.h"
 
@@ -80,6 +88,58 @@ TEST_F(LongTexts, FileNamesFitTheProgressWindowAndShowTheirAmpersands) {
   EXPECT_TRUE(shown->Shown().startsWith("Transmitting S28"));
   EXPECT_TRUE(shown->Shown().endsWith("w.s28"));
   EXPECT_LT(shown->Shown().size(), 100);
+}
+
+TEST_F(LongTexts, AFilesPathGivesWayToWhatARunHasDone) {
+  QWidget* window = Show(console.Main().shared_from_this());
+  window->resize(640, 480);
+  frmOrvalent& main = console.Main();
+  const std::string folder = "/home/ada/radios of the north/" + std::string(90, 'x') + "/ridge/";
+  const std::string saved = "Saved 40 settings to " + folder + "pump 2.txt.";
+  main.LastRun.Tell("39 of 40 settings taken; refused: BAUD 1234");
+  main.FileDone.Tell(saved);
+  machine.Events.Pump();
+  const auto line = [&](const char* name) { return window->findChild<NoticeLine*>(name); };
+  EXPECT_EQ(line("LastRun")->Shown(), "39 of 40 settings taken; refused: BAUD 1234");
+  EXPECT_TRUE(line("FileDone")->Shown().startsWith("Saved 40 settings"));
+  main.LastRun.Drop();
+  machine.Events.Pump();
+  EXPECT_TRUE(line("FileDone")->Shown().startsWith("Saved 40 settings to /home/ada/radios"));
+  EXPECT_TRUE(line("FileDone")->Shown().endsWith("ridge/pump 2.txt."));
+  EXPECT_EQ(line("FileDone")->accessibleName(), ToQt(saved));
+  EXPECT_TRUE(line("FileDone")->toolTip().contains(ToQt(folder)));
+  EXPECT_EQ(window->width(), 640);
+}
+
+// 640 by 480 pixels, and the same at 200 %.
+TEST_F(LongTexts, ABoxStaysOnTheScreenAndScrollsAboveItsButtons) {
+  std::string details;
+  for (int i = 1; i <= 40; ++i)
+    details += "PWR 30 becomes PWR 25, line " + std::to_string(i) + "\r\n";
+  const std::string path = "/" + std::string(150, 'a') + "/" + std::string(150, 'b');
+  for (const QSize room : {QSize(630, 450), QSize(560, 220)}) {
+    MessageWindow box({.Text = path + " not found!", .Title = "File", .Details = details}, nullptr);
+    box.StayWithin(room);
+    box.show();
+    machine.Events.Pump();
+    EXPECT_EQ(box.size().boundedTo(room), box.size());
+    const auto* button = box.findChild<QPushButton*>("Ok");
+    EXPECT_FALSE(button->visibleRegion().isEmpty());
+    const auto* area = box.findChild<QScrollArea*>();
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
+    auto* text = box.findChild<QLabel*>("messageDetails");
+    for (int i = 0; i < 40; ++i) {
+      QKeyEvent page(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
+      QApplication::sendEvent(&box, &page);
+    }
+    const QRect seen = text->visibleRegion().boundingRect();
+    EXPECT_EQ(seen.bottom(), text->rect().bottom())
+        << area->verticalScrollBar()->value() << " of " << area->verticalScrollBar()->maximum();
+    auto* top = box.findChild<QLabel*>("messageText");
+    top->setSelection(0, static_cast<int>(top->text().size()));
+    QGuiApplication::clipboard()->setText(top->selectedText());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), ToQt(path + " not found!"));
+  }
 }
 
 }  // namespace
