@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QClipboard>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -10,7 +9,6 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
@@ -18,6 +16,7 @@
 #include <algorithm>
 
 #include "qt/binding/window_fit.h"
+#include "qt/dialogs/box_text.h"
 #include "qt/text/latin1.h"
 #include "qt/widgets/fitting_scroll_area.h"
 
@@ -92,63 +91,10 @@ QStyle::StandardPixmap PictureOf(Icon symbol) {
   }
 }
 
-// Of a column of text that reads well, in average characters.
-constexpr int columnWidth = 64;
 // Of a line to type into, and so of the title above it.
 constexpr int lineWidth = 48;
 // Of the sentence on what is wrong with it.
 constexpr int problemLines = 3;
-
-// Where a word that is too long for the column, such as a path, may go on in the next line.
-constexpr QChar breakMark(0x200B);
-constexpr int longestWord = 48;
-constexpr int longestPiece = 24;
-
-QString WithBreaks(const QString& text) {
-  static const QRegularExpression longWords(QStringLiteral("\\S{%1,}").arg(longestWord));
-  static const QRegularExpression pieces(QStringLiteral("([^/]{%1}|/)(?=.)").arg(longestPiece));
-  QString broken = text;
-  QRegularExpressionMatch word = longWords.match(broken);
-  while (word.hasMatch()) {
-    QString parts = word.captured();
-    parts.replace(pieces, QStringLiteral("\\1") + breakMark);
-    broken.replace(word.capturedStart(), word.capturedLength(), parts);
-    word = longWords.match(broken, word.capturedStart() + parts.size());
-  }
-  return broken;
-}
-
-// What the user copies out of a window has no marks for breaks.
-void ReleaseBreaks(QWidget& window) {
-  QClipboard* clipboard = QGuiApplication::clipboard();
-  const auto clean = [&window, clipboard](QClipboard::Mode mode) {
-    QString copied = clipboard->text(mode);
-    if (!copied.contains(breakMark)) return;
-    for (const QLabel* label : window.findChildren<QLabel*>()) {
-      if (label->selectedText() != copied) continue;
-      return clipboard->setText(copied.remove(breakMark), mode);
-    }
-  };
-  QObject::connect(clipboard, &QClipboard::changed, &window, clean);
-}
-
-QLabel* MakeText(const std::string& text, const char* name, QWidget* parent) {
-  const QString whole = InLines(text);
-  const QString shown = WithBreaks(whole);
-  auto* label = new QLabel(parent);
-  label->setObjectName(QLatin1String(name));
-  label->setTextFormat(Qt::PlainText);
-  label->setText(shown);
-  if (shown != whole) label->setAccessibleName(whole);
-  const QFontMetrics metrics = label->fontMetrics();
-  const int widest = metrics.averageCharWidth() * columnWidth;
-  label->setWordWrap(true);
-  label->setMinimumWidth(
-      std::min(metrics.boundingRect(QRect(), Qt::AlignLeft, shown).width() + 1, widest));
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  label->setFocusPolicy(Qt::ClickFocus);
-  return label;
-}
 
 }  // namespace
 
@@ -176,7 +122,7 @@ MessageWindow::MessageWindow(const MessageBox& box, QWidget* parent)
   column->addWidget(row);
   column->setSizeConstraint(QLayout::SetFixedSize);
   StayWithin(RoomOn(screen()->availableGeometry(), *this));
-  ReleaseBreaks(*this);
+  CopyWithoutBreaks(*this);
 }
 
 void MessageWindow::StayWithin(QSize room) {
@@ -204,8 +150,8 @@ QWidget* MessageWindow::MakeTexts(const MessageBox& box) {
   auto* column = new QVBoxLayout(texts);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(fontMetrics().height());
-  column->addWidget(MakeText(box.Text, "messageText", texts));
-  if (!box.Details.empty()) column->addWidget(MakeText(box.Details, "messageDetails", texts));
+  column->addWidget(MakeBoxText(box.Text, "messageText", texts));
+  if (!box.Details.empty()) column->addWidget(MakeBoxText(box.Details, "messageDetails", texts));
   column->addStretch();
   return texts;
 }
@@ -240,7 +186,7 @@ InputWindow::InputWindow(const InputBox& box, QWidget* parent)
     : QDialog(parent),
       check(box.Check),
       line(new QLineEdit(this)),
-      trouble(MakeText("", "inputTrouble", this)) {
+      trouble(MakeBoxText("", "inputTrouble", this)) {
   setObjectName(QStringLiteral("InputBox"));
   setWindowTitle(ToQt(box.Title));
   KeepInFront(*this);
@@ -259,12 +205,12 @@ InputWindow::InputWindow(const InputBox& box, QWidget* parent)
 }
 
 void InputWindow::AddLine(const InputBox& box, QVBoxLayout& column) {
-  QLabel* prompt = MakeText(box.Prompt, "inputPrompt", this);
+  QLabel* prompt = MakeBoxText(box.Prompt, "inputPrompt", this);
   column.addWidget(prompt);
   line->setObjectName(QStringLiteral("inputLine"));
   line->setAccessibleName(prompt->text());
   if (!box.Hint.empty()) {
-    QLabel* hint = MakeText(box.Hint, "inputHint", this);
+    QLabel* hint = MakeBoxText(box.Hint, "inputHint", this);
     line->setAccessibleDescription(hint->text());
     column.addWidget(hint);
   }
@@ -283,7 +229,7 @@ void InputWindow::AddLine(const InputBox& box, QVBoxLayout& column) {
 
 // Its room is there from the start, so that nothing moves while the user types.
 void InputWindow::AddCheck(QVBoxLayout& column) {
-  problem = MakeText({}, "inputProblem", this);
+  problem = MakeBoxText({}, "inputProblem", this);
   problem->setMinimumWidth(line->minimumWidth());
   problem->setMinimumHeight(problem->fontMetrics().lineSpacing() * problemLines);
   problem->setAlignment(Qt::AlignLeft | Qt::AlignTop);

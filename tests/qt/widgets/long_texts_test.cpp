@@ -94,7 +94,7 @@ TEST_F(LongTexts, AFilesPathGivesWayToWhatARunHasDone) {
   QWidget* window = Show(console.Main().shared_from_this());
   window->resize(640, 480);
   frmOrvalent& main = console.Main();
-  const std::string folder = "/home/ada/radios of the north/" + std::string(90, 'x') + "/ridge/";
+  const std::string folder = "/srv/radios of the north/" + std::string(90, 'x') + "/ridge/";
   const std::string saved = "Saved 40 settings to " + folder + "pump 2.txt.";
   main.LastRun.Tell("39 of 40 settings taken; refused: BAUD 1234");
   main.FileDone.Tell(saved);
@@ -104,7 +104,7 @@ TEST_F(LongTexts, AFilesPathGivesWayToWhatARunHasDone) {
   EXPECT_TRUE(line("FileDone")->Shown().startsWith("Saved 40 settings"));
   main.LastRun.Drop();
   machine.Events.Pump();
-  EXPECT_TRUE(line("FileDone")->Shown().startsWith("Saved 40 settings to /home/ada/radios"));
+  EXPECT_TRUE(line("FileDone")->Shown().startsWith("Saved 40 settings to /srv/radios"));
   EXPECT_TRUE(line("FileDone")->Shown().endsWith("ridge/pump 2.txt."));
   EXPECT_EQ(line("FileDone")->accessibleName(), ToQt(saved));
   EXPECT_TRUE(line("FileDone")->toolTip().contains(ToQt(folder)));
