@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <random>
 
+#include "history/radio_copy.h"
+
 namespace quillmark::attack {
 
 namespace {
@@ -58,10 +60,20 @@ void Repair(World& world, Findings& findings) {
 }
 
 void JudgeSecrets(World& world, Findings& findings) {
-  for (const auto& [path, text] : world.Files()) world.LookForSecrets(path, text);
+  for (const Tree& tree : {world.Files(), world.Copies()}) {
+    for (const auto& [path, text] : tree) world.LookForSecrets(path, text);
+  }
   for (const std::string& text : world.BoxTexts()) world.LookForSecrets("a box", text);
   world.LookForSecrets("the status", world.Text("pnl_Status"));
   for (const std::string& leak : world.Leaks()) findings.push_back("a secret can be read: " + leak);
+}
+
+// A copy is there whole or not at all.
+void JudgeCopies(const World& world, Findings& findings) {
+  for (const auto& [path, text] : world.Copies()) {
+    if (ReadCopy(path).State == CopyState::Sound) continue;
+    findings.push_back("this is no sound copy: " + path + ": " + text);
+  }
 }
 
 // The byte on its way to the radio that the fault has damaged: when it arrived.
@@ -81,6 +93,7 @@ const Measured& Attack::Measure(const Operation& operation) {
   if (known != measured.end()) return known->second;
   Measured& of = measured[operation.Name];
   World world;
+  world.KeepsCopies = keepsCopies;
   Begin(world, operation, RadioOf(operation));
   const Tree before = world.Files();
   const Duration began = world.Now();
@@ -110,6 +123,7 @@ const Measured& Attack::Measure(const Operation& operation) {
 Findings Attack::Run(const Operation& operation, const Fault& fault, unsigned seed) {
   const Measured& whole = Measure(operation);
   World world;
+  world.KeepsCopies = keepsCopies;
   std::seed_seq mixed{seed, static_cast<unsigned>(std::hash<std::string>{}(operation.Name)),
                       static_cast<unsigned>(std::hash<std::string>{}(fault.Name))};
   Blow blow{.Bench = world,
@@ -134,6 +148,7 @@ Findings Attack::Run(const Operation& operation, const Fault& fault, unsigned se
   JudgeRadio(world, meant, findings);
   if (!world.Ended()) JudgeRows(world, fault, rows, findings);
   JudgeFiles(world, fault, meant, files, findings);
+  JudgeCopies(world, findings);
   if (*fault.Name == 'n' && operation.Succeeded != nullptr &&
       std::string_view(fault.Name) == "none" && !operation.Succeeded(world)) {
     findings.push_back("without a fault its work was not done");

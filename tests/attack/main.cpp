@@ -56,7 +56,8 @@ void RunCell(Attack& attack, const Cell& cell, unsigned last, std::FILE* out) {
 // Runs the cells in child processes and counts what failed.
 class Runner {
  public:
-  Runner(unsigned firstSeed, unsigned lastSeed) : first(firstSeed), last(lastSeed) {}
+  Runner(unsigned firstSeed, unsigned lastSeed, bool keepsCopies)
+      : first(firstSeed), last(lastSeed), attack(keepsCopies) {}
 
   void Add(const Operation& operation, const Fault& fault) {
     if (fault.NeedsFile && *operation.Target == '\0') return;
@@ -179,15 +180,17 @@ int Main(int argc, char** argv) {
   std::string seeds = "100";
   std::vector<std::string> only;
   int jobs = 2;
+  bool history = false;
   app.add_option("--seeds", seeds, "N, or FIRST:LAST")->capture_default_str();
   app.add_option("--only", only, "OPERATION, OPERATION/FAULT or /FAULT");
   app.add_option("--jobs", jobs, "so many processes")->capture_default_str();
+  app.add_flag("--history", history, "the console keeps copies of what radios hold");
   CLI11_PARSE(app, argc, argv);
   const std::size_t colon = seeds.find(':');
   const bool range = colon != std::string::npos;
   const auto first = range ? static_cast<unsigned>(std::stoul(seeds.substr(0, colon))) : 1U;
   const auto last = static_cast<unsigned>(std::stoul(range ? seeds.substr(colon + 1) : seeds));
-  Runner runner(first, last);
+  Runner runner(first, last, history);
   for (const Operation& operation : Operations()) {
     for (const Fault& fault : Faults()) {
       if (Wanted(only, operation, fault)) runner.Add(operation, fault);

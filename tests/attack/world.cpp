@@ -90,6 +90,7 @@ World::World()
 World::~World() { Events().RemoveSource(*this); }
 
 void World::Begin(const SimRadioOptions& options, const std::string& ownName, bool connected) {
+  if (KeepsCopies) Store("Preferences", "History", "True");
   UseRadio(options);
   ProgramOddValues(Radio());
   Radio().Program("own", ownName);
@@ -269,16 +270,6 @@ std::map<std::string, std::string> World::ShownRows() {
     if (row.What.Read && row.Visible()) shown[row.What.Word] = row.Text();
   }
   return shown;
-}
-
-Tree World::Files() const {
-  Tree tree;
-  for (const auto& entry : fs::recursive_directory_iterator(ScratchFolder())) {
-    const std::string name = fs::relative(entry.path(), ScratchFolder()).string();
-    if (name.starts_with("shipped")) continue;
-    tree[name] = entry.is_directory() ? "(folder)" : FileText(entry.path());
-  }
-  return tree;
 }
 
 std::vector<std::string> World::Defects() {

@@ -76,12 +76,15 @@ class World : public sim::Bench, private sim::TimeSource {
   void LookForSecrets(const std::string& where, std::string_view text);
   std::map<std::string, std::string> ShownRows();
   Tree Files() const;
+  // The copies of radios, which stand in no Files; each with its content.
+  Tree Copies() const;
   // Faults of the program that the bench reported.
   std::vector<std::string> Defects();
 
   std::filesystem::path Out(const std::string& name) const { return ScratchFolder() / name; }
   void WriteFile(const std::filesystem::path& path, std::string_view text) const;
 
+  bool KeepsCopies = false;  // of radios; set before Begin
   bool Swapped = false;
   std::set<sim::Time> Broken;  // at these times a line was damaged on its way to the radio
 
