@@ -48,6 +48,7 @@ MainMenus::MainMenus(Form& form)
       mnuOpenLog(form, &mnuFile, "mnuOpenLog", "&Open Log File..."),
       mnuCloseLog(form, &mnuFile, "mnuCloseLog", "&Close Log File"),
       mnuSendText(form, &mnuFile, "mnuSendText", "&Radio Firmware Upgrade..."),
+      mnuHistory(form, &mnuFile, "mnuHistory", "Radio &History..."),
       mnuRestoreBefore(form, &mnuFile, "mnuRestoreBefore", "Restore &What Was There..."),
       mnuFileExit(form, &mnuFile, "mnuFileExit", "E&xit"),
       mnuOpen(form, &mnuPort, "mnuOpen", "Port &Open"),

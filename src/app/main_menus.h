@@ -17,7 +17,7 @@ class MainMenus {
   explicit MainMenus(Form& form);
 
   Menu mnuFile, mnuPort, mnuSpecial, mnuRadioPassSub, mnuPreset, mnuRecent, mnuHelp;
-  MenuItem mnuOpenLog, mnuCloseLog, mnuSendText, mnuRestoreBefore, mnuFileExit;
+  MenuItem mnuOpenLog, mnuCloseLog, mnuSendText, mnuHistory, mnuRestoreBefore, mnuFileExit;
   MenuItem mnuOpen, mnuProperties;
   MenuItem mnuPreferences, mnuSetPass, mnuAccessCode, mnuEncryptCode, mnuSetupMode,
       mnuConfigRestore;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/desktop.h"
@@ -17,6 +18,9 @@ class HeadlessDesktop : public Desktop {
   void Print(const PrintTarget&, const std::filesystem::path&, const std::string&) override {}
   void UseTheme(Theme) override {}
   std::string ShortDate() const override { return LocalShortDate(); }
+  std::string DateAndTime(std::int64_t utcSeconds) const override {
+    return LocalDateAndTime(utcSeconds);
+  }
   double ScreenWidth() const override { return 28800; }
   double ScreenHeight() const override { return 16200; }
 };

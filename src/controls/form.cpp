@@ -52,6 +52,11 @@ void Form::UserClick() {
   if (loaded && Enabled()) Form_Click();
 }
 
+void Form::UserReturn() {
+  const auto alive = weak_from_this().lock();
+  if (loaded && Enabled()) Form_Return();
+}
+
 void Form::UserDrop(const std::filesystem::path& file) {
   const auto alive = weak_from_this().lock();
   if (loaded && Enabled()) Form_Drop(file);

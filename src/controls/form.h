@@ -52,6 +52,8 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   void UserResize(double width, double height);
   void UserKey();
   void UserClick();
+  // Coming back to the window from another one, or from another program.
+  void UserReturn();
   // Drops a file on the window.
   void UserDrop(const std::filesystem::path& file);
 
@@ -74,6 +76,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   virtual void Form_KeyPress() {}
   virtual void Form_Click() {}
   virtual void Form_Drop(const std::filesystem::path&) {}
+  virtual void Form_Return() {}
   virtual void Form_Activate() {}
   virtual void Form_Deactivate() {}
 

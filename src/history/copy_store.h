@@ -38,6 +38,15 @@ class CopyStore {
   std::vector<std::string> Radios() const;
   // What stands in one of them under the ending of a copy, oldest first.
   std::vector<std::filesystem::path> FilesOf(const std::string& folderName) const;
+  // Notes a name and the pin on a sound copy; its name, time and settings stay as they are. An
+  // empty name takes the name away. Throws FileError, also for what is no sound copy.
+  void Note(const std::filesystem::path& file, const std::string& name, bool pinned) const;
+  // Removes a plain file. Throws FileError, also for what is none: that is left alone.
+  static void Remove(const std::filesystem::path& file);
+  // Writes the same bytes to a file of the user's choice, which may be there already: whole, or
+  // what was there stays. Throws FileError.
+  void Export(const std::filesystem::path& file, const std::filesystem::path& to) const;
+
   // The newest sound copy.
   std::optional<RadioCopy> Newest(const std::string& folderName) const;
 

@@ -57,9 +57,11 @@ class Temporary {
   Temporary(const Temporary&) = delete;
   Temporary& operator=(const Temporary&) = delete;
 
-  void Write(const ProgramFiles& files, std::string_view text) {
+  void Write(const ProgramFiles& files, std::string_view text, Readers readers = Readers::Owner) {
     std::error_code error;
-    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, error);
+    if (readers == Readers::Owner) {
+      fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, error);
+    }
     if (error) FailAt(path, error);
     errno = 0;
     bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
@@ -125,6 +127,15 @@ fs::path WriteNewFile(const ProgramFiles& files, const fs::path& folder, const s
     return path;
   }
   FailAt(folder, std::make_error_code(std::errc::file_exists));
+}
+
+void RewriteFile(const ProgramFiles& files, const fs::path& path, std::string_view text,
+                 Readers readers) {
+  const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+  Temporary temporary(folder, path.filename().string());
+  temporary.Write(files, text, readers);
+  MoveOver(temporary.Path(), path);
+  if (const std::error_code unsettled = files.Settle(folder)) FailAt(folder, unsettled);
 }
 
 }  // namespace quillmark

@@ -15,4 +15,12 @@ std::filesystem::path WriteNewFile(const ProgramFiles& files, const std::filesys
                                    const std::string& stem, const std::string& ending,
                                    std::string_view text);
 
+// Who may read a file that is written: its owner alone, or whomever the user's own files are for.
+enum class Readers { Owner, Usual };
+
+// Writes a file in the place of the one of that name, which may be there or not: whole, or what was
+// there stays. A link of that name is replaced, not followed. Throws FileError.
+void RewriteFile(const ProgramFiles& files, const std::filesystem::path& path,
+                 std::string_view text, Readers readers = Readers::Owner);
+
 }  // namespace quillmark

@@ -1,8 +1,6 @@
 #include "history/radio_copy.h"
 
 #include <algorithm>
-#include <charconv>
-#include <chrono>
 #include <cstddef>
 #include <cstdio>
 #include <string_view>
@@ -20,7 +18,6 @@ namespace quillmark {
 namespace {
 
 namespace fs = std::filesystem;
-namespace calendar = std::chrono;
 
 constexpr std::size_t mostLines = 1000;
 constexpr std::string_view mapWord = "XMAP ";
@@ -105,11 +102,12 @@ struct Field {
   std::string RadioCopy::*Text;
   bool OfSave;  // a save has it too
 };
+constexpr std::string_view nameHead = "#Name: ";
 constexpr Field fields[] = {
     {"#From Radio, serial number: ", &RadioCopy::Serial, true},
     {"#With Firmware Version:  ", &RadioCopy::Firmware, true},
     {"#Kept: ", &RadioCopy::Reason, false},
-    {"#Name: ", &RadioCopy::Name, false},
+    {nameHead, &RadioCopy::Name, false},
 };
 constexpr std::string_view timeHead = "#Time: ";
 constexpr std::string_view pinnedLine = "#Pinned";
@@ -147,18 +145,6 @@ void TakeComment(RadioCopy& copy, const std::string& line) {
   }
   if (line == pinnedLine) copy.Pinned = true;
   if (line == incompleteLine) copy.Complete = false;
-}
-
-bool IsWordChar(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-// A number of that many digits; nothing for anything else.
-std::optional<unsigned> Digits(std::string_view text) {
-  unsigned number = 0;
-  const auto end = std::from_chars(text.data(), text.data() + text.size(), number);
-  const bool whole = end.ec == std::errc() && end.ptr == text.data() + text.size();
-  return whole ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace
@@ -213,6 +199,33 @@ std::string CopyText(const RadioCopy& copy, const std::string& date, std::int64_
   return text;
 }
 
+std::string CopyName(std::string_view name) {
+  std::string kept = InComment(std::string(name));
+  std::erase(kept, apart);
+  return std::string(Trim(std::string(Trim(kept)).substr(0, LongestCopyName)));
+}
+
+// Ahead of the first line that is no comment.
+std::string WithNotes(const std::string& text, const std::string& name, bool pinned) {
+  std::string notes;
+  const std::string kept = WithoutWords(CopyName(name));
+  if (!kept.empty()) notes.append(nameHead).append(kept).append("\r\n");
+  if (pinned) notes.append(pinnedLine).append("\r\n");
+  std::string changed;
+  bool inHead = true;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = text.find('\n', at);
+    const std::size_t next = end == std::string::npos ? text.size() : end + 1;
+    const std::string_view line = std::string_view(text).substr(at, next - at);
+    if (std::exchange(inHead, inHead && IsComment(line)) && !inHead) changed += notes;
+    const bool note =
+        line.starts_with(nameHead) || line.substr(0, line.find_first_of("\r\n")) == pinnedLine;
+    if (!inHead || !note) changed += line;
+    at = next;
+  }
+  return changed;
+}
+
 KeptCopy ReadCopy(const fs::path& file) {
   std::error_code error;
   if (!fs::is_regular_file(fs::symlink_status(file, error))) return {};
@@ -236,47 +249,6 @@ KeptCopy CopyIn(const std::vector<std::string>& lines) {
                : endLine == EndLine(kept.Copy.Lines) ? CopyState::Sound
                                                      : CopyState::Changed;
   return kept;
-}
-
-std::string TimeName(std::int64_t utcSeconds) {
-  const calendar::sys_seconds time{calendar::seconds{utcSeconds}};
-  const auto day = calendar::floor<calendar::days>(time);
-  const calendar::year_month_day date{day};
-  const calendar::hh_mm_ss clock{time - day};
-  char text[40];
-  std::snprintf(text, sizeof text, "%04d-%02u-%02u_%02d-%02d-%02d", int{date.year()},
-                unsigned{date.month()}, unsigned{date.day()},
-                static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
-                static_cast<int>(clock.seconds().count()));
-  return text;
-}
-
-std::optional<std::int64_t> TimeOfName(const std::string& stem) {
-  constexpr std::string_view form = "0000-00-00_00-00-00";
-  if (stem.size() < form.size()) return std::nullopt;
-  const std::string_view name(stem);
-  for (std::size_t i = 0; i < form.size(); ++i) {
-    const bool digit = name[i] >= '0' && name[i] <= '9';
-    if (form[i] == '0' ? !digit : name[i] != form[i]) return std::nullopt;
-  }
-  const auto part = [name](std::size_t at, std::size_t length) {
-    return Digits(name.substr(at, length)).value_or(0);
-  };
-  const calendar::year_month_day date{calendar::year{static_cast<int>(part(0, 4))},
-                                      calendar::month{part(5, 2)}, calendar::day{part(8, 2)}};
-  if (!date.ok()) return std::nullopt;
-  const calendar::seconds time = calendar::sys_days{date}.time_since_epoch() +
-                                 calendar::hours{part(11, 2)} + calendar::minutes{part(14, 2)} +
-                                 calendar::seconds{part(17, 2)};
-  return time.count();
-}
-
-std::string FolderName(const std::string& serial) {
-  constexpr std::size_t longest = 24;
-  if (FindAnyCase(serial, "SN") != 1) return "";
-  const std::string number(Trim(std::string_view(serial).substr(2)));
-  const bool sound = number.size() <= longest && std::ranges::all_of(number, IsWordChar);
-  return sound ? number : "";
 }
 
 }  // namespace quillmark

@@ -1,14 +1,17 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "catalogue/radio_texts.h"
 #include "catalogue/settings.h"
+#include "history/copy_names.h"
 
 namespace quillmark {
 
@@ -35,6 +38,14 @@ bool SameSettings(const RadioCopy& a, const RadioCopy& b);
 // The text of its file. `date` is the short date of today, `utcSeconds` the time.
 std::string CopyText(const RadioCopy& copy, const std::string& date, std::int64_t utcSeconds);
 
+// What the user notes on a copy that is kept: lines of its head. The settings, and so the end line,
+// stay as they are, byte for byte. `name` is on one line; empty takes the name away.
+std::string WithNotes(const std::string& text, const std::string& name, bool pinned);
+// The longest name that is kept, in characters; and a name as it can be kept: without what comments
+// can't hold.
+inline constexpr std::size_t LongestCopyName = 60;
+std::string CopyName(std::string_view name);
+
 // What a file is that stands among the copies.
 enum class CopyState {
   Sound,
@@ -50,14 +61,5 @@ struct KeptCopy {
 KeptCopy CopyIn(const std::vector<std::string>& lines);
 // Reads one. A link is not followed, and nothing blocks or throws.
 KeptCopy ReadCopy(const std::filesystem::path& file);
-
-// The name of a file of that time, without its ending: "2026-11-23_15-04-05"; and the time, in
-// seconds since 1970, that such a name tells.
-std::string TimeName(std::int64_t utcSeconds);
-std::optional<std::int64_t> TimeOfName(const std::string& stem);
-
-// The name of a radio's folder: its serial number, if that is 1 to 24 letters and digits, as what a
-// radio says is no file's name. Else empty.
-std::string FolderName(const std::string& serial);
 
 }  // namespace quillmark

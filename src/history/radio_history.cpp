@@ -63,6 +63,11 @@ RadioTexts RadioHistory::Known() const {
   return readCycle.Last().Epoch == radio.Epoch() ? readCycle.Last().Texts : RadioTexts{};
 }
 
+std::optional<RadioCopy> RadioHistory::Connected() const {
+  RadioCopy copy = radio.Open() ? CopyOf(main.Settings, Known()) : RadioCopy();
+  return copy.Lines.empty() ? std::nullopt : std::optional(std::move(copy));
+}
+
 void RadioHistory::AskMap(RadioTexts& texts) {
   const Setting& map = SettingOf(SettingId::XMAP);
   const auto serial = texts.find(SettingId::SerialNumber);
@@ -86,6 +91,7 @@ std::filesystem::path RadioHistory::Keep(const RadioCopy& copy) {
     auto file =
         Store.Add(FolderName(copy.Serial), CopyText(copy, platform.Desktop.ShortDate(), now), now);
     troubleTold = false;
+    if (OnKept) OnKept();
     return file;
   } catch (const FileError& error) {
     if (!std::exchange(troubleTold, true) && Tell) {

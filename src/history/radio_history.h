@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "app/frmOrvalent.h"
@@ -29,6 +30,11 @@ class RadioHistory {
   // Rows are about to be restored; the window has read these texts.
   void BeforeRestore(const RadioTexts& shown);
 
+  // What the connected radio held at its last read; nothing without a radio or a read of it.
+  std::optional<RadioCopy> Connected() const;
+
+  // Told when a copy has been kept. May be empty.
+  std::function<void()> OnKept;
   // Told a sentence when a copy can't be kept; not again before one could. May be empty.
   std::function<void(const std::string&)> Tell;
   // The copy from before the last run; empty without one.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -30,6 +31,9 @@ class Desktop {
   virtual void UseTheme(Theme theme) = 0;
   // Today's date in the short form of the user's locale.
   virtual std::string ShortDate() const = 0;
+  // A moment's date, in the same form, and time of day to the second, in the user's time zone.
+  // `utcSeconds` since 1970.
+  virtual std::string DateAndTime(std::int64_t utcSeconds) const = 0;
   // The main screen's size in twips (1440 to the inch at 100 %).
   virtual double ScreenWidth() const = 0;
   virtual double ScreenHeight() const = 0;

@@ -40,6 +40,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       restore(machine, session, *main, connection, mainTimer, radio),
       history(machine, session, *main, readCycle, radio),
       copyBefore(machine, *main, history, restore),
+      historyMenu(machine, session, *main, history, copyBefore),
       diagnostics(machine, *main, radio),
       fileOpener(machine, *main, fileTasks, restore, upgrade),
       lastRun(machine, *main) {

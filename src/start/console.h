@@ -35,6 +35,7 @@
 #include "start/file_opener.h"
 #include "start/frmHelp.h"
 #include "start/frmSplash.h"
+#include "start/history_menu.h"
 #include "start/last_run.h"
 
 namespace quillmark {
@@ -118,6 +119,7 @@ class Console {
   RestoreMenu restore;
   RadioHistory history;
   CopyBefore copyBefore;
+  HistoryMenu historyMenu;
   DiagnosticButtons diagnostics;
   FileOpener fileOpener;
   LastRun lastRun;

@@ -68,6 +68,7 @@ void Console::WireHistory() {
     copyBefore.NoteRun();
   };
   copyBefore.Wire();
+  historyMenu.Wire();
   history.Tell = [this](const std::string& sentence) { main->FileDone.Tell(sentence); };
 }
 

@@ -6,6 +6,13 @@
 
 namespace quillmark {
 
+namespace {
+
+constexpr const char* restoreTitle = "Restore What Was There";
+constexpr const char* openTitle = "Radio History";
+
+}  // namespace
+
 CopyBefore::CopyBefore(Platform& machine, frmOrvalent& window, RadioHistory& copies,
                        RestoreMenu& restoreMenu)
     : platform(machine), main(window), history(copies), restore(restoreMenu) {}
@@ -27,24 +34,34 @@ void CopyBefore::NoteRead() {
                        [this] { Restore(); });
 }
 
-void CopyBefore::Restore() {
-  if (!main.mnuConfigRestore.Reachable()) {
-    platform.Dialogs.Message({"This can be done when a radio is connected and no run is under way.",
-                              "Restore What Was There"});
-  } else if (IsForThisRadio()) {
-    main.CopyBefore.Drop();
-    restore.Compare(file, true);
-  }
+bool CopyBefore::CanRestore(const std::string& title) const {
+  if (main.mnuConfigRestore.Reachable()) return true;
+  platform.Dialogs.Message(
+      {"This can be done when a radio is connected and no run is under way.", title});
+  return false;
 }
 
-bool CopyBefore::IsForThisRadio() const {
-  const std::string kept = ReadCopy(file).Copy.Serial;
+void CopyBefore::Restore() {
+  if (!CanRestore(restoreTitle)) return;
+  if (!IsForThisRadio(file, "The last run was at another radio", restoreTitle)) return;
+  main.CopyBefore.Drop();
+  restore.Compare(file, true);
+}
+
+void CopyBefore::Open(const std::filesystem::path& copy) {
+  if (!CanRestore(openTitle)) return;
+  if (IsForThisRadio(copy, "This copy is of another radio", openTitle)) restore.Compare(copy);
+}
+
+bool CopyBefore::IsForThisRadio(const std::filesystem::path& copy, const std::string& copyIs,
+                                const std::string& title) const {
+  const std::string kept = ReadCopy(copy).Copy.Serial;
   const std::string& connected = main.At(SettingId::SerialNumber).Text();
   if (kept == connected) return true;
   const Answer answer = platform.Dialogs.Message(
-      {.Text = "The last run was at another radio, " + kept + ". Connected is " + connected +
+      {.Text = copyIs + ", " + kept + ". Connected is " + connected +
                ".\r\rDo you want to compare it with that radio all the same?",
-       .Title = "Restore What Was There",
+       .Title = title,
        .Symbol = Icon::Exclamation,
        .Choice = Buttons::YesNo});
   return answer == Answer::Yes;

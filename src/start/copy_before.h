@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "app/frmOrvalent.h"
 #include "history/radio_history.h"
@@ -20,11 +21,18 @@ class CopyBefore {
   void NoteRun();
   // A read has ended: the run is over.
   void NoteRead();
+  // Opens the store and restore window with another copy, nothing ticked. Tells when that can't be
+  // done now, and asks when another radio is connected.
+  void Open(const std::filesystem::path& copy);
 
  private:
   void Restore();
-  // False when another radio is connected and the user does not want that.
-  bool IsForThisRadio() const;
+  // False, with a box, without a radio or while a run is under way.
+  bool CanRestore(const std::string& title) const;
+  // False when another radio is connected and the user does not want that. `copyIs` begins the
+  // sentence that tells the copy's radio.
+  bool IsForThisRadio(const std::filesystem::path& copy, const std::string& copyIs,
+                      const std::string& title) const;
 
   Platform& platform;
   frmOrvalent& main;

@@ -15,10 +15,13 @@
 #include "diagnostics/frmZoneData.h"
 #include "diagnostics/frmZoneQuality.h"
 #include "firmware/frmProgram.h"
+#include "history/frmHistory.h"
+#include "history/radio_history.h"
 #include "link/connection.h"
 #include "link/frmProperties.h"
 #include "platform/platform.h"
 #include "prefs/frmPreferences.h"
+#include "radio/read_cycle.h"
 #include "restore/frmRestore.h"
 #include "runs/frmSentSettings.h"
 #include "settings/frmDLINKOptions.h"
@@ -42,6 +45,8 @@ struct WindowForms {
   Session& Shared = Console.Shared();
   Conversation& Talk = Console.Talk();
   quillmark::Connection Connection{Platform, Shared, Main, Talk};
+  ReadCycle Cycle{Platform, Shared, Main, Connection, Talk};
+  RadioHistory History{Platform, Shared, Main, Cycle, Talk};
 
   // Null when the table below has no row of that name.
   std::shared_ptr<Form> Make(const std::string& name) {
@@ -71,6 +76,7 @@ struct WindowForms {
         {"frmZoneQuality", [&] { return Of<frmZoneQuality>(Platform, Main, Talk); }},
         {"frmViewer", [] { return Of<frmViewer>(); }},
         {"frmSentSettings", [] { return Of<frmSentSettings>("1 of 2 settings taken", "PWR\r\n"); }},
+        {"frmHistory", [&] { return Of<frmHistory>(Platform, Shared, History); }},
         {"frmComparison",
          [] {
            const auto values = [](const char* line) { return ValuesOf({std::string(line)}); };

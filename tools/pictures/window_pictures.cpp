@@ -13,6 +13,7 @@
 #include "config/presets/frmViewer.h"
 #include "firmware/frmProgram.h"
 #include "pictures/report.h"
+#include "pictures/sample_copies.h"
 #include "qt/binding/qt_windows.h"
 #include "qt/binding/window_registry.h"
 #include "qt/dialogs/message_window.h"
@@ -167,18 +168,11 @@ void WindowPictures::TakeConfigurationWindows() {
     platform.Windows.Show(std::make_shared<frmSentSettings>("4 of 5 settings taken; refused: PWR",
                                                             TableOf(SampleOutcomes())));
   });
+  KeepSampleCopies(platform.Files);
+  TakeShown("frmHistory", "radio-history", [&] { main.mnuHistory.Click(); });
   TakeShown("frmComparison", "comparison", [&] {
-    const std::vector<std::string> before{"OWN Hill top", "MODE M",   "PWR 30 dBm", "BAUD 4800 8N1",
-                                          "DLINK 19200",  "DLINK ON", "XRSSI -120"};
-    const std::vector<std::string> after{"OWN North ridge, the mast behind the water tower",
-                                         "MODE M",
-                                         "PWR 27",
-                                         "BAUD 4800 8N1",
-                                         "DLINK 19200",
-                                         "DLINK OFF"};
     platform.Windows.Show(std::make_shared<frmComparison>(
-        "11/20/2026 09:14:07, read", "11/23/2026 15:04:05, before a preset",
-        CompareValues(ValuesOf(before), ValuesOf(after))));
+        "11/20/2026 09:14:07, read", "11/23/2026 15:04:05, before a preset", SampleComparison()));
   });
   TakeModal("frmViewer", "preset", [&] {
     const auto viewer = std::make_shared<frmViewer>();

@@ -1,9 +1,13 @@
 #include "qt/binding/drawn_windows.h"
 
+#include <QAction>
 #include <QIcon>
 #include <QLabel>
+#include <QShortcut>
+#include <QToolBar>
 #include <QWidget>
 
+#include "ui_frmHistory.h"
 #include "ui_frmSplash.h"
 #include "ui_frmViewer.h"
 
@@ -25,6 +29,25 @@ QWidget* DrawSplash(QWidget* parent) {
   window->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
   const int size = window->fontMetrics().height() * 5;
   ui.picture->setPixmap(window->windowIcon().pixmap(size));
+  return window;
+}
+
+QWidget* DrawHistory(QWidget* parent) {
+  auto* window = new QDialog(parent);
+  Ui::frmHistory ui;
+  ui.setupUi(window);
+  WidenByCharacters(*window);
+  // What a copy can be asked for is found at the copy as well.
+  ui.tblCopies->addActions(ui.bar->actions());
+  ui.tblCopies->setContextMenuPolicy(Qt::ActionsContextMenu);
+  ui.bar->setContextMenuPolicy(Qt::PreventContextMenu);
+  for (QAction* action : ui.bar->actions()) {
+    if (!action->isSeparator()) ui.bar->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
+  }
+  QObject::connect(new QShortcut(QKeySequence::Find, window), &QShortcut::activated, ui.txtSearch,
+                   [line = ui.txtSearch] { line->setFocus(Qt::ShortcutFocusReason); });
+  ui.tables->setStretchFactor(0, 2);
+  ui.tables->setStretchFactor(1, 3);
   return window;
 }
 

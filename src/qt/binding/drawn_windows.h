@@ -26,6 +26,9 @@ QWidget* DrawDialog(QWidget* parent) {
 // The window with the program's name, without a frame.
 QWidget* DrawSplash(QWidget* parent);
 
+// The window of the radio history, with its keys and its context menu.
+QWidget* DrawHistory(QWidget* parent);
+
 // The window that shows a file, with its bar to find words.
 QWidget* DrawViewer(QWidget* parent);
 

@@ -244,6 +244,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
       return true;
     case QEvent::WindowActivate:
       emit Activated();
+      ActAfterwards([this] { form->UserReturn(); });
       return false;
     case QEvent::KeyPress:
       return KeyPressed(static_cast<QKeyEvent*>(event)->key());

@@ -183,6 +183,12 @@ constexpr WindowRow windows[] = {
         .EscapeClicks = "cmdClose",
     },
     {
+        .Name = "frmHistory",
+        .Draw = DrawHistory,
+        .Remembered = true,
+        .EscapeClicks = "cmdClose",
+    },
+    {
         .Name = "frmComparison",
         .Draw = DrawDialog<Ui::frmComparison>,
         .Remembered = true,

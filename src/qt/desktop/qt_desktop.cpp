@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDate>
 #include <QDesktopServices>
 #include <QLocale>
 #include <QScreen>
@@ -67,6 +66,10 @@ void QtDesktop::Print(const PrintTarget& target, const std::filesystem::path& fi
 }
 
 std::string QtDesktop::ShortDate() const { return LocalShortDate(); }
+
+std::string QtDesktop::DateAndTime(std::int64_t utcSeconds) const {
+  return LocalDateAndTime(utcSeconds);
+}
 
 double QtDesktop::ScreenWidth() const {
   return QGuiApplication::primaryScreen()->availableGeometry().width() * twipsPerPixel;

@@ -22,6 +22,7 @@ class QtDesktop : public Desktop {
              const std::string& title) override;
   void UseTheme(Theme theme) override { setter.Use(theme); }
   std::string ShortDate() const override;
+  std::string DateAndTime(std::int64_t utcSeconds) const override;
   double ScreenWidth() const override;
   double ScreenHeight() const override;
 

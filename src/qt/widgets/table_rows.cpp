@@ -34,14 +34,27 @@ constexpr Look LookOf(Sign sign) {
 }  // namespace
 
 void TableRows::Follow(const Table& next) {
-  beginResetModel();
-  table = &next;
-  endResetModel();
+  const int rows = static_cast<int>(next.Rows().size());
+  if (table != &next) {
+    beginResetModel();
+    table = &next;
+    count = rows;
+    endResetModel();
+    return;
+  }
+  if (rows > count) {
+    beginInsertRows({}, count, rows - 1);
+    count = rows;
+    endInsertRows();
+  } else if (rows < count) {
+    beginRemoveRows({}, rows, count - 1);
+    count = rows;
+    endRemoveRows();
+  }
+  if (rows > 0) emit dataChanged(index(0, 0), index(rows - 1, columnCount() - 1));
 }
 
-int TableRows::rowCount(const QModelIndex& parent) const {
-  return table == nullptr || parent.isValid() ? 0 : static_cast<int>(table->Rows().size());
-}
+int TableRows::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : count; }
 
 int TableRows::columnCount(const QModelIndex& parent) const {
   return table == nullptr || parent.isValid() ? 0 : static_cast<int>(table->Headings().size());
@@ -67,8 +80,10 @@ QVariant TableRows::Look(const TableRow& row, int column, int role) const {
 }
 
 QVariant TableRows::data(const QModelIndex& index, int role) const {
-  if (!index.isValid() || index.row() >= rowCount()) return {};
-  const TableRow& row = table->Rows()[static_cast<std::size_t>(index.row())];
+  // Rows that are about to go are not there any more.
+  const auto number = static_cast<std::size_t>(index.row());
+  if (!index.isValid() || number >= table->Rows().size()) return {};
+  const TableRow& row = table->Rows()[number];
   const QString text = TextOf(row, index.column());
   const QString spoken = IsMark(index.column()) ? tr(LookOf(row.Mark).Word) : text;
   switch (role) {

@@ -14,7 +14,8 @@ class TableRows : public QAbstractTableModel {
  public:
   using QAbstractTableModel::QAbstractTableModel;
 
-  // Shows what the table holds now. The table outlives the views.
+  // Shows what the table holds now; rows that only change keep their places on the screen. The
+  // table outlives the views.
   void Follow(const Table& next);
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -31,6 +32,7 @@ class TableRows : public QAbstractTableModel {
   QVariant Look(const TableRow& row, int column, int role) const;
 
   const Table* table = nullptr;
+  int count = 0;  // of the rows that the views know
 };
 
 }  // namespace quillmark

@@ -18,7 +18,7 @@ namespace {
 // In average characters and rows.
 constexpr int widestColumn = 28;
 constexpr int narrowestColumn = 6;
-constexpr int usualColumns = 96;
+constexpr int usualColumns = 80;
 constexpr int usualRows = 12;
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "sim/bench/virtual_machine.h"
 
+#include <ctime>
 #include <fstream>
 #include <iterator>
 #include <system_error>
@@ -25,6 +26,16 @@ void RecordingDesktop::Print(const PrintTarget& target, const fs::path& file,
                              const std::string& title) {
   std::ifstream in(file, std::ios::binary);
   Prints.push_back({target, file, title, {std::istreambuf_iterator<char>(in), {}}});
+}
+
+// An hour ahead of coordinated universal time, as the virtual loop is.
+std::string RecordingDesktop::DateAndTime(std::int64_t utcSeconds) const {
+  const std::time_t local = utcSeconds + 3600;
+  std::tm parts{};
+  char text[40];
+  const bool fits = gmtime_r(&local, &parts) != nullptr &&
+                    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &parts) > 0;
+  return fits ? text : "";
 }
 
 }  // namespace quillmark::sim

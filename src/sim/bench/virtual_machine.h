@@ -71,6 +71,7 @@ class RecordingDesktop : public Desktop {
              const std::string& title) override;
   void UseTheme(Theme theme) override { Used = theme; }
   std::string ShortDate() const override { return Date; }
+  std::string DateAndTime(std::int64_t utcSeconds) const override;
   double ScreenWidth() const override { return 28800; }
   double ScreenHeight() const override { return 16200; }
 

@@ -1,0 +1,31 @@
+#include "start/history_menu.h"
+
+namespace quillmark {
+
+HistoryMenu::HistoryMenu(Platform& machine, const Session& shared, frmOrvalent& mainWindow,
+                         RadioHistory& copies, CopyBefore& opener)
+    : platform(machine), session(shared), main(mainWindow), history(copies), copyBefore(opener) {}
+
+HistoryMenu::~HistoryMenu() {
+  history.OnKept = nullptr;
+  if (const auto shown = window.lock()) shown->Unload();
+}
+
+void HistoryMenu::Wire() {
+  main.mnuHistory.OnClick = [this] { mnuHistory_Click(); };
+  history.OnKept = [this] {
+    if (const auto shown = window.lock()) shown->RefreshSoon();
+  };
+}
+
+void HistoryMenu::mnuHistory_Click() {
+  auto shown = window.lock();
+  if (!shown || !shown->Loaded()) {
+    shown = std::make_shared<frmHistory>(platform, session, history);
+    shown->Restore = [this](const std::filesystem::path& copy) { copyBefore.Open(copy); };
+  }
+  window = shown;
+  platform.Windows.Show(shown);
+}
+
+}  // namespace quillmark

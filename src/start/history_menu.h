@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+
+#include "app/frmOrvalent.h"
+#include "history/frmHistory.h"
+#include "history/radio_history.h"
+#include "platform/platform.h"
+#include "session/session.h"
+#include "start/copy_before.h"
+
+namespace quillmark {
+
+// The menu entry that opens the window of the radio history, one at a time, and what the window
+// needs of the others: a copy that is kept while it is open shows up, and the store and restore
+// window opens one. Everything given to it outlives it.
+class HistoryMenu {
+ public:
+  HistoryMenu(Platform& platform, const Session& session, frmOrvalent& main, RadioHistory& history,
+              CopyBefore& copyBefore);
+  ~HistoryMenu();
+  HistoryMenu(const HistoryMenu&) = delete;
+  HistoryMenu& operator=(const HistoryMenu&) = delete;
+
+  void Wire();
+
+ private:
+  void mnuHistory_Click();
+
+  Platform& platform;
+  const Session& session;
+  frmOrvalent& main;
+  RadioHistory& history;
+  CopyBefore& copyBefore;
+  std::weak_ptr<frmHistory> window;
+};
+
+}  // namespace quillmark
