@@ -38,6 +38,7 @@ constexpr Measurement measurements[] = {
     {"terminal", MeasureTerminal},
     {"zone-polling", MeasureZonePolling},
     {"firmware", MeasureFirmware},
+    {"radio-history", MeasureRadioHistory},
     {"tests", MeasureTestSuite},
 };
 

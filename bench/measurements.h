@@ -21,6 +21,7 @@ std::vector<Figure> MeasureStart(Surroundings& surroundings);
 std::vector<Figure> MeasureTerminal(Surroundings& surroundings);
 std::vector<Figure> MeasureFirmware(Surroundings& surroundings);
 std::vector<Figure> MeasureZonePolling(Surroundings& surroundings);
+std::vector<Figure> MeasureRadioHistory(Surroundings& surroundings);
 std::vector<Figure> MeasureTestSuite(Surroundings& surroundings);
 
 // The name of the floor that Surroundings::IdleRate gives.
