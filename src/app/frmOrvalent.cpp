@@ -28,6 +28,7 @@ frmOrvalent::frmOrvalent(EventLoop& events, std::span<const Setting> settings)
       SettingsRows(static_cast<Form&>(*this), settings),
       QuickTaskControls(static_cast<Form&>(*this)),
       Notices(static_cast<Form&>(*this)),
+      FindControls(static_cast<Form&>(*this)),
       txtTerm(*this, this, "txtTerm"),
       FirstSteps(*this, this, "FirstSteps", firstSteps),
       ButtonAdv(*this, this, "ButtonAdv", "Advanced"),

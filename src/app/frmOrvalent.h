@@ -4,6 +4,7 @@
 #include <functional>
 #include <span>
 
+#include "app/find_controls.h"
 #include "app/main_menus.h"
 #include "app/notices.h"
 #include "app/quick_task_controls.h"
@@ -27,7 +28,8 @@ class frmOrvalent : public Form,
                     public MainMenus,
                     public SettingsRows,
                     public QuickTaskControls,
-                    public Notices {
+                    public Notices,
+                    public FindControls {
  public:
   // `settings` outlives it.
   explicit frmOrvalent(EventLoop& events, std::span<const Setting> settings = AllSettings());

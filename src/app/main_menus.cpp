@@ -1,5 +1,6 @@
 #include "app/main_menus.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 
@@ -26,7 +27,7 @@ void SetToolTips(MainMenus& menus) {
 }
 
 // "&3 north ridge.txt": the digit is the key. An "&" of the name's own is doubled.
-std::string RecentCaption(std::size_t place, const std::string& name) {
+std::string NumberedCaption(std::size_t place, const std::string& name) {
   std::string caption = "&" + std::to_string(place + 1) + " ";
   for (const char c : name) {
     caption += c;
@@ -44,7 +45,9 @@ MainMenus::MainMenus(Form& form)
       mnuRadioPassSub(form, &mnuSpecial, "mnuRadioPassSub", "Radio Passwords..."),
       mnuPreset(form, &form, "mnuPreset", "Preset"),
       mnuRecent(form, &mnuFile, "mnuRecent", "Rece&nt Configurations"),
+      mnuOpenPreset(form, &mnuFile, "mnuOpenPreset", "Open Prese&t"),
       mnuHelp(form, &form, "mnuHelp", "&Help"),
+      mnuOpenConfig(form, &mnuFile, "mnuOpenConfig", "Open Confi&guration..."),
       mnuOpenLog(form, &mnuFile, "mnuOpenLog", "&Open Log File..."),
       mnuCloseLog(form, &mnuFile, "mnuCloseLog", "&Close Log File"),
       mnuSendText(form, &mnuFile, "mnuSendText", "&Radio Firmware Upgrade..."),
@@ -60,6 +63,9 @@ MainMenus::MainMenus(Form& form)
       mnuSetupMode(form, &mnuSpecial, "mnuSetupMode", "Enter Setup Mode..."),
       mnuConfigRestore(form, &mnuSpecial, "mnuConfigRestore",
                        "Open Configuration Store/Restore Window..."),
+      mnuFind(form, &form, "mnuFind", "&Find..."),
+      mnuFilterFactory(form, &form, "mnuFilterFactory", "&Changed From Factory"),
+      mnuFilterCopy(form, &form, "mnuFilterCopy", "Changed Since the &Last Copy"),
       mnuAbout(form, &form, "mnuAbout", "&About"),
       mnuManual(form, &mnuHelp, "mnuManual", "&Manual"),
       mnuKeyboard(form, &mnuHelp, "mnuKeyboard", "&Keyboard"),
@@ -72,6 +78,12 @@ MainMenus::MainMenus(Form& form)
                      {form, &mnuRecent, "mnuRecentFile_5"},
                      {form, &mnuRecent, "mnuRecentFile_6"},
                      {form, &mnuRecent, "mnuRecentFile_7"}}},
+      mnuPresetFile{{{form, &mnuOpenPreset, "mnuPresetFile_0"},
+                     {form, &mnuOpenPreset, "mnuPresetFile_1"},
+                     {form, &mnuOpenPreset, "mnuPresetFile_2"},
+                     {form, &mnuOpenPreset, "mnuPresetFile_3"},
+                     {form, &mnuOpenPreset, "mnuPresetFile_4"},
+                     {form, &mnuOpenPreset, "mnuPresetFile_5"}}},
       mnuPresetView(form, &mnuPreset, "mnuPresetView", "View"),
       mnuPresetDelete(form, &mnuPreset, "mnuPresetDelete", "Delete"),
       mnuPresetRename(form, &mnuPreset, "mnuPresetRename", "Rename This Button"),
@@ -94,6 +106,7 @@ MainMenus::MainMenus(Form& form)
   SetToolTips(*this);
   barRun.Visible = false;
   ShowRecent({});
+  for (std::size_t slot = 0; slot < MostPresets; ++slot) ShowPreset(slot, "");
   // Until a radio is connected and a log is open.
   for (Control* control : std::initializer_list<Control*>{
            &tbr_CloseLogFile, &tbr_Disconnect, &tbr_TransmitTextFile, &tbr_Login, &tbr_Logout,
@@ -109,9 +122,16 @@ void MainMenus::ShowRecent(const std::vector<std::filesystem::path>& files) {
     MenuItem& entry = mnuRecentFile[place];
     entry.Visible = place < files.size();
     const std::filesystem::path file = entry.Visible() ? files[place] : "(Empty)";
-    entry.Text = RecentCaption(place, PathText(file.filename()));
+    entry.Text = NumberedCaption(place, PathText(file.filename()));
     entry.ToolTip = PathText(file);
   }
+}
+
+void MainMenus::ShowPreset(std::size_t slot, const std::string& caption) {
+  mnuPresetFile[slot].Visible = !caption.empty();
+  mnuPresetFile[slot].Text = NumberedCaption(slot, caption.empty() ? "(Empty)" : caption);
+  mnuOpenPreset.Enabled =
+      std::ranges::any_of(mnuPresetFile, [](const MenuItem& entry) { return entry.Visible(); });
 }
 
 }  // namespace quillmark

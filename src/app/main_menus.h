@@ -2,6 +2,7 @@
 
 #include <array>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "controls/choices.h"
@@ -14,16 +15,21 @@ namespace quillmark {
 // The menus, toolbar and status bar of the main window. Part of the main window, and as long-lived.
 class MainMenus {
  public:
+  static constexpr std::size_t MostPresets = 6;
+
   explicit MainMenus(Form& form);
 
-  Menu mnuFile, mnuPort, mnuSpecial, mnuRadioPassSub, mnuPreset, mnuRecent, mnuHelp;
-  MenuItem mnuOpenLog, mnuCloseLog, mnuSendText, mnuHistory, mnuRestoreBefore, mnuFileExit;
+  Menu mnuFile, mnuPort, mnuSpecial, mnuRadioPassSub, mnuPreset, mnuRecent, mnuOpenPreset, mnuHelp;
+  MenuItem mnuOpenConfig, mnuOpenLog, mnuCloseLog, mnuSendText, mnuHistory, mnuRestoreBefore,
+      mnuFileExit;
   MenuItem mnuOpen, mnuProperties;
   MenuItem mnuPreferences, mnuSetPass, mnuAccessCode, mnuEncryptCode, mnuSetupMode,
       mnuConfigRestore;
+  MenuItem mnuFind, mnuFilterFactory, mnuFilterCopy;
   MenuItem mnuAbout;
   MenuItem mnuManual, mnuKeyboard, mnuVersions;
   std::array<MenuItem, MostRecentFiles> mnuRecentFile;
+  std::array<MenuItem, MostPresets> mnuPresetFile;
   MenuItem mnuPresetView, mnuPresetDelete, mnuPresetRename, mnuPresetEditDesc;
 
   Frame tbrToolBar;
@@ -37,6 +43,9 @@ class MainMenus {
 
   // Lists these files in mnuRecent, which is off when there are none.
   void ShowRecent(const std::vector<std::filesystem::path>& files);
+  // Lists a preset in mnuOpenPreset, or no longer does when its caption is empty. Slots count from
+  // 0. The menu is off when it lists none.
+  void ShowPreset(std::size_t slot, const std::string& caption);
 };
 
 }  // namespace quillmark

@@ -9,6 +9,7 @@ Notices::Notices(Form& form)
       ConnectFailed(form, &noticeStrip, "ConnectFailed"),
       PortBack(form, &noticeStrip, "PortBack"),
       NotLoggedIn(form, &noticeStrip, "NotLoggedIn"),
+      Filtered(form, &noticeStrip, "Filtered"),
       LastRun(form, &noticeStrip, "LastRun"),
       CopyBefore(form, &noticeStrip, "CopyBefore"),
       FileDone(form, &noticeStrip, "FileDone"),

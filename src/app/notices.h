@@ -19,6 +19,7 @@ class Notices {
   Notice ConnectFailed;  // why the last connect failed, and the cure
   Notice PortBack;       // the device of the chosen port can be opened again
   Notice NotLoggedIn;    // the radio refuses changes
+  Notice Filtered;       // only some of the settings are shown
   Notice LastRun;        // what the radio took of the last settings sent
   Notice CopyBefore;     // what the radio held before the last run can be restored
   Notice FileDone;       // what the last file holds

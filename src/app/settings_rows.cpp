@@ -12,11 +12,21 @@ SettingRow::SettingRow(Form& form, Frame& frame, const Setting& setting)
   Caption.ToolTip = "Click for more Information";
 }
 
-void SettingRow::Show(bool shown) {
-  Enabled = shown;
-  Visible = shown;
-  Caption.Enabled = shown;
-  Caption.Visible = shown;
+void SettingRow::Show(bool next) {
+  Enabled = next;
+  Caption.Enabled = next;
+  shown = next;
+  ShowOrHide();
+}
+
+void SettingRow::LeaveOut(bool out) {
+  leftOut = out;
+  ShowOrHide();
+}
+
+void SettingRow::ShowOrHide() {
+  Visible = shown && !leftOut;
+  Caption.Visible = Visible();
 }
 
 void SettingRow::ShowRead(const std::string& value) {

@@ -23,12 +23,22 @@ class SettingRow : public ValueField {
   Label Caption;
   bool CameLast = false;  // the last read has brought a value
 
+  // Whether the radio has it, by its revision.
   void Show(bool shown);
+  bool Shown() const { return shown; }
+  // A filter leaves it out of the view, or no longer does.
+  void LeaveOut(bool out);
   // The radio that is connected holds this.
   void ShowRead(const std::string& value);
   void MoveTo(double top);
   // Enabled with the arrow pointer, or disabled with the no-drop pointer.
   void AllowClick(bool allowed);
+
+ private:
+  void ShowOrHide();
+
+  bool shown = true;
+  bool leftOut = false;
 };
 
 // The rows of the main window by frame: the information frame and the six frames under the tabs.

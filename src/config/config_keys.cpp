@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "config/config_lines.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -28,6 +29,11 @@ std::optional<SettingId> SettingOfLine(std::string_view line, std::span<const Se
     if (!HoldsLonger(line, key, settings)) return setting.Id;
   }
   return std::nullopt;
+}
+
+bool IsConfiguration(const std::vector<std::string>& lines) {
+  const auto isSetting = [](const std::string& line) { return SettingOfLine(line).has_value(); };
+  return IsSavedConfig(lines) || std::ranges::any_of(lines, isSetting);
 }
 
 }  // namespace quillmark

@@ -2,7 +2,9 @@
 
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "catalogue/settings.h"
 
@@ -15,5 +17,9 @@ namespace quillmark {
 // no setting.
 std::optional<SettingId> SettingOfLine(std::string_view line,
                                        std::span<const Setting> settings = AllSettings());
+
+// Whether lines are a configuration. A line of a setting is enough: a file may have been written by
+// hand.
+bool IsConfiguration(const std::vector<std::string>& lines);
 
 }  // namespace quillmark

@@ -102,9 +102,11 @@ void ReplacedFile::CopyOld(const fs::path& folder) {
   inPlace = true;
 }
 
-void ReplacedFile::Line(std::string_view text) {
+void ReplacedFile::Line(std::string_view text) { Bytes(std::string(text) + "\r\n"); }
+
+void ReplacedFile::Bytes(std::string_view text) {
   errno = 0;
-  file << text << "\r\n";
+  file << text;
   // At once, so that a run that fails midway leaves every line up to there, and a full disk shows
   // at the line that did not fit.
   file.flush();

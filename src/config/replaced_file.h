@@ -43,6 +43,8 @@ class ReplacedFile {
 
   // The text and CR LF. Throws FileError; the object is of no further use then.
   void Line(std::string_view text);
+  // The text as it is. Throws FileError, likewise.
+  void Bytes(std::string_view text);
   // Everything has been written: the old file goes. Throws FileError.
   void Complete();
   // What a run that ends early leaves behind it.

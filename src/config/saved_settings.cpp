@@ -1,6 +1,7 @@
 #include "config/saved_settings.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "config/direct_run.h"
 #include "text/text.h"
@@ -32,6 +33,20 @@ std::string DlinkLines(const std::string& reply, std::size_t from) {
 }
 
 }  // namespace
+
+std::vector<const Setting*> FileOrder(std::span<const Setting> settings) {
+  constexpr std::pair<SettingId, SettingId> behind[] = {{SettingId::XADDR, SettingId::XMIN},
+                                                        {SettingId::XADDR, SettingId::XMAX},
+                                                        {SettingId::DLINK, SettingId::SoftRTU}};
+  std::vector<const Setting*> order;
+  for (const Setting* setting : SavedOrder(settings)) {
+    order.push_back(setting);
+    for (const auto& [place, id] : behind) {
+      if (setting->Id == place) order.push_back(&settings[PlaceOf(id)]);
+    }
+  }
+  return order;
+}
 
 std::string SavedCommand(const Setting& setting) {
   return setting.Saved->Command != nullptr ? setting.Saved->Command : setting.Word;

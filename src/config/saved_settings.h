@@ -1,13 +1,19 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "catalogue/settings.h"
 
 namespace quillmark {
 
 // How the main window saves a setting, as its row of the catalogue has it.
+
+// All settings that a file may hold, in the order in which they are saved. Those that only the
+// store and restore window saves stand where it has them.
+std::vector<const Setting*> FileOrder(std::span<const Setting> settings);
 
 // What is asked of the radio.
 std::string SavedCommand(const Setting& setting);

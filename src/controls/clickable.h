@@ -73,6 +73,7 @@ class ValueField : public Clickable {
 
   Property<std::string> Mark{*this, ""};  // what is wrong with the value; empty: nothing
   Property<bool> Stale{*this, false};     // of a link that is over; dimmed, and still readable
+  Property<bool> Found{*this, false};     // the one that was looked for
 };
 
 // A box around other controls, with a caption.

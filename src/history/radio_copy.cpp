@@ -49,21 +49,6 @@ std::optional<std::string> LinesOf(const Setting& setting, const std::string& te
   }
 }
 
-// Those that only the store and restore window saves stand where it has them.
-std::vector<const Setting*> CopiedOrder(std::span<const Setting> settings) {
-  constexpr std::pair<SettingId, SettingId> behind[] = {{SettingId::XADDR, SettingId::XMIN},
-                                                        {SettingId::XADDR, SettingId::XMAX},
-                                                        {SettingId::DLINK, SettingId::SoftRTU}};
-  std::vector<const Setting*> order;
-  for (const Setting* setting : SavedOrder(settings)) {
-    order.push_back(setting);
-    for (const auto& [place, id] : behind) {
-      if (setting->Id == place) order.push_back(&settings[PlaceOf(id)]);
-    }
-  }
-  return order;
-}
-
 void AddLines(std::vector<std::string>& lines, std::string text) {
   const std::size_t end = text.find("\r\n");
   if (end != std::string::npos) {
@@ -158,7 +143,7 @@ RadioCopy CopyOf(std::span<const Setting> settings, const RadioTexts& texts) {
   copy.Serial = textOf(SettingId::SerialNumber);
   copy.Firmware = SavedFirmware(textOf(SettingId::SoftwareRev));
   const bool master = IsOneOf(Modes::Master, textOf(SettingId::Mode));
-  for (const Setting* setting : CopiedOrder(settings)) {
+  for (const Setting* setting : FileOrder(settings)) {
     const auto at = texts.find(setting->Id);
     const bool masterOnly = setting->Saved && setting->Saved->MasterOnly;
     if (at == texts.end() || (masterOnly && !master)) continue;

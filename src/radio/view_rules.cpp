@@ -21,7 +21,7 @@ void ApplyModeRules(frmOrvalent& main, bool inSetupMode) {
   for (SettingRow& row : main.Rows) {
     const Modes modes = row.What.View.Clicked;
     // A row that the revision hides stays disabled.
-    if (modes != Modes::All) row.AllowClick(IsOneOf(modes, main.ModeText()) && row.Visible());
+    if (modes != Modes::All) row.AllowClick(IsOneOf(modes, main.ModeText()) && row.Shown());
   }
 }
 

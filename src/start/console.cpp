@@ -35,14 +35,17 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       sender(machine, session, *main, connection, radio, directRun),
       fileTasks(machine, *main, directRun, saver, sender),
       presets(machine, session, *main, directRun, saver, sender),
+      configFiles(machine, *main),
       quickConfig(machine, *main, radio, directRun, sender),
       upgrade(machine, session, *main, connection, radio),
       restore(machine, session, *main, connection, mainTimer, radio),
       history(machine, session, *main, readCycle, radio),
       copyBefore(machine, *main, history, restore),
       historyMenu(machine, session, *main, history, copyBefore),
+      rowFilter(*main, history.Store, machine.Events),
+      finder(*main),
       diagnostics(machine, *main, radio),
-      fileOpener(machine, *main, fileTasks, restore, upgrade),
+      fileOpener(machine, *main, fileTasks, configFiles, restore, upgrade),
       lastRun(machine, *main) {
   WireLink();
   WireShell();

@@ -8,9 +8,11 @@
 
 #include "access/access_menus.h"
 #include "app/frmOrvalent.h"
+#include "app/setting_finder.h"
 #include "config/config_saver.h"
 #include "config/config_sender.h"
 #include "config/direct_run.h"
+#include "config/editor/config_file_menu.h"
 #include "config/file_tasks.h"
 #include "config/new_radio/quick_config.h"
 #include "config/presets/presets.h"
@@ -18,6 +20,7 @@
 #include "diagnostics/diagnostic_buttons.h"
 #include "firmware/firmware_upgrade.h"
 #include "history/radio_history.h"
+#include "history/row_filter.h"
 #include "link/connection.h"
 #include "link/port_watch.h"
 #include "link/receiver.h"
@@ -114,12 +117,15 @@ class Console {
   ConfigSender sender;
   FileTasks fileTasks;
   Presets presets;
+  ConfigFileMenu configFiles;
   QuickConfig quickConfig;
   FirmwareUpgrade upgrade;
   RestoreMenu restore;
   RadioHistory history;
   CopyBefore copyBefore;
   HistoryMenu historyMenu;
+  RowFilter rowFilter;
+  SettingFinder finder;
   DiagnosticButtons diagnostics;
   FileOpener fileOpener;
   LastRun lastRun;

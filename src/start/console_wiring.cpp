@@ -36,6 +36,7 @@ void Console::WireLink() {
     lastRun.ReadDone();
     history.NoteRead();
     copyBefore.NoteRead();
+    rowFilter.Apply();
     if (OnReadCycleDone) OnReadCycleDone();
   };
 }
@@ -54,6 +55,8 @@ void Console::WireNotices() {
 void Console::WireFiles() {
   fileOpener.RunUnderWay = [this] { return directRun.UnderWay() || upgrade.UnderWay(); };
   fileOpener.Wire();
+  configFiles.Wire();
+  configFiles.PresetsChanged = [this] { presets.Reload(); };
 }
 
 void Console::WireHistory() {
@@ -73,6 +76,8 @@ void Console::WireHistory() {
 }
 
 void Console::WireShell() {
+  rowFilter.Wire();
+  finder.Wire();
   main->ButtonAdv.OnClick = [this] { main->ButtonAdv_Click(); };
   main->SettingsTab.OnClick = [this] { main->SettingsTab_Click(); };
   main->mnuAbout.OnClick = [this] { mnuAbout_Click(); };

@@ -1,7 +1,5 @@
 #include "start/file_opener.h"
 
-#include <algorithm>
-
 #include "config/config_keys.h"
 #include "config/config_lines.h"
 #include "firmware/firmware_file.h"
@@ -23,12 +21,9 @@ bool IsFirmware(const fs::path& path) {
   return !file.Open(path) && ReadFirmwareHeader(file.Read(FirmwareHeaderLength)).IsHeaderRecord;
 }
 
-// A line of a setting is enough: a file may have been written by hand.
-bool IsConfiguration(const fs::path& path) {
+bool IsConfigurationFile(const fs::path& path) {
   const ConfigText text = ReadConfigText(path, mostLines);
-  const auto isSetting = [](const std::string& line) { return SettingOfLine(line).has_value(); };
-  return text.Refusal.empty() &&
-         (IsSavedConfig(text.Lines) || std::ranges::any_of(text.Lines, isSetting));
+  return text.Refusal.empty() && IsConfiguration(text.Lines);
 }
 
 std::string Quoted(const fs::path& file) { return "\"" + PathText(file.filename()) + "\""; }
@@ -36,8 +31,14 @@ std::string Quoted(const fs::path& file) { return "\"" + PathText(file.filename(
 }  // namespace
 
 FileOpener::FileOpener(Platform& machine, frmOrvalent& window, FileTasks& fileTasks,
-                       RestoreMenu& restoreMenu, FirmwareUpgrade& firmware)
-    : platform(machine), main(window), tasks(fileTasks), restore(restoreMenu), upgrade(firmware) {}
+                       ConfigFileMenu& itsConfigFiles, RestoreMenu& restoreMenu,
+                       FirmwareUpgrade& firmware)
+    : platform(machine),
+      main(window),
+      tasks(fileTasks),
+      configFiles(itsConfigFiles),
+      restore(restoreMenu),
+      upgrade(firmware) {}
 
 void FileOpener::Wire() {
   main.OnDrop = [this](const fs::path& file) { Open(file); };
@@ -57,7 +58,7 @@ void FileOpener::Open(const fs::path& file) {
     Tell(PathText(file) + " not found!");
   } else if (IsFirmware(file)) {
     OpenFirmware(file);
-  } else if (IsConfiguration(file)) {
+  } else if (IsConfigurationFile(file)) {
     OpenConfiguration(file);
   } else {
     Tell(PathText(file) + " is neither a configuration nor firmware of a radio.");
@@ -67,10 +68,8 @@ void FileOpener::Open(const fs::path& file) {
 void FileOpener::OpenConfiguration(const fs::path& file) {
   const bool mayProgram = main.cmdProgramFromFile.Enabled() && main.frQuick.Enabled();
   const bool mayCompare = main.mnuConfigRestore.Enabled() && main.mnuSpecial.Enabled();
-  if (!mayProgram || !mayCompare) {
-    return Tell("Please connect to a radio first. Then " + Quoted(file) +
-                " can be sent to it or compared with it.");
-  }
+  // Without a radio it can be looked at and changed.
+  if (!mayProgram || !mayCompare) return configFiles.Open(file);
   const Answer answer = platform.Dialogs.Message(
       {.Text = "What is to be done with " + Quoted(file) +
                " ?\r\rProgram: the radio is cleared and gets the whole file.\rCompare: the file "

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/frmOrvalent.h"
+#include "config/editor/config_file_menu.h"
 #include "config/file_tasks.h"
 #include "firmware/firmware_upgrade.h"
 #include "platform/platform.h"
@@ -17,8 +18,8 @@ namespace quillmark {
 // used. Everything given to it outlives it.
 class FileOpener {
  public:
-  FileOpener(Platform& platform, frmOrvalent& main, FileTasks& tasks, RestoreMenu& restore,
-             FirmwareUpgrade& upgrade);
+  FileOpener(Platform& platform, frmOrvalent& main, FileTasks& tasks, ConfigFileMenu& configFiles,
+             RestoreMenu& restore, FirmwareUpgrade& upgrade);
 
   // Joins the main window's drops and its list of recent files to this.
   void Wire();
@@ -36,6 +37,7 @@ class FileOpener {
   Platform& platform;
   frmOrvalent& main;
   FileTasks& tasks;
+  ConfigFileMenu& configFiles;
   RestoreMenu& restore;
   FirmwareUpgrade& upgrade;
 };

@@ -19,7 +19,7 @@ bool LastRun::IsOtherRadio() const {
 
 std::string LastRun::ValueOf(SettingId id) const {
   const SettingRow& row = main.At(id);
-  return row.CameLast && row.Visible() ? row.Text() : "";
+  return row.CameLast && row.Shown() ? row.Text() : "";
 }
 
 void LastRun::ReadDone() {

@@ -267,7 +267,7 @@ void World::Advance(Duration) {
 std::map<std::string, std::string> World::ShownRows() {
   std::map<std::string, std::string> shown;
   for (const SettingRow& row : Main().Rows) {
-    if (row.What.Read && row.Visible()) shown[row.What.Word] = row.Text();
+    if (row.What.Read && row.Shown()) shown[row.What.Word] = row.Text();
   }
   return shown;
 }

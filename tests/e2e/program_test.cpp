@@ -226,7 +226,7 @@ TEST_F(Program, ReportsWithoutAPersonAndEndsOnASignal) {
   EXPECT_THAT(table, HasSubstr("\nStore and Forward Settings\n"
                                "  Store and Forward         SAF OFF\n"));
   EXPECT_THAT(table, HasSubstr("  Radio Mode                MODE M\n"));
-  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 41);
+  EXPECT_EQ(QDir(home.filePath("pictures")).entryList({"*.png"}).size(), 44);
 
   // A radio that was never connected is logged out all the same.
   Prefer("False");

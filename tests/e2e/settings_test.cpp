@@ -8,6 +8,8 @@
 #include "e2e/program_fixture.h"
 #include "prefs/colours.h"
 #include "qt/desktop/contrast.h"
+#include "qt/widgets/clickable_text.h"
+#include "qt/widgets/terminal_view.h"
 #include "qt/window_forms.h"
 #include "settings/frmDLINKOptions.h"
 
@@ -23,6 +25,26 @@ void Answer(QWidget& window, const char* line, const std::string& text) {
   QWidget* found = window.findChild<QLineEdit*>(line);
   TypeInto(*found, text);
   Press(*found, Qt::Key_Return);
+}
+
+TEST_F(Program, TheFindBarTakesTheFocusAndGivesItBack) {
+  radio.Start();
+  Prefer("True");
+  Launch();
+  ASSERT_TRUE(Until([this] { return readCycles == 1; }));
+  auto& terminal = Find<TerminalView>("txtTerm");
+  auto& line = Find<QLineEdit>("txtFind");
+  const auto& row = Find<ValueBox>("PowerLevel");
+  terminal.setFocus();
+  Find<QAction>("mnuFind").trigger();
+  EXPECT_TRUE(line.hasFocus());
+  Find<QPushButton>("cmdFindClose").click();
+  EXPECT_TRUE(Until([&] { return terminal.hasFocus(); }));
+  Find<QAction>("mnuFind").trigger();
+  TypeInto(line, "power level");
+  EXPECT_TRUE(line.hasFocus() && row.isVisible() && !row.hasFocus());
+  Press(line, Qt::Key_Return);
+  EXPECT_TRUE(Until([&] { return row.hasFocus() && !line.isVisible(); }));
 }
 
 TEST_F(Program, LogsInWithThePasswordAndChangesASetting) {

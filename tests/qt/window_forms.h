@@ -9,6 +9,7 @@
 #include "access/frmLogin.h"
 #include "access/frmSetPass.h"
 #include "access/frmSetup.h"
+#include "config/editor/frmConfigFile.h"
 #include "config/frmComparison.h"
 #include "config/presets/frmViewer.h"
 #include "diagnostics/frmRSSI.h"
@@ -75,6 +76,7 @@ struct WindowForms {
         {"frmZoneData", [&] { return Of<frmZoneData>(Platform, Main, Talk); }},
         {"frmZoneQuality", [&] { return Of<frmZoneQuality>(Platform, Main, Talk); }},
         {"frmViewer", [] { return Of<frmViewer>(); }},
+        {"frmConfigFile", [&] { return Of<frmConfigFile>(Platform); }},
         {"frmSentSettings", [] { return Of<frmSentSettings>("1 of 2 settings taken", "PWR\r\n"); }},
         {"frmHistory", [&] { return Of<frmHistory>(Platform, Shared, History); }},
         {"frmComparison",

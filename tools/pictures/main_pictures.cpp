@@ -42,8 +42,25 @@ void WindowPictures::TakeMain() {
     const std::string title = main.SettingsTab.Tabs[static_cast<std::size_t>(tab - 1)];
     Picture(main, "tab-" + std::to_string(tab) + "-" + FileName(title));
   }
+  TakeFound();
   main.ButtonAdv.Click();
   TakeSmallMain();
+}
+
+// The bar that finds a setting, and a filter.
+void WindowPictures::TakeFound() {
+  frmOrvalent& main = console.Main();
+  main.mnuFind.Click();
+  main.txtFind.UserEdit("delay");
+  Picture(main, "find");
+  main.cmdFindClose.Click();
+  SettingRow& power = main.At(SettingId::PowerLevel);
+  const std::string held = power.Text();
+  power.Text = "PWR 25 dBm";
+  main.mnuFilterFactory.Click();
+  Picture(main, "changed-from-factory");
+  main.mnuFilterFactory.Click();
+  power.Text = held;
 }
 
 // As on the smallest screen.

@@ -180,6 +180,7 @@ void WindowPictures::TakeConfigurationWindows() {
     viewer->txtViewer.Text = samplePreset;
     platform.Windows.ShowModal(viewer, main);
   });
+  TakeConfigurationFile();
   TakeShown("frmSimpleRptrSetup", "repeater-setup",
             [&] { platform.Windows.Show(std::make_shared<frmSimpleRptrSetup>()); });
   TakePresetMenu();

@@ -34,12 +34,15 @@ class WindowPictures {
 
   void TellMissing() const;
   void TakeMain();
+  void TakeFound();
   void TakeSmallMain();
   void TakeBoxes();
   void TakeOptionWindows();
   void TakeShellWindows();
   void TakeAccessWindows();
   void TakeConfigurationWindows();
+  // A file opened without the radio, with values that radios don't take.
+  void TakeConfigurationFile();
   void TakePresetMenu();
   // The radio beside a file that differs in a few settings, tab by tab.
   void TakeRestoreWindow();

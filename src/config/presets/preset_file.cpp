@@ -112,7 +112,14 @@ std::optional<PresetPlace> ReadPresetPlace(const fs::path& path) {
 
 void WritePreset(const fs::path& path, std::size_t slot, const PresetHeader& header,
                  const fs::path& configuration) {
-  std::vector<std::string> lines = WholeFile(configuration);
+  WritePreset(path, slot, header, WholeFile(configuration));
+}
+
+void WritePreset(const fs::path& path, std::size_t slot, const PresetHeader& header,
+                 std::vector<std::string> lines) {
+  std::erase_if(lines, [](const std::string& line) {
+    return Behind(line, slotKey) || Behind(line, nameKey) || Behind(line, captionKey);
+  });
   const std::string head[] = {std::string(slotKey) + std::to_string(slot + 1),
                               HeaderLine(nameKey, header.Description),
                               HeaderLine(captionKey, header.Caption)};

@@ -56,6 +56,9 @@ std::optional<PresetPlace> ReadPresetPlace(const std::filesystem::path& path);
 // moved to a free ".bak" name when the new one is complete. Throws FileError.
 void WritePreset(const std::filesystem::path& path, std::size_t slot, const PresetHeader& header,
                  const std::filesystem::path& configuration);
+// The same for the lines of a configuration. If they are a preset's its own header goes.
+void WritePreset(const std::filesystem::path& path, std::size_t slot, const PresetHeader& header,
+                 std::vector<std::string> lines);
 
 // Changes the caption or the description in a file; the file is replaced in one step. A header that
 // lacks the line gets it. Does nothing when there is no file. Throws FileError.

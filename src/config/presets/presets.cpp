@@ -62,6 +62,15 @@ void Presets::LoadPresetButtons() {
   }
 }
 
+void Presets::Reload() {
+  LoadPresetButtons();
+  for (Button& button : main.cmdPre) {
+    button.Enabled = platform.MSComm1.PortOpen() && button.Tag() != main.EmptyTag;
+  }
+  main.cmdSaveToPreset.Enabled =
+      main.cmdSaveToPreset.Enabled() && FirstEmptyPreset(main).has_value();
+}
+
 void Presets::ShowFilled(std::size_t slot, const PresetHeader& header) {
   Button& button = main.cmdPre[slot];
   button.Tag = "";
@@ -69,6 +78,7 @@ void Presets::ShowFilled(std::size_t slot, const PresetHeader& header) {
   button.ToolTip = header.Description;
   // A file made by hand may lack its caption, but no filled button says "(Empty)".
   button.Text = header.Caption.empty() ? "Preset " + std::to_string(slot + 1) : header.Caption;
+  main.ShowPreset(slot, button.Text());
 }
 
 void Presets::ShowEmpty(std::size_t slot) {
@@ -78,6 +88,7 @@ void Presets::ShowEmpty(std::size_t slot) {
   button.Tag = main.EmptyTag;
   button.FontSize = emptyFontSize;
   button.Enabled = false;
+  main.ShowPreset(slot, "");
 }
 
 void Presets::ShowFileTrouble(const char* text) { platform.Dialogs.Message({text, fileTrouble}); }
@@ -215,6 +226,7 @@ void Presets::mnuPresetRename_Click() {
   try {
     ChangePreset(File(selectedSlot), PresetLine::Caption, *caption);
     button.Text = *caption;
+    main.ShowPreset(selectedSlot, *caption);
   } catch (const FileError&) {
     ShowFileTrouble("Unspecified File I/O Error.");
   }

@@ -26,6 +26,8 @@ class Presets {
   // not that of its name is left out, so that no button programs another file than the one it
   // shows.
   void LoadPresetButtons();
+  // The same again, while the program runs: a preset has been written by something else.
+  void Reload();
 
  private:
   enum class MouseButton { Left = 1, Right = 2 };

@@ -181,6 +181,7 @@ void Binder::JoinValueField(ValueField& control, ValueBox& box) {
     const bool promised = control.MousePointer() != Pointer::NoDrop;
     box.SetClickable(control.OnClick && promised && !Locked(control));
     box.SetDimmed(control.Stale());
+    box.SetFound(control.Found());
   });
 }
 

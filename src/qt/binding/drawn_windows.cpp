@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QShortcut>
+#include <QTabBar>
 #include <QToolBar>
 #include <QWidget>
 
@@ -20,6 +21,22 @@ void WidenByCharacters(QWidget& window) {
       widget->setMinimumWidth(widget->fontMetrics().averageCharWidth() * characters);
     }
   }
+}
+
+namespace {
+
+// A key that goes on by so many tabs.
+void AddTabKey(QDialog& window, QKeySequence::StandardKey key, QTabBar& tabs, int step) {
+  QObject::connect(new QShortcut(key, &window), &QShortcut::activated, &tabs, [&tabs, step] {
+    tabs.setCurrentIndex((tabs.currentIndex() + step + tabs.count()) % tabs.count());
+  });
+}
+
+}  // namespace
+
+void AddTabKeys(QDialog& window, QTabBar& tabs) {
+  AddTabKey(window, QKeySequence::NextChild, tabs, 1);
+  AddTabKey(window, QKeySequence::PreviousChild, tabs, -1);
 }
 
 QWidget* DrawSplash(QWidget* parent) {

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class QTabBar;
 class QWidget;
 
 namespace quillmark {
@@ -12,6 +13,9 @@ namespace quillmark {
 // Gives each widget with a property "widthInCharacters" that least width. A form can't measure in
 // characters.
 void WidenByCharacters(QWidget& window);
+
+// Ctrl+Tab and Ctrl+Shift+Tab go from tab to tab, round the end.
+void AddTabKeys(QDialog& window, QTabBar& tabs);
 
 // A dialog that its form holds whole. `Drawn` is the class that is made from the form.
 template <class Drawn>

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <initializer_list>
 
+#include "qt/binding/find_keys.h"
 #include "qt/binding/main_layout.h"
 #include "qt/widgets/clickable_text.h"
 #include "qt/widgets/notice_line.h"
@@ -229,6 +230,11 @@ void AddViewMenu(const Ui::frmOrvalent& ui) {
                  {"&Signal Level", "Shift+F7", ui.ButtonRSSI},
                  {"&Advanced or Tasks", "F9", ui.ButtonAdv},
                  {"&Terminal\tF8", "", terminal}});
+  view->addSeparator();
+  // The second key works in the terminal too, where the first one goes to the radio.
+  ui.mnuFind->setShortcuts(
+      {QKeySequence(Qt::CTRL | Qt::Key_F), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)});
+  view->addActions({ui.mnuFind, ui.mnuFilterFactory, ui.mnuFilterCopy});
   ui.menuBar->insertMenu(ui.mnuAbout, view);
 }
 
@@ -264,6 +270,7 @@ QWidget* DrawMainWindow(QWidget* parent) {
   AddLoginEntries(ui);
   AddViewMenu(ui);
   PutToolbarInTabOrder(ui);
+  new FindKeys(ui);
   return window;
 }
 

@@ -10,6 +10,7 @@
 #include <array>
 #include <vector>
 
+#include "qt/binding/drawn_windows.h"
 #include "qt/text/latin1.h"
 #include "qt/widgets/color_block.h"
 #include "qt/widgets/row_comparison.h"
@@ -125,13 +126,6 @@ void FinishToolbar(QToolBar& bar, QWidget& tabs) {
   }
 }
 
-// A key that goes on by so many tabs, round the end.
-void AddTabKey(QDialog& window, QKeySequence::StandardKey key, QTabBar& tabs, int step) {
-  QObject::connect(new QShortcut(key, &window), &QShortcut::activated, &tabs, [&tabs, step] {
-    tabs.setCurrentIndex((tabs.currentIndex() + step + tabs.count()) % tabs.count());
-  });
-}
-
 void AddKeys(QDialog& window, const Ui::frmRestore& ui) {
   // A key that does what a button of the toolbar does.
   struct Key {
@@ -146,8 +140,7 @@ void AddKeys(QDialog& window, const Ui::frmRestore& ui) {
   }
   QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_D, &window), &QShortcut::activated,
                    ui.TickDifferingButton, &QAbstractButton::click);
-  AddTabKey(window, QKeySequence::NextChild, *ui.TabStrip, 1);
-  AddTabKey(window, QKeySequence::PreviousChild, *ui.TabStrip, -1);
+  AddTabKeys(window, *ui.TabStrip);
 }
 
 }  // namespace

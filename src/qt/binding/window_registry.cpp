@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "qt/binding/config_window.h"
 #include "qt/binding/drawn_windows.h"
 #include "qt/binding/main_window.h"
 #include "qt/binding/restore_window.h"
@@ -174,6 +175,13 @@ constexpr WindowRow windows[] = {
         .Remembered = true,
         .DefaultButton = "cmdClose",
         .EscapeClicks = "cmdClose",
+    },
+    {
+        .Name = "frmConfigFile",
+        .Draw = DrawConfigWindow,
+        .TakesFiles = true,
+        .Remembered = true,
+        .EscapeClicks = "CloseButton",
     },
     {
         .Name = "frmSentSettings",

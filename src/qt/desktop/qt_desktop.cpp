@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDate>
 #include <QDesktopServices>
 #include <QLocale>
 #include <QScreen>

@@ -16,9 +16,9 @@ namespace quillmark {
 namespace {
 
 constexpr const char* names[] = {
-    "settings-and-access", "keyboard",         "configuration-files", "store-and-restore",
-    "radio-history",       "firmware-upgrade", "diagnostics",         "serial-port",
-    "store-and-files",     "simulated-radio",  "wire-dialect",
+    "settings-and-access", "keyboard",        "configuration-files", "without-a-radio",
+    "store-and-restore",   "radio-history",   "firmware-upgrade",    "diagnostics",
+    "serial-port",         "store-and-files", "simulated-radio",     "wire-dialect",
 };
 
 constexpr int widestPicture = 640;  // pixels

@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollArea>
+#include <QTimer>
 #include <QToolTip>
 #include <algorithm>
 
@@ -131,6 +133,22 @@ void ValueBox::SetDimmed(bool next) {
   update();
 }
 
+void ValueBox::SetFound(bool next) {
+  if (next == found) return;
+  found = next;
+  update();
+  if (found) ComeIntoView();
+}
+
+// When the tab it stands on is in front and laid out.
+void ValueBox::ComeIntoView() {
+  QTimer::singleShot(0, this, [this] {
+    for (QWidget* at = parentWidget(); at != nullptr; at = at->parentWidget()) {
+      if (auto* area = qobject_cast<QScrollArea*>(at)) area->ensureWidgetVisible(this);
+    }
+  });
+}
+
 QSize ValueBox::sizeHint() const {
   const QMargins margins = contentsMargins();
   return {fontMetrics().averageCharWidth() * usualWidth + 2 * margins.left(),
@@ -201,14 +219,16 @@ void ValueBox::LookChanged() {
 
 void ValueBox::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  if (Live()) {
+  if (Live() || found) {
     painter.setRenderHint(QPainter::Antialiasing);
-    const bool lively = Hovered() || hasFocus();
-    const QColor edge = palette().color(lively ? QPalette::Highlight : QPalette::Mid);
-    const double width = hasFocus() ? 2 : 1;
+    const bool marked = hasFocus() || found;
+    const bool lively = Hovered() || marked;
+    const QColor edge =
+        palette().color(QPalette::Active, lively ? QPalette::Highlight : QPalette::Mid);
+    const double width = marked ? 2 : 1;
     const double radius = fontMetrics().height() / 5.0;
     painter.setPen(QPen(edge, width));
-    painter.setBrush(palette().base());
+    if (Live()) painter.setBrush(palette().base());
     const double inset = width / 2;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
   }

@@ -75,6 +75,8 @@ class ValueBox : public ClickableText {
   void SetCaption(CaptionLabel* next);
   // Of a link that is over: written fainter and aslant.
   void SetDimmed(bool next);
+  // The one that was looked for: it is brought into view, with a thick edge.
+  void SetFound(bool next);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -87,6 +89,7 @@ class ValueBox : public ClickableText {
 
  private:
   void LeaveMargins();
+  void ComeIntoView();
   QString Elided() const;
   // The room of the value, ahead of the sign.
   QRect TextRoom() const;
@@ -97,6 +100,7 @@ class ValueBox : public ClickableText {
   QString mark;
   QPointer<CaptionLabel> caption;
   bool dimmed = false;
+  bool found = false;
 };
 
 }  // namespace quillmark
