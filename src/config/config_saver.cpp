@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "app/version.h"
+#include "config/save_outcome.h"
 #include "config/saved_settings.h"
 #include "config/suggested_name.h"
 #include "platform/utilities.h"
 #include "session/chosen_files.h"
-#include "text/path_text.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -20,10 +20,6 @@ constexpr Duration longestQuieting = Seconds(2);
 // A radio whose echo has come is left alone for that long.
 constexpr Duration longestEcho = Seconds(1);
 constexpr Duration firstLook = Milliseconds(50);
-
-std::string Settings(int count) {
-  return std::to_string(count) + (count == 1 ? " setting" : " settings");
-}
 
 }  // namespace
 
@@ -86,10 +82,10 @@ void ConfigSaver::Write(const std::filesystem::path& path, bool report) {
   } catch (const FileError&) {
     throw;
   } catch (...) {
-    Outcome = Interrupted(path, file.EndEarly());
+    Outcome = InterruptedSentence(written, expected, path, file.EndEarly());
     throw;
   }
-  Outcome = "Saved " + Settings(written) + " to " + PathText(path) + ".";
+  Outcome = SavedSentence(written, path);
   WrittenTo = path;
   main.Timer2.Enabled = true;
   SwitchEchoOn();
@@ -109,19 +105,6 @@ void ConfigSaver::WriteLines(ReplacedFile& file, bool report) {
   WriteHead(file, report);
   WriteSettings(file, report);
   file.Complete();
-}
-
-std::string ConfigSaver::Interrupted(const std::filesystem::path& path,
-                                     const ReplacedFile::Remains& left) const {
-  const std::string name = PathText(path);
-  if (!left.Shortened) return "The save was interrupted. " + name + " is what it was before.";
-  std::string text =
-      "The save was interrupted. " + name + " holds " +
-      (expected == 0 ? Settings(written) : std::to_string(written) + " of " + Settings(expected));
-  if (left.Old.empty()) return text + ".";
-  const bool beside = left.Old.parent_path() == path.parent_path();
-  return text + ", the old file is " + (beside ? "beside it as " : "kept as ") +
-         PathText(beside ? left.Old.filename() : left.Old) + ".";
 }
 
 void ConfigSaver::WriteHead(ReplacedFile& file, bool report) {
@@ -193,16 +176,20 @@ void ConfigSaver::WriteSettings(ReplacedFile& file, bool report) {
   const auto others = rows.size() - static_cast<std::size_t>(std::ranges::count_if(rows, atMaster));
   int done = 0;
   auto all = static_cast<int>(rows.size());
-  for (const Setting* row : rows) {
-    if (row->Saved->MasterOnly && !EqualAnyCase(modeLetter, "M")) {
+  for (auto next = rows.begin(); next != rows.end();) {
+    const Setting& row = **next++;
+    if (row.Saved->MasterOnly && !EqualAnyCase(modeLetter, "M")) {
       all = static_cast<int>(others);
       continue;
     }
     run.ShowProgress(done++, all);
-    if (!report && row->Saved->Panel) run.ShowStatus(Upper(row->Word));
-    WriteSetting(file, *row);
-    if (row->Id != SettingId::Mode || modeLetter.empty()) continue;
-    expected = EqualAnyCase(modeLetter, "M") ? all : static_cast<int>(others);
+    if (!report && row.Saved->Panel) run.ShowStatus(Upper(row.Word));
+    WriteSetting(file, row);
+    if (modeLetter.empty()) continue;
+    const auto toCome = std::count_if(next, rows.end(), [this](const Setting* each) {
+      return GivesLine(*each, revision, "MODE " + modeLetter);
+    });
+    expected = written + static_cast<std::size_t>(toCome);
   }
   run.ShowProgress(all, all);
 }

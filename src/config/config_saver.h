@@ -39,8 +39,6 @@ class ConfigSaver {
   bool ChooseFile(std::filesystem::path& path);
   void Write(const std::filesystem::path& path, bool report);
   void WriteLines(ReplacedFile& file, bool report);
-  std::string Interrupted(const std::filesystem::path& path,
-                          const ReplacedFile::Remains& left) const;
   void WriteHead(ReplacedFile& file, bool report);
   // The radio's reply to "ser", called for until there is one.
   std::optional<std::string> ReadSerialNumber(bool report);
@@ -60,8 +58,8 @@ class ConfigSaver {
   DirectRun& run;
   Revision revision;  // of the radio that is being saved
   std::string modeLetter;
-  int written = 0;   // settings in the file
-  int expected = 0;  // as many as a radio of this mode can have; 0: its mode is not known yet
+  std::size_t written = 0;   // settings in the file
+  std::size_t expected = 0;  // with those to come that this radio has; 0: its mode is not known yet
 };
 
 }  // namespace quillmark

@@ -56,6 +56,14 @@ std::string SavedWord(const Setting& setting) {
   return setting.Saved->Reply != nullptr ? setting.Saved->Reply : setting.Reply;
 }
 
+bool GivesLine(const Setting& setting, const Revision& revision, std::string_view modeText) {
+  const SettingSaved& saved = *setting.Saved;
+  if (saved.MasterOnly && !IsOneOf(Modes::Master, modeText)) return false;
+  // A radio that can't be given a value in its mode says that it has none.
+  if (saved.NotWith != nullptr && !IsOneOf(setting.View.Clicked, modeText)) return false;
+  return saved.LineWithout != nullptr || setting.Revisions.HoldsIfUnknown(revision);
+}
+
 std::string AsReply(const std::string& text) { return "\r\n" + text + "\r\n>"; }
 
 bool IsOneLine(const std::string& text) { return text.find_first_of("\r\n") == std::string::npos; }

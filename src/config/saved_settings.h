@@ -3,6 +3,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "catalogue/settings.h"
@@ -26,6 +27,10 @@ bool IsOneLine(const std::string& text);
 
 // The firmware's part number, revision and date in one line, out of the value of "srev".
 std::string SavedFirmware(std::string value);
+
+// Whether a radio of that revision and mode ("MODE M") has a value of it for the file, as far as
+// the catalogue tells. An unknown revision has all.
+bool GivesLine(const Setting& setting, const Revision& revision, std::string_view modeText);
 
 // What the reply gives for the file: nothing when it lacks the word; else one line, or two joined
 // by CR LF. Throws RunFailed when the cut can't be made.

@@ -20,7 +20,7 @@ frmRestore::frmRestore(Platform& machine, Session& shared, frmOrvalent& window,
       link(machine, shared, window, *this),
       reader(*this, link, shared),
       loader(machine, shared, *this, *this, window.Settings),
-      saver(machine, shared, *this, link, *this),
+      saver(machine, shared, window, *this, link, *this),
       programmer(*this, link, main.Sent) {
   Caption = "Configuration Store/Restore";
   session.DropReconnect();

@@ -102,6 +102,8 @@ RestoreControls::RestoreControls(Form& form, EventLoop& events, std::span<const 
       lblDiffers(form, &form, "lblDiffers"),
       lblOutcome(form, &form, "lblOutcome"),
       Timer1(form, "Timer1", events, timerInterval, false) {
+  CheckAllButton.ToolTip = "Ticks every row that can be ticked (Ctrl+Shift+A)";
+  UnCheckAllButton.ToolTip = "Ticks no row (Ctrl+Shift+N)";
   TickDifferingButton.ToolTip = "Ticks the rows that differ, and no others (Ctrl+D)";
   tbr_OpenConfig.ToolTip = "Open A Configuration File";
   tbr_SaveConfig.ToolTip = "Save Current Settings To A File";
@@ -150,6 +152,15 @@ void RestoreControls::JudgeRows() {
 void RestoreControls::ShowDifferences() {
   if (!FileLoaded) return;
   JudgeRows();
+  if (Loading) {
+    TabStrip.Counts = std::vector<int>{};
+    lblDiffers.Text = "Loading the file...";
+  } else {
+    CountRows();
+  }
+}
+
+void RestoreControls::CountRows() {
   std::vector<int> onTabs(RadSet.size());
   int differ = 0;
   int compared = 0;

@@ -69,6 +69,7 @@ class RestoreControls {
   bool ReadIdle = false;        // neither a read nor a save runs: the window may close at once
   bool CloseRequested = false;  // it closes when what runs has ended
   bool FileLoaded = false;      // a file was opened in this window
+  bool Loading = false;         // and is still being loaded
 
   // The row of a setting that has one.
   RestoreRowControls& At(SettingId id);
@@ -80,13 +81,14 @@ class RestoreControls {
   void ApplyRevision(const Revision& revision);
   void TabStrip_Click();
   // Counts the rows that differ, on each tab and in all, and marks the new values that the radio
-  // will not take. Once a file is open.
+  // will not take. Once a file is open; nothing is counted before all of it has been loaded.
   void ShowDifferences();
   // The row of blocks while nothing runs.
   void ResetProgress();
 
  private:
   void JudgeRows();
+  void CountRows();
 
   Revision shownRevision;
 };

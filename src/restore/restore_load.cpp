@@ -5,6 +5,7 @@
 #include "platform/utilities.h"
 #include "restore/restore_select.h"
 #include "session/chosen_files.h"
+#include "text/at_end.h"
 #include "text/numbers.h"
 #include "text/path_text.h"
 #include "text/text.h"
@@ -43,19 +44,27 @@ void RestoreLoader::Load(const std::filesystem::path& path) {
   const ConfigText file = ReadConfigText(path, mostLines);
   if (!file.Refusal.empty()) return ShowRefusal(platform.Dialogs, file.Refusal);
   NoteConfiguration(platform.Preferences, path);
-  Prepare(path);
+  {
+    const auto underWay = Raised(controls.Loading);
+    Prepare(path);
+    TakeLines(file.Lines);
+  }
+  if (window.Loaded()) controls.ShowDifferences();
+}
+
+void RestoreLoader::TakeLines(const std::vector<std::string>& lines) {
   bool told = false;
-  for (std::size_t i = 0; i < file.Lines.size() && window.Loaded(); ++i) {
+  for (std::size_t i = 0; i < lines.size() && window.Loaded(); ++i) {
     // The firmware's part number stands above its revision.
-    if (Holds(file.Lines[i], "77-1234")) {
-      if (++i == file.Lines.size()) return;
-      if (!told && file.Lines[i].starts_with('1') &&
+    if (Holds(lines[i], "77-1234")) {
+      if (++i == lines.size()) return;
+      if (!told && lines[i].starts_with('1') &&
           newCommands.HoldsIfUnknown(session.SoftwareRevision)) {
         told = true;
         ShowOlderFileNotice();
       }
     }
-    TakeLine(file.Lines[i]);
+    TakeLine(lines[i]);
     controls.ShowDifferences();
     WaitMilliseconds(platform.Events, linePause);
     platform.Events.Pump();

@@ -29,6 +29,7 @@ class RestoreLoader {
   // Nothing when the user cancels.
   std::optional<std::filesystem::path> ChooseFile();
   void Prepare(const std::filesystem::path& path);
+  void TakeLines(const std::vector<std::string>& lines);
   void ShowOlderFileNotice();
   void TakeLine(const std::string& line);
   void TakeLowestAddress(RestoreRowControls& row, const std::string& line);

@@ -1,8 +1,11 @@
 #include "restore/restore_save.h"
 
 #include <memory>
+#include <utility>
 
 #include "app/version.h"
+#include "config/save_outcome.h"
+#include "config/suggested_name.h"
 #include "conversation/reply.h"
 #include "firmware/frmProgram.h"
 #include "session/chosen_files.h"
@@ -61,27 +64,62 @@ std::vector<std::string> RestoreLines(const RestoreRow& row, const std::string& 
   return {text};
 }
 
-RestoreSaver::RestoreSaver(Platform& machine, Session& shared, RestoreControls& itsControls,
-                           RestoreLink& itsLink, Form& itsWindow)
-    : platform(machine), session(shared), controls(itsControls), link(itsLink), window(itsWindow) {}
+RestoreSaver::RestoreSaver(Platform& machine, Session& shared, frmOrvalent& mainWindow,
+                           RestoreControls& itsControls, RestoreLink& itsLink, Form& itsWindow)
+    : platform(machine),
+      session(shared),
+      main(mainWindow),
+      controls(itsControls),
+      link(itsLink),
+      window(itsWindow) {}
 
 std::optional<std::filesystem::path> RestoreSaver::ChooseFile() {
-  return ChooseToSave(platform, FileKind::Configuration,
-                      {"Radio Configuration Save", "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*"});
+  const SettingRow& serial = main.At(SettingId::SerialNumber);
+  return ChooseToSave(
+      platform, FileKind::Configuration,
+      {.Title = "Radio Configuration Save",
+       .Filter = "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*",
+       .Name = SuggestedName(serial.Stale() ? "" : serial.Text(), platform.Events.LocalSeconds())});
 }
 
 void RestoreSaver::Write(const std::filesystem::path& path) {
+  Tell("");
+  const std::vector<std::string> settings = Settings();
   ReplacedFile file(path, platform.Files.Data());
-  WriteHead(file);
+  try {
+    WriteHead(file);
+  } catch (const SerialError&) {
+    Tell(InterruptedSentence(0, settings.size(), path, file.EndEarly()));
+    throw;
+  }
+  for (const std::string& lines : settings) file.Line(lines);
+  file.Complete();
+  Tell(SavedSentence(settings.size(), path));
+  NoteConfiguration(platform.Preferences, path);
+}
+
+std::vector<std::string> RestoreSaver::Settings() {
   const bool master = Find(controls.ModeText(), "M", 2) != 0;
+  std::vector<std::string> settings;
   for (const RestoreRowControls* row : controls.ReadOrder()) {
+    std::string joined;
     for (const std::string& line :
          RestoreLines(row->Row, row->Current.Text(), session.SoftwareRevision, master)) {
-      file.Line(line);
+      joined += (joined.empty() ? "" : "\r\n") + line;
     }
+    if (!joined.empty()) settings.push_back(std::move(joined));
   }
-  file.Complete();
-  NoteConfiguration(platform.Preferences, path);
+  return settings;
+}
+
+// The window may close as soon as the save is over.
+void RestoreSaver::Tell(const std::string& sentence) {
+  controls.lblOutcome.Text = sentence;
+  if (sentence.empty()) {
+    main.FileDone.Drop();
+  } else {
+    main.FileDone.Tell(sentence);
+  }
 }
 
 void RestoreSaver::WriteHead(ReplacedFile& file) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/frmOrvalent.h"
 #include "config/replaced_file.h"
 #include "platform/platform.h"
 #include "restore/restore_controls.h"
@@ -22,23 +23,28 @@ std::vector<std::string> RestoreLines(const RestoreRow& row, const std::string& 
 // given to it outlives it.
 class RestoreSaver {
  public:
-  RestoreSaver(Platform& platform, Session& session, RestoreControls& controls, RestoreLink& link,
-               Form& window);
+  RestoreSaver(Platform& platform, Session& session, frmOrvalent& main, RestoreControls& controls,
+               RestoreLink& link, Form& window);
 
   // Nothing when the user cancels.
   std::optional<std::filesystem::path> ChooseFile();
   // Writes the whole file. A radio that gives no serial number or revision leaves its line out.
-  // Throws SerialError: the file that stood there is kept beside it. Throws FileError and
-  // RestoreLinkLost: it stands where it stood.
+  // What the file holds then is told in the window, and in a notice of the main window. Throws
+  // SerialError: the file that stood there is kept beside it. Throws FileError and RestoreLinkLost:
+  // it stands where it stood.
   void Write(const std::filesystem::path& path);
   // Two seconds of a progress window in the place of this one.
   void ShowSaved();
 
  private:
   void WriteHead(ReplacedFile& file);
+  // The lines of each setting that the column has a value for.
+  std::vector<std::string> Settings();
+  void Tell(const std::string& sentence);
 
   Platform& platform;
   Session& session;
+  frmOrvalent& main;
   RestoreControls& controls;
   RestoreLink& link;
   Form& window;

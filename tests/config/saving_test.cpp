@@ -143,9 +143,31 @@ TEST_F(SavingTest, AFailureLeavesTheShortenedFileAndTheOldOneBesideIt) {
   EXPECT_EQ(FileText(InScratch("f.txt.bak")), "old");
   EXPECT_EQ(std::ranges::count(saved, '\n'), 6 + 7);
   EXPECT_EQ(Text("FileDone"), "The save was interrupted. " + InScratch("f.txt").string() +
-                                  " holds 7 of 33 settings, the old file is beside it as "
+                                  " holds 7 of 32 settings, the old file is beside it as "
                                   "f.txt.bak.");
   ExpectIdle();
+}
+
+// As many as a whole save has, whatever the radio's mode and revision lack.
+TEST_F(SavingTest, AnInterruptedSaveCountsWhatThisRadioHas) {
+  for (const std::string revision : {"1.9.0", "2.0.0", "3.2.0"}) {
+    for (const char mode : {'M', 'R'}) {
+      SCOPED_TRACE(revision + mode);
+      StartConnected({.Revision = revision, .Mode = mode});
+      ClearLog();
+      Save("whole.txt");
+      const std::string whole = Text("FileDone").substr(6, 2);
+      const auto questions = static_cast<std::int64_t>(SentCommands().size()) - 1;  // and "eeco"
+      ASSERT_TRUE(Refresh());
+      ExpectBox("Radio Communications Error");
+      Faults().SilentFrom = Faults().SilentUntil = Radio().CommandCount() + questions;
+      Save();
+      const std::string last = std::to_string(std::stoi(whole) - 1);
+      EXPECT_THAT(Text("FileDone"), HasSubstr(" holds " + last + " of " + whole + " settings"));
+      for (const char* name : {"whole.txt", "saved.txt"}) std::filesystem::remove(InScratch(name));
+      Restart();
+    }
+  }
 }
 
 TEST_F(SavingTest, RepliesOutOfShape) {

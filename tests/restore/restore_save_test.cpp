@@ -31,6 +31,11 @@ class RestoreSave : public RestoreBench {
     }
     return text;
   }
+  // How many settings they hold: DLINK and RTU take two lines.
+  static std::string Saved(const std::string& lines) {
+    const auto all = std::ranges::count(lines, '\n');
+    return std::to_string(all - (lines.find("DLINK") == std::string::npos ? 0 : 2));
+  }
   static std::string Head(const std::string& revision) {
     return "Created by Kelvor Quillmark Configuration Software Version 1.0.0\r\n"
            "On 11/22/2026\r\nFrom Radio, serial number: SN 00123456\r\n"
@@ -51,6 +56,8 @@ TEST_F(RestoreSave, TheFileHoldsWhatTheWindowShows) {
         EXPECT_EQ(Save(), Head(revision) + OddLines(mode, revision));
         EXPECT_EQ(Sent(), "\rser\r\rsrev\r");
         EXPECT_GE(Now() - start, Milliseconds(2400));
+        EXPECT_EQ(Text("lblOutcome"), "Saved " + Saved(OddLines(mode, revision)) + " settings to " +
+                                          InScratch("window.txt").string() + ".");
         EXPECT_FALSE(std::filesystem::exists(InScratch("window.txt.bak")));
         EXPECT_TRUE(Window().Visible() && Window().Enabled() && Window().ReadIdle);
         EXPECT_FALSE(WindowOpen("frmProgram"));
@@ -95,6 +102,9 @@ TEST_F(RestoreSave, FilesThatCannotBeWritten) {
   StartConnected();
   std::filesystem::create_directory(InScratch("folder"));
   InWindow([&] {
+    ExpectSaveFile("Radio Configuration Save").Offering("00123456 2026-01-01.txt");  // cancelled
+    ASSERT_TRUE(Click("tbr_SaveConfig"));
+    EXPECT_TRUE(Window().ReadIdle);
     for (const std::filesystem::path& target :
          {InScratch("folder"), std::filesystem::path("/dev/full"), InScratch("no") / "file"}) {
       ExpectBox("File Error").Containing(target.string());
@@ -102,9 +112,6 @@ TEST_F(RestoreSave, FilesThatCannotBeWritten) {
       ASSERT_TRUE(Click("tbr_SaveConfig"));
       EXPECT_TRUE(Window().ReadIdle && Window().Enabled());
     }
-    ExpectSaveFile("Radio Configuration Save");  // cancelled
-    ASSERT_TRUE(Click("tbr_SaveConfig"));
-    EXPECT_TRUE(Window().ReadIdle);
   });
 }
 
@@ -131,6 +138,9 @@ class RestoreSaveFaults : public RestoreSave {
     After(Seconds(2), [&] { Faults() = {}; });
   }
   void ExpectPulled() {
+    EXPECT_EQ(Text("lblOutcome"), "The save was interrupted. " + InScratch("window.txt").string() +
+                                      " holds 0 of 22 settings, the old file is beside it as "
+                                      "window.txt.bak.");
     EXPECT_EQ(FileText(InScratch("window.txt.bak")), "old");
     std::filesystem::remove(InScratch("window.txt.bak"));
     EXPECT_TRUE(Window().ReadIdle && Window().Enabled());

@@ -193,7 +193,6 @@ TEST_F(RestoreWindow, CountsTheRowsThatDifferAndTicksThem) {
   InWindow([&] {
     EXPECT_EQ(Text("lblDiffers"), "");
     EXPECT_FALSE(Enabled("TickDifferingButton"));
-    LoadText("PWR 30\nBAUD 9600 8N1\nAMASK ffff ffff\nCTS 7\nHOPTIME 28\nOWN quillmark ss\n");
     const auto seen = [&] {
       const TabStrip& tabs = Window().TabStrip;
       std::string text = Text("lblDiffers") + "|";
@@ -202,6 +201,13 @@ TEST_F(RestoreWindow, CountsTheRowsThatDifferAndTicksThem) {
     };
     const std::string others =
         "Network Settings 2...|Store & Forward Settings...|Network Wide Diagnostic Settings...|";
+    std::string whileLoading;
+    After(Milliseconds(250), [&] { whileLoading = seen(); });
+    LoadText("PWR 30\nBAUD 9600 8N1\nAMASK ffff ffff\nCTS 7\nHOPTIME 28\nOWN quillmark ss\n");
+    EXPECT_EQ(whileLoading,
+              "Loading the file...|Radio Information|Radio Settings 1...|Radio Settings 2...|"
+              "Network Settings 1...|" +
+                  others);
     EXPECT_EQ(seen(),
               "4 of 6 differ, 25 on one side only|Radio Information (1)|Radio Settings 1... (1)|"
               "Radio Settings 2... (1)|Network Settings 1... (1)|" +

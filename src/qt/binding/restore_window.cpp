@@ -134,12 +134,24 @@ void AddKeys(QDialog& window, const Ui::frmRestore& ui) {
   };
   for (const Key& key :
        {Key{QKeySequence::Open, ui.tbr_OpenConfig}, Key{QKeySequence::Save, ui.tbr_SaveConfig},
-        Key{QKeySequence::Refresh, ui.tbr_Refresh}}) {
+        Key{QKeySequence::Refresh, ui.tbr_Refresh},
+        Key{Qt::CTRL | Qt::Key_Return, ui.tbr_ProgramRadio},
+        Key{Qt::CTRL | Qt::Key_Enter, ui.tbr_ProgramRadio}}) {
     QObject::connect(new QShortcut(key.Sequence, &window), &QShortcut::activated, key.Action,
                      &QAction::trigger);
   }
-  QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_D, &window), &QShortcut::activated,
-                   ui.TickDifferingButton, &QAbstractButton::click);
+  const struct {
+    QKeyCombination Keys;
+    QAbstractButton* Button;
+  } ticks[] = {
+      {Qt::CTRL | Qt::Key_D, ui.TickDifferingButton},
+      {Qt::CTRL | Qt::SHIFT | Qt::Key_A, ui.CheckAllButton},
+      {Qt::CTRL | Qt::SHIFT | Qt::Key_N, ui.UnCheckAllButton},
+  };
+  for (const auto& each : ticks) {
+    QObject::connect(new QShortcut(each.Keys, &window), &QShortcut::activated, each.Button,
+                     &QAbstractButton::click);
+  }
   AddTabKeys(window, *ui.TabStrip);
 }
 

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QLayout>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QToolBar>
 #include <memory>
@@ -79,6 +80,39 @@ TEST_F(RestoreWindow, AValueThatTheRadioWillNotTakeIsMarked) {
   EXPECT_EQ(mark->accessibleName(), QString("differs. MODE Q: radios take M, R or X"));
   Line("NewMode").SetProblem({});
   EXPECT_EQ(mark->text(), QString("≠"));
+}
+
+TEST_F(RestoreWindow, ItsActsHaveKeys) {
+  std::string done;
+  const auto note = [&done](const QObject& of) { done = of.objectName().toStdString(); };
+  for (auto* button : window->findChildren<QAbstractButton*>()) {
+    QObject::connect(button, &QAbstractButton::clicked, [=] { note(*button); });
+    button->setEnabled(true);
+  }
+  for (auto* action : window->findChildren<QAction*>()) {
+    QObject::connect(action, &QAction::triggered, [=] { note(*action); });
+    action->setEnabled(true);
+  }
+  const struct {
+    QKeyCombination Keys;
+    const char* Act;
+  } cases[] = {
+      {Qt::CTRL | Qt::Key_O, "tbr_OpenConfig"},
+      {Qt::CTRL | Qt::Key_S, "tbr_SaveConfig"},
+      {Qt::Key_F5, "tbr_Refresh"},
+      {Qt::CTRL | Qt::Key_Return, "tbr_ProgramRadio"},
+      {Qt::CTRL | Qt::Key_Enter, "tbr_ProgramRadio"},
+      {Qt::CTRL | Qt::Key_D, "TickDifferingButton"},
+      {Qt::CTRL | Qt::SHIFT | Qt::Key_A, "CheckAllButton"},
+      {Qt::CTRL | Qt::SHIFT | Qt::Key_N, "UnCheckAllButton"},
+  };
+  for (const auto& each : cases) {
+    done.clear();
+    for (QShortcut* shortcut : window->findChildren<QShortcut*>()) {
+      if (shortcut->key() == QKeySequence(each.Keys)) emit shortcut->activated();
+    }
+    EXPECT_EQ(done, each.Act);
+  }
 }
 
 TEST_F(RestoreWindow, AHiddenRowTakesItsMarkAlongAndLeavesNoGap) {
