@@ -70,7 +70,7 @@ bool ConfigSender::ConfirmPlan() {
   if (!session.PlanFirst) return true;
   const std::vector<std::string> defaults = ReadConfigText(DefaultSet(), MostConfigLines).Lines;
   const ProgramPlan plan = PlanOf(defaults, ConfigLines, main, session.SoftwareRevision);
-  return platform.Dialogs.Message(QuestionOf(plan)) == Answer::Yes;
+  return platform.Dialogs.Message(QuestionOf(plan, run.ClearingNote())) == Answer::Yes;
 }
 
 void ConfigSender::SendConfigLines(bool checkUnit) {

@@ -60,6 +60,8 @@ class DirectRun {
   bool UnderWay() const { return task != nullptr; }
   // Asks whether to program the radio anew. Below the question stands whose settings go.
   bool ConfirmClearing(const std::string& question, const std::string& title);
+  // "This clears all settings of SN 00123456 first."; empty once a run has done so.
+  std::string ClearingNote() const;
   // Told, while the task has the line, before a run overwrites what the radio holds; `run` is what
   // it does, such as "a preset". Set by the application; may be empty.
   std::function<void(const std::string& run)> BeforeOverwrite;
@@ -85,7 +87,6 @@ class DirectRun {
     DirectRun& run;
   };
   bool Broken() const;
-  std::string ClearingNote() const;
 
   Platform& platform;
   frmOrvalent& main;

@@ -29,6 +29,11 @@ bool IsRead(const Setting& setting, const std::string& shown) {
   return IsValue(setting, shown);
 }
 
+// What is stale may be the radio's before this one.
+std::string ShownNow(const SettingRow& row) {
+  return row.Stale() ? row.What.View.Start : row.Text();
+}
+
 void Compare(const Setting& setting, const std::string& line, const std::string& shown,
              ProgramPlan& plan) {
   if (!IsRead(setting, shown)) {
@@ -53,8 +58,8 @@ void List(std::string& text, const char* heading, const std::vector<std::string>
   if (entries.size() > most) text += "\r\nand " + std::to_string(entries.size() - most) + " more";
 }
 
-std::string DetailsOf(const ProgramPlan& plan) {
-  std::string text;
+std::string DetailsOf(const ProgramPlan& plan, const std::string& cost) {
+  std::string text = cost;
   List(text, "Changes:", plan.Changes, 10);
   List(text, "No value in the last read:", plan.Unread, 4);
   List(text, "Not in this radio:", plan.Unknown, 4);
@@ -68,7 +73,9 @@ ProgramPlan PlanOf(const std::vector<std::string>& defaults, const std::vector<s
                    frmOrvalent& main, const Revision& revision) {
   std::vector<std::string> all = defaults;
   all.insert(all.end(), lines.begin(), lines.end());
-  const std::vector<SentLine> sent = SentLines(all, revision, main.ModeText());
+  const bool knowsRevision = !main.At(SettingId::SoftwareRev).Stale();
+  const std::string mode = ShownNow(main.At(SettingId::Mode));
+  const std::vector<SentLine> sent = SentLines(all, knowsRevision ? revision : Revision{}, mode);
   ProgramPlan plan;
   for (const SentLine& line : sent) {
     if (line.What.Fine() || line.Number <= defaults.size()) continue;
@@ -76,14 +83,12 @@ ProgramPlan PlanOf(const std::vector<std::string>& defaults, const std::vector<s
     (line.What.OfValue ? plan.Refused : plan.Unknown).push_back(judged.Sentence());
   }
   for (const auto& [id, line] : ValuesOf(Taken(sent))) {
-    const SettingRow& row = main.At(id);
-    // What is stale may be the radio's before this one.
-    Compare(SettingOf(id), line, row.Stale() ? "n/a" : row.Text(), plan);
+    Compare(SettingOf(id), line, ShownNow(main.At(id)), plan);
   }
   return plan;
 }
 
-MessageBox QuestionOf(const ProgramPlan& plan) {
+MessageBox QuestionOf(const ProgramPlan& plan, const std::string& cost) {
   std::string text =
       Counted(plan.Changes.size(), "setting of the radio changes", "settings of the radio change") +
       ".\r\n" + Counted(static_cast<std::size_t>(plan.Same), "stays", "stay") + " as they are.\r\n";
@@ -101,7 +106,7 @@ MessageBox QuestionOf(const ProgramPlan& plan) {
   return {.Text = text + "\r\nProgram the radio?",
           .Title = "What Will Change",
           .Choice = Buttons::YesNo,
-          .Details = DetailsOf(plan),
+          .Details = DetailsOf(plan, cost),
           .Irreversible = true};
 }
 

@@ -20,10 +20,13 @@ struct ProgramPlan {
 };
 
 // `defaults` goes out in front of `lines`, those of the file.
+// As long as the radio has not been read since the connect, its mode and revision are unknown, what
+// the window shows of them notwithstanding.
 ProgramPlan PlanOf(const std::vector<std::string>& defaults, const std::vector<std::string>& lines,
                    frmOrvalent& main, const Revision& revision);
 
-// The question whether to go on, with counts, and the settings behind them as details.
-MessageBox QuestionOf(const ProgramPlan& plan);
+// The question whether to go on, with counts. Its details are `cost`, what else a Yes brings about,
+// and the settings behind the counts.
+MessageBox QuestionOf(const ProgramPlan& plan, const std::string& cost);
 
 }  // namespace quillmark

@@ -37,6 +37,7 @@ TEST_F(ProgramPlanTest, TheQuestionTellsWhatChangesAndNoSendsNothing) {
   EXPECT_EQ(Sent(), "");
   ExpectIdle();
   EXPECT_EQ(Boxes().back().Details,
+            "This clears all settings of SN 00123456 first.\r\n\r\n"
             "Changes:\r\nOwner's Name: Quillmark SS becomes OWN North ridge\r\n"
             "Data Baud Rate: BAUD 9600 7E1 becomes BAUD 9600 8N1\r\n"
             "Extension RSSI: XRSSI -90 becomes XRSSI -120\r\n\r\n"
@@ -50,15 +51,19 @@ TEST_F(ProgramPlanTest, TheQuestionTellsWhatChangesAndNoSendsNothing) {
   EXPECT_EQ(Radio().Setting("xrssi"), "-120");
 }
 
-// The rows still show the radio before.
+// The rows still show the radio before, whose revision and mode lack some of the settings.
 TEST_F(ProgramPlanTest, ARadioThatWasNotReadYetHasNoValues) {
-  StartAsking({});
+  StartAsking({.Revision = "2.0.0", .Mode = 'R'});
   ASSERT_TRUE(Click("tbr_Disconnect"));
+  UseRadio({.Mode = 'M'});
   ASSERT_TRUE(Click("tbr_Connect"));
   ExpectBox("What Will Change")
-      .Containing("0 settings of the radio change.\r\n0 stay as they are.")
+      .Saying(
+          "0 settings of the radio change.\r\n0 stay as they are.\r\n"
+          "32 have no value in the last read.\r\n\r\nProgram the radio?")
       .Reply(Answer::No);
-  Program("#With Firmware Version:\r\nPWR 25\r\nOWN Hill\r\n");
+  Program("#With Firmware Version:\r\nMODE M\r\nHOPTIME 28\r\nLPM 3\r\n");
+  EXPECT_TRUE(Boxes().back().Details.starts_with("This clears all settings of the radio first."));
 }
 
 TEST_F(ProgramPlanTest, APresetAsksTooAndAFlagThatCantBeReadAsks) {
