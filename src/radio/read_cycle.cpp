@@ -5,6 +5,7 @@
 #include "conversation/reply.h"
 #include "platform/utilities.h"
 #include "radio/login_probe.h"
+#include "radio/row_from_reply.h"
 #include "radio/view_rules.h"
 #include "text/text.h"
 
@@ -13,7 +14,6 @@ namespace quillmark {
 namespace {
 
 constexpr Duration readTimeOut = Seconds(4);
-constexpr const char* notAvailable = "NOT AVAILABLE";
 
 // Nothing may stay unread that the radio might have, but for the rows that say so.
 bool IsOffered(const Setting& setting, const Revision& revision) {
@@ -56,15 +56,12 @@ void ReadCycle::ReadRow(SettingRow& row, ReadProgress& progress) {
   const SettingRead& read = *row.What.Read;
   std::optional<std::string> value;
   if (!IsOneOf(read.At, main.ModeText())) {
-    row.ShowRead(notAvailable);
+    row.ShowRead(NotAvailable);
   } else if (IsOffered(row.What, session.SoftwareRevision)) {
     value = Ask(row.What);
     Note(row.What, value);
     progress.Asked();
-    if (value) {
-      const bool refused = *read.Refusal != '\0' && Contains(*value, read.Refusal);
-      row.ShowRead(refused ? notAvailable : *value);
-    }
+    if (value) row.ShowRead(RowText(row.What, *value));
     if (row.What.Id == SettingId::SoftRTU) {
       row.AllowClick(!Contains(radio.Received(), "SELECTED OPTION"));
     }
@@ -74,20 +71,13 @@ void ReadCycle::ReadRow(SettingRow& row, ReadProgress& progress) {
   if (read.Pause) Pause80();
 }
 
-// A row shows a value up to a ">"; a file holds all of it.
-std::string ReadCycle::Uncut(const Setting& setting, const std::string& value) const {
-  const Reply reply = FindReply(radio.Received(), {.Command = setting.Word, .PromptInText = true});
-  const bool cut = reply.Came == Reply::State::Whole && Contains(reply.Text, ">");
-  return cut ? std::string(reply.Text) : value;
-}
-
 void ReadCycle::Note(const Setting& setting, const std::optional<std::string>& value) {
   // A name or a message may be empty; then the prompt comes alone.
   const bool empty = !value && *setting.Reply == '\0' && radio.CameLast() == Reply::State::Bare;
   const bool mayLack = setting.Revisions.Gated() && !session.SoftwareRevision.Known();
   const bool refused = value && IsRefusal(*value);
   if ((value && !refused) || empty) {
-    last.Texts[setting.Id] = value ? Uncut(setting, *value) : "";
+    last.Texts[setting.Id] = value ? UncutText(setting, *value, radio.Received()) : "";
   } else if (!(refused && mayLack)) {
     const bool ofFile = setting.Saved || setting.Restored ||
                         setting.Id == SettingId::SerialNumber ||

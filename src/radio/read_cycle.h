@@ -41,7 +41,6 @@ class ReadCycle {
   void ReadRow(SettingRow& row, ReadProgress& progress);
   // The setting's value; nothing when the radio gives none.
   std::optional<std::string> Ask(const Setting& setting);
-  std::string Uncut(const Setting& setting, const std::string& value) const;
   // Notes the value, or that there is none.
   void Note(const Setting& setting, const std::optional<std::string>& value);
   // What the setting brings about.
