@@ -20,8 +20,10 @@
 #include "history/radio_history.h"
 #include "link/connection.h"
 #include "link/frmProperties.h"
+#include "pictures/report.h"
 #include "platform/platform.h"
 #include "prefs/frmPreferences.h"
+#include "qt/machine.h"
 #include "radio/read_cycle.h"
 #include "restore/frmRestore.h"
 #include "runs/frmSentSettings.h"
@@ -95,6 +97,16 @@ struct WindowForms {
   static std::shared_ptr<Form> Of(Given&&... given) {
     return std::make_shared<Made>(std::forward<Given>(given)...);
   }
+};
+
+// The program as it stands before anything is done: the real machine, the boxes answered by a
+// report, the logic, and the forms of all windows.
+struct IdleProgram {
+  quillmark::Machine Machine;
+  ReportDialogs Boxes;
+  quillmark::Platform Platform = Machine.AsPlatform(Boxes);
+  quillmark::Console Console{Platform};
+  WindowForms Forms{Platform, Console};
 };
 
 }  // namespace quillmark

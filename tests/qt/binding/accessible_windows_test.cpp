@@ -9,10 +9,8 @@
 #include <set>
 #include <string>
 
-#include "pictures/report.h"
 #include "qt/binding/binder.h"
 #include "qt/binding/window_registry.h"
-#include "qt/machine.h"
 #include "qt/widgets/accessible_widgets.h"
 #include "qt/widgets/clickable_text.h"
 #include "qt/window_forms.h"
@@ -100,13 +98,9 @@ class AccessibleTree {
 
 TEST(AccessibleWindows, EachControlHasANameAPlaceAndAPress) {
   MakeOurWidgetsAccessible();
-  Machine machine;
-  ReportDialogs boxes;
-  Platform platform = machine.AsPlatform(boxes);
-  Console console(platform);
-  WindowForms forms{platform, console};
+  IdleProgram program;
   for (const WindowRow& row : AllWindows()) {
-    const auto form = forms.Make(std::string(row.Name));
+    const auto form = program.Forms.Make(std::string(row.Name));
     const std::unique_ptr<QWidget> window(MakeWindow(row, nullptr));
     DoneActs acts;
     Binder binder(*form, *window, acts, row.Paints);

@@ -15,9 +15,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "pictures/report.h"
 #include "qt/binding/binder.h"
-#include "qt/machine.h"
 #include "qt/window_forms.h"
 
 namespace quillmark {
@@ -94,14 +92,10 @@ std::string MisfitsOf(const WindowRow& row, Form& form, QWidget& window) {
 }
 
 TEST(WindowRegistry, EachWindowFitsItsForm) {
-  Machine machine;
-  ReportDialogs boxes;
-  Platform platform = machine.AsPlatform(boxes);
-  Console console(platform);
-  WindowForms forms{platform, console};
+  IdleProgram program;
   for (const WindowRow& row : AllWindows()) {
     SCOPED_TRACE(std::string(row.Name));
-    const auto form = forms.Make(std::string(row.Name));
+    const auto form = program.Forms.Make(std::string(row.Name));
     ASSERT_NE(form, nullptr) << "tests/qt/window_forms.h does not make it";
     EXPECT_EQ(form->Name(), row.Name);
     const std::unique_ptr<QWidget> window(MakeWindow(row, nullptr));

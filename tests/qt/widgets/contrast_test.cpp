@@ -23,9 +23,7 @@
 #include <map>
 #include <memory>
 
-#include "pictures/report.h"
 #include "qt/binding/window_registry.h"
-#include "qt/machine.h"
 #include "qt/widgets/painted_controls.h"
 #include "qt/window_forms.h"
 
@@ -188,38 +186,34 @@ struct Contrasts : testing::Test {
   // Draws a window light and dark.
   void Check(const WindowRow& row) {
     const std::string name(row.Name);
-    const auto form = forms.Make(name);
+    const auto form = program.Forms.Make(name);
     // Without its timers a window waits for no radio, and does not go by itself.
     for (Control* control : form->Controls()) {
       if (auto* timer = dynamic_cast<Timer*>(control)) timer->Enabled = false;
     }
-    platform.Windows.Show(form);
-    QWidget* window = machine.Shown.WindowOf(*form);
+    program.Platform.Windows.Show(form);
+    QWidget* window = program.Machine.Shown.WindowOf(*form);
     ASSERT_NE(window, nullptr);
     for (const Theme theme : {Theme::Light, Theme::Dark}) {
       SCOPED_TRACE(name + (theme == Theme::Dark ? ", dark" : ", light"));
-      platform.Desktop.UseTheme(theme);
-      WaitUntil(platform.Events, Milliseconds(60), [] { return false; });
+      program.Platform.Desktop.UseTheme(theme);
+      WaitUntil(program.Platform.Events, Milliseconds(60), [] { return false; });
       EXPECT_EQ(IsDark(window->palette()), theme == Theme::Dark);
       // This one holds a picture alone.
       EXPECT_GT(CheckTexts(*window, Draw(*window)), name == "frmSimpleRptrSetup" ? -1 : 0);
     }
-    platform.Desktop.UseTheme(Theme::AsDesktop);
+    program.Platform.Desktop.UseTheme(Theme::AsDesktop);
     if (!row.Main) form->Unload();
   }
-  ~Contrasts() override { machine.Shown.CloseAll(); }
+  ~Contrasts() override { program.Machine.Shown.CloseAll(); }
 
-  Machine machine;
-  ReportDialogs boxes;
-  Platform platform = machine.AsPlatform(boxes);
-  Console console{platform};
-  WindowForms forms{platform, console};
+  IdleProgram program;
 };
 
 TEST_F(Contrasts, OfEachTextOfEachWindowAreEnough) {
-  console.Main().txtTerm.Text = "PWR 30 dBm";
+  program.Console.Main().txtTerm.Text = "PWR 30 dBm";
   for (const WindowRow& row : AllWindows()) Check(row);
-  console.Main().ButtonAdv_Click();
+  program.Console.Main().ButtonAdv_Click();
   Check(*WindowNamed("frmOrvalent"));
 }
 
