@@ -114,11 +114,29 @@ std::string OneSentence(const JudgedSetting& only) {
   }
 }
 
-// Columns of the table: as wide as their longest text, and two blanks.
-using Cells = std::array<std::string, 5>;
+using Cells = std::vector<std::string>;
 
 Cells CellsOf(const JudgedSetting& judged) {
-  return {judged.Name, judged.Sent, judged.Has, WordingOf(judged.Came).InTable, judged.Refusal};
+  return {judged.Name,   judged.Before, judged.Sent, judged.Has, WordingOf(judged.Came).InTable,
+          judged.Refusal};
+}
+
+// Each column as wide as its longest text, and two blanks.
+std::string InColumns(const std::vector<Cells>& rows) {
+  std::vector<std::size_t> widths(rows.front().size());
+  for (const Cells& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+  }
+  std::string table;
+  for (const Cells& row : rows) {
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      line += row[i] + std::string(widths[i] + 2 - row[i].size(), ' ');
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    table += line + "\r\n";
+  }
+  return table;
 }
 
 }  // namespace
@@ -132,6 +150,7 @@ std::vector<JudgedSetting> JudgeSettings(const SentSettings& sent, const RadioVa
     judged.push_back({.What = setting.What,
                       .Came = OutcomeOf(setting, has),
                       .Name = Upper(setting.What->Word),
+                      .Before = setting.Before,
                       .Sent = SentText(setting),
                       .Has = has,
                       .Refusal = RefusalOf(setting)});
@@ -169,26 +188,18 @@ std::string MarkOf(const JudgedSetting& judged) {
 }
 
 std::string TableOf(const std::vector<JudgedSetting>& judged) {
-  std::vector<Cells> rows{{"Setting", "Sent", "The radio has", "Outcome", "The radio said"}};
+  constexpr std::ptrdiff_t before = 1;
+  std::vector<Cells> rows{
+      {"Setting", "Before", "Sent", "The radio has", "Outcome", "The radio said"}};
   for (const Wording& wording : wordings) {
     for (const JudgedSetting& each : judged) {
       if (each.Came == wording.Came) rows.push_back(CellsOf(each));
     }
   }
-  std::array<std::size_t, std::tuple_size_v<Cells>> widths{};
-  for (const Cells& row : rows) {
-    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+  if (std::ranges::all_of(judged, &std::string::empty, &JudgedSetting::Before)) {
+    for (Cells& row : rows) row.erase(row.begin() + before);
   }
-  std::string table;
-  for (const Cells& row : rows) {
-    std::string line;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      line += row[i] + std::string(widths[i] + 2 - row[i].size(), ' ');
-    }
-    line.erase(line.find_last_not_of(' ') + 1);
-    table += line + "\r\n";
-  }
-  return table;
+  return InColumns(rows);
 }
 
 }  // namespace quillmark

@@ -21,6 +21,7 @@ struct JudgedSetting {
   const Setting* What = nullptr;
   Outcome Came = Outcome::Taken;
   std::string Name{};     // as in "PWR"
+  std::string Before{};   // what the radio had; empty: not known
   std::string Sent{};     // the value, or what was to be sent
   std::string Has{};      // what the radio shows; empty: not read
   std::string Refusal{};  // the radio's words
@@ -41,7 +42,8 @@ std::string SentenceSoFar(const SentSettings& sent, bool letGo);
 // For the row of a setting that was refused or differs: "Sent PWR 45; the radio has PWR 30 dBm:
 // INVALID ENTRY". Empty for the others.
 std::string MarkOf(const JudgedSetting& judged);
-// All of them as a table in fixed width, lines end with CR LF; what was not taken stands first.
+// All of them as a table in fixed width, lines end with CR LF; what was not taken stands first. The
+// column of what the radio had before is left out when that is known of none.
 std::string TableOf(const std::vector<JudgedSetting>& judged);
 
 }  // namespace quillmark

@@ -39,8 +39,10 @@ SentValue* SentSettings::ValueOf(const std::string& line, std::string& value) {
     const auto behind = ValueBehind(setting, line);
     if (!behind) continue;
     value = *behind;
-    SentSetting& row = sent[setting.Id];
+    const auto [place, isNew] = sent.try_emplace(setting.Id);
+    SentSetting& row = place->second;
     row.What = &setting;
+    if (isNew && ShownNow) row.Before = ShownNow(setting.Id);
     return Switches(setting, value) ? &row.Switch : &row.Value;
   }
   return nullptr;

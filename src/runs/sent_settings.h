@@ -25,7 +25,8 @@ struct SentValue {
 struct SentSetting {
   const Setting* What = nullptr;
   SentValue Value{};
-  SentValue Switch{};  // of a setting that is also turned on and off, by a line of its own
+  SentValue Switch{};    // of a setting that is also turned on and off, by a line of its own
+  std::string Before{};  // what the radio had before the act; empty: not known
 };
 
 // The settings that the console sends to the radio in one act (one change, a file, a preset, a
@@ -61,6 +62,9 @@ class SentSettings {
 
   // By the order of the catalogue.
   const std::map<SettingId, SentSetting>& All() const { return sent; }
+  // What the last read has shown of a setting; empty when that is not the radio's value now. Asked
+  // when an act first names the setting. May be empty.
+  std::function<std::string(SettingId)> ShownNow;
   // Called when the act is forgotten. May be empty.
   std::function<void()> OnForgotten;
 

@@ -9,9 +9,18 @@ namespace quillmark {
 
 LastRun::LastRun(Platform& machine, frmOrvalent& mainWindow) : platform(machine), main(mainWindow) {
   main.Sent.OnForgotten = [this] { Drop(); };
+  main.Sent.ShownNow = [this](SettingId id) {
+    const SettingRow& row = main.At(id);
+    const bool isValue =
+        !row.Stale() && !IsNoValue(row.Text()) && row.Text() != row.What.View.Start;
+    return isValue ? row.Text() : "";
+  };
 }
 
-LastRun::~LastRun() { main.Sent.OnForgotten = nullptr; }
+LastRun::~LastRun() {
+  main.Sent.OnForgotten = nullptr;
+  main.Sent.ShownNow = nullptr;
+}
 
 bool LastRun::IsOtherRadio() const {
   return !serial.empty() && main.At(SettingId::SerialNumber).Text() != serial;

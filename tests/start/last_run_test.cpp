@@ -46,11 +46,11 @@ TEST_F(LastRunTest, AFileWhoseValuesAreRefusedInPart) {
 
   ASSERT_TRUE(Click("LastRun"));
   EXPECT_EQ(Text("lblSentence"), told);
-  EXPECT_THAT(
-      Text("frmSentSettings.txtTable"),
-      AllOf(HasSubstr("\r\nPWR      45  "),
-            HasSubstr("  PWR 30 dBm        refused  INVALID ENTRY\r\n"),
-            HasSubstr("\r\nDLINK    9600 OFF  "), Not(HasSubstr("k9z!")), Not(HasSubstr("CODE"))));
+  EXPECT_THAT(Text("frmSentSettings.txtTable"),
+              AllOf(HasSubstr("\r\nPWR      PWR 30 dBm        45  "),
+                    HasSubstr("  PWR 30 dBm        refused  INVALID ENTRY\r\n"),
+                    HasSubstr("\r\nDLINK    DLINK 19200 (ON)  9600 OFF  "), Not(HasSubstr("k9z!")),
+                    Not(HasSubstr("CODE"))));
   ASSERT_TRUE(Click("frmSentSettings.cmdClose"));
 
   // A read changes nothing; another radio takes notice and marks away, and so does a disconnect.
