@@ -1,5 +1,7 @@
 #include "config/config_sender.h"
 
+#include "catalogue/bounds.h"
+#include "catalogue/settings.h"
 #include "config/config_lines.h"
 #include "config/program_plan.h"
 #include "platform/utilities.h"
@@ -29,6 +31,15 @@ bool IsUnitNumber(const std::string& text) {
   constexpr double aboveLast = 65001;
   const auto number = NumericValue(text);
   return number && *number > belowFirst && *number < aboveLast;
+}
+
+// What is wrong with an answer to the question for it, if anything.
+std::string UnitObjection(std::string_view answer) {
+  const std::string number = WithoutWord(std::string(answer), "UNIT");
+  if (number.empty()) return {};
+  const Verdict verdict = Judge(SettingOf(SettingId::UnitAddr), number, {}, {});
+  if (!verdict.Fine() || IsUnitNumber(number)) return verdict.Sentence();
+  return "UNIT " + number + ": only Cancel leaves a number of four digits";
 }
 
 }  // namespace
@@ -155,7 +166,12 @@ void ConfigSender::LeaveSetupMode() {
 void ConfigSender::CheckUnit(std::string& line) {
   std::string offered = line;
   for (;;) {
-    const std::string answer = platform.Dialogs.Input({unitPrompt, "Check UNIT number.", offered});
+    const std::string answer = platform.Dialogs.Input(
+        {.Prompt = unitPrompt,
+         .Title = "Check UNIT number.",
+         .Default = offered,
+         .Hint = HintOf(SettingOf(SettingId::UnitAddr), session.SoftwareRevision),
+         .Check = UnitObjection});
     if (answer.empty()) return;
     const std::string number = WithoutWord(answer, "UNIT");
     if (IsUnitNumber(number)) {

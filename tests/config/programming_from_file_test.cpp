@@ -1,5 +1,7 @@
 #include <sys/stat.h>
 
+#include <algorithm>
+
 #include "config/config_bench.h"
 #include "sim/sim_radio_table.h"
 
@@ -98,19 +100,23 @@ TEST_F(ProgrammingFromFileTest, TheUnitNumberIsChecked) {
       "MUST be a five digit number in the range above.\r\n\r\n(Click 'CANCEL' button to use the "
       "default entry.)";
   const struct {
-    const char *Line, *Refused, *Offered, *Answer, *Sent;
+    const char *Line, *Refused, *Offered, *Answer, *Sent, *Objection = "";
   } cases[] = {
       {"UNIT 3456", nullptr, nullptr, "", "UNIT 3456"},
       {"UNIT 3456", nullptr, nullptr, "10000", "UNIT 10000"},
       {"UNIT 3456", nullptr, nullptr, "65000", "UNIT 65000"},
       {"unit 3456", nullptr, nullptr, " uniT 12345 UNIT", "UNIT 12345"},
-      {"UNIT 3456", "9999", "9999", "", "UNIT 3456"},
-      {"UNIT 3456", "65001", "65001", "10001", "UNIT 10001"},
-      {"UNIT 3456", "UNIT abc", "abc", "10001", "UNIT 10001"},
+      {"UNIT 3456", "9999", "9999", "", "UNIT 3456",
+       "UNIT 9999: only Cancel leaves a number of four digits"},
+      {"UNIT 3456", "65001", "65001", "10001", "UNIT 10001",
+       "UNIT 65001: radios take 10000 to 65000 or 4 digits"},
+      {"UNIT 3456", "UNIT abc", "abc", "10001", "UNIT 10001",
+       "UNIT abc: radios take 10000 to 65000 or 4 digits"},
       {"OWN Unit 7", nullptr, nullptr, "", "OWN Unit 7"},
   };
   for (const auto& each : cases) {
     SCOPED_TRACE(std::string(each.Line) + " " + each.Answer);
+    const auto before = static_cast<std::ptrdiff_t>(Boxes().size());
     StartConnected();
     const char* title = "Check UNIT number.";
     if (each.Refused != nullptr) {
@@ -126,6 +132,11 @@ TEST_F(ProgrammingFromFileTest, TheUnitNumberIsChecked) {
         .Choose(Write(InScratch("f.txt"), validLine + each.Line));
     ASSERT_TRUE(Click("cmdProgramFromFile"));
     EXPECT_THAT(FileCommands(), ElementsAre(each.Sent));
+    const auto asked = std::ranges::find(Boxes().begin() + before, Boxes().end(), title,
+                                         &sim::ScriptedUser::Seen::Title);
+    ASSERT_NE(asked, Boxes().end());
+    EXPECT_EQ(asked->Hint, "Radios take 10000 to 65000 or 4 digits.");
+    EXPECT_EQ(asked->Objection, each.Objection);
     CheckExpectations();
     ASSERT_TRUE(Quit());
     Restart();

@@ -3,8 +3,11 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <string_view>
 #include <system_error>
 
+#include "catalogue/bounds.h"
+#include "catalogue/settings.h"
 #include "settings/frmSimpleXMAP.h"
 #include "text/numbers.h"
 #include "text/text.h"
@@ -33,6 +36,18 @@ struct Role {
 };
 
 namespace {
+
+// The question for a repeater's address offers every radio what the newer ones take.
+const Revision& Newer() {
+  static const Revision newer = RevisionOf("2.0.0");
+  return newer;
+}
+
+// What is wrong with an answer to it, if anything. The radio is a repeater by then.
+std::string XaddrObjection(std::string_view answer) {
+  if (answer.empty()) return {};
+  return Judge(SettingOf(SettingId::XADDR), answer, Newer(), "MODE X").Sentence();
+}
 
 // clang-format off
 constexpr Role master{"Master", "MASTER", "Program radio as MASTER...", 'M', false, false,
@@ -180,9 +195,12 @@ void QuickConfig::AskForRepeater() {
 void QuickConfig::AskXaddr() {
   for (;;) {
     const std::string answer = platform.Dialogs.Input(
-        {"Enter this repeater's XADDR. (This is the number used by the remotes that are to "
-         "associate with this repeater.)",
-         "Enter XADDR", "1"});
+        {.Prompt = "Enter this repeater's XADDR. (This is the number used by the remotes that are "
+                   "to associate with this repeater.)",
+         .Title = "Enter XADDR",
+         .Default = "1",
+         .Hint = HintOf(SettingOf(SettingId::XADDR), Newer()),
+         .Check = XaddrObjection});
     if (answer.empty()) {
       platform.Dialogs.Message({"REPEATER radio programmed WITH default XADDR of 0"});
       return;

@@ -1,3 +1,4 @@
+#include <algorithm>
 
 #include "config/config_bench.h"
 
@@ -165,6 +166,7 @@ TEST_F(QuickConfigTest, TheRepeatersAddress) {
   };
   for (const auto& each : cases) {
     SCOPED_TRACE(each.Name);
+    const auto before = static_cast<std::ptrdiff_t>(Boxes().size());
     StartConnected();
     ExpectQuestion("REPEATER");
     for (const std::string& answer : each.Answers) ExpectInput("Enter XADDR").Type(answer);
@@ -187,6 +189,11 @@ TEST_F(QuickConfigTest, TheRepeatersAddress) {
     EXPECT_EQ(RoleBytes(), "MODE X\rADDR 1000\rPWR 30\rBAUD 9600\r" + std::string(each.Sent));
     EXPECT_EQ(Port().Input(), "");
     ExpectIdle();
+    const auto asked = std::ranges::find(Boxes().begin() + before, Boxes().end(), "Enter XADDR",
+                                         &sim::ScriptedUser::Seen::Title);
+    ASSERT_NE(asked, Boxes().end());
+    EXPECT_EQ(asked->Hint, "Radios take 0 to 31. Factory value: 0.");
+    EXPECT_EQ(asked->Objection, each.Answers.size() == 4 ? "XADDR 32: radios take 0 to 31" : "");
     CheckExpectations();
     ASSERT_TRUE(Quit());
     Restart();
