@@ -89,9 +89,21 @@ void frmSetPass::PassRadio_Click(int index) {
 void frmSetPass::OKButton_Click() {
   if (PassRadio[0].Checked()) {
     SetPassword();
-  } else {
+  } else if (ConfirmRemoval()) {
     RemovePassword();
   }
+}
+
+// The window opens with the removal chosen when this program has set no password. The radio may
+// have one all the same.
+bool frmSetPass::ConfirmRemoval() {
+  const int began = radio.Epoch();
+  const Answer answer = platform.Dialogs.Message(
+      {.Text = "Remove the radio's password?\r\rWithout one anybody can change its settings.",
+       .Title = "Radio Password Setup",
+       .Choice = Buttons::YesNo,
+       .Irreversible = true});
+  return answer == Answer::Yes && Loaded() && !closeWanted && radio.Epoch() == began;
 }
 
 bool frmSetPass::EntriesAreGood() {

@@ -40,6 +40,7 @@ class frmSetPass : public Form {
   // Shows and stores whether the radio has a password now.
   void ShowState(bool protectedNow);
   void End(const char* notice);
+  bool ConfirmRemoval();
   void RemovePassword();
   void StorePassEnabled(bool enabled);
 

@@ -106,8 +106,22 @@ void frmOrvalent::ShowRefusesChanges(bool refuses) {
     NotLoggedIn.Drop();
     return;
   }
-  // The radio may refuse although the toolbar has seen a login.
-  NotLoggedIn.Tell("Not logged in: the radio refuses changes", [this] {
+  TellLogin("Not logged in: the radio refuses changes");
+}
+
+void frmOrvalent::ShowLoggedOut() {
+  TellLogin("Logged out: a radio with a password refuses changes");
+}
+
+void frmOrvalent::ShowLoggedIn() {
+  NotLoggedIn.Drop();
+  tbr_Login.Enabled = false;
+  tbr_Logout.Enabled = true;
+}
+
+// The radio may refuse although the toolbar has seen a login.
+void frmOrvalent::TellLogin(const std::string& sentence) {
+  NotLoggedIn.Tell(sentence, [this] {
     if (!tbr_Login.Click()) mnuAccessCode.Click();
   });
 }

@@ -60,6 +60,10 @@ class frmOrvalent : public Form,
   // The radio refuses changes as nobody is logged in: a notice tells it, whose click opens the
   // login. Or it does not, and the notice goes.
   void ShowRefusesChanges(bool refuses);
+  // The radio was told to log out. Whether it has a password is not known.
+  void ShowLoggedOut();
+  // The radio has taken a password.
+  void ShowLoggedIn();
 
   // What the close box does.
   std::function<void()> OnClose;
@@ -73,6 +77,7 @@ class frmOrvalent : public Form,
 
  private:
   void StackSettingFrames();
+  void TellLogin(const std::string& sentence);
 
   double SavedInfoTop = 0;
   double SavedNetSetOffset = 0;

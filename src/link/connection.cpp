@@ -198,6 +198,7 @@ void Connection::LogoutRadio() {
     main.tbr_Login.Enabled = true;
     main.tbr_Logout.Enabled = false;
     main.txtTerm.Text = "*** LOGGED OUT ***";
+    main.ShowLoggedOut();
   });
 }
 

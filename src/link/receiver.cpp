@@ -121,12 +121,26 @@ void Receiver::ReportError(const std::string& wording) {
   main.Timer2.Enabled = true;
 }
 
+// A password that is typed into the terminal is no command of the console's.
+void Receiver::FollowLogin(std::string_view shown) {
+  constexpr std::string_view accepted = "PASSWORD OK";
+  for (const char c : shown) {
+    if (c == '\r' || c == '\n') {
+      if (line == accepted && main.NotLoggedIn.Visible()) main.ShowLoggedIn();
+      line.clear();
+    } else if (line.size() <= accepted.size()) {
+      line += c;
+    }
+  }
+}
+
 void Receiver::ReceiveText(TextBox& term, std::string& data) {
   if (main.DiscardReceived) {
     radio.Discard(data);
     data = " ";
   } else {
     data = radio.Hear(data);
+    FollowLogin(data);
   }
   // More than once only behind an arrival larger than the cut.
   while (term.Text().size() > terminalLimit) term.Text = term.Text().substr(terminalCut);

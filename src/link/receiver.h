@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "app/frmOrvalent.h"
 #include "conversation/conversation.h"
@@ -28,6 +29,7 @@ class Receiver {
   void ShowCommStatusText(const std::string& wording);
   void ReportError(const std::string& wording);
   bool SparesTransfer() const;
+  void FollowLogin(std::string_view shown);
 
   Platform& platform;
   Session& session;
@@ -38,6 +40,7 @@ class Receiver {
   std::string CommEventText;
   std::string CommErrorText;
   std::string ReceiveChunk;
+  std::string line;  // that is coming in; no more of it than FollowLogin looks at
   bool errorBoxUp = false;
 };
 

@@ -165,11 +165,14 @@ void Console::Form_Load() {
 }
 
 void Console::mnuProperties_Click() {
+  const int before = platform.MSComm1.CommPort();
   platform.Windows.ShowModal(
       std::make_shared<frmProperties>(platform, session, *main,
                                       [this] { connection.DisconnectRadio(); }),
       *main);
   if (!session.PortChanged) return;
+  // Another radio is behind another port, and what is shown is not its values.
+  if (platform.MSComm1.CommPort() != before) readAge.Disconnected();
   connection.ButtonRefresh_Click();
   session.PortChanged = false;
 }

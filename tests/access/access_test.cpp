@@ -151,7 +151,8 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
   EXPECT_TRUE(Radio().Echo());
 
   // Not logged in: nothing is removed.
-  Type("txtTerm", "pass none\r");
+  ASSERT_TRUE(Click("tbr_Logout"));
+  EXPECT_EQ(Text("NotLoggedIn"), "Logged out: a radio with a password refuses changes");
   Run(Seconds(1));
   ClearLog();
   ASSERT_TRUE(Click("mnuSetPass"));
@@ -163,6 +164,11 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
     ASSERT_TRUE(Click("mnuSetPass"));
     EXPECT_TRUE(Checked("PassRadio_0"));
     EXPECT_TRUE(Click("PassRadio_1"));
+    ExpectBox("Radio Password Setup");
+    EXPECT_TRUE(Click("frmSetPass.OKButton"));
+    EXPECT_TRUE(Boxes().back().Irreversible);
+    EXPECT_TRUE(WindowOpen("frmSetPass"));
+    ExpectBox("Radio Password Setup").Reply(Answer::Yes);
     EXPECT_TRUE(Click("frmSetPass.OKButton"));
     EXPECT_FALSE(WindowOpen("frmSetPass"));
   };
@@ -174,6 +180,8 @@ TEST_F(AccessTest, SettingAndRemovingThePassword) {
   EXPECT_EQ(Stored("Preferences", "PassEnabled"), "True");
   Type("txtTerm", "pass a1b2\r");
   Run(Seconds(1));
+  EXPECT_FALSE(Visible("NotLoggedIn"));
+  EXPECT_TRUE(Enabled("tbr_Logout"));
   ClearLog();
   remove();
   EXPECT_EQ(Sent(), "deco\rk7m2\rPASS NONE\r\reeco\r");
@@ -200,6 +208,7 @@ TEST_F(AccessTest, TheWaysOutOfThePasswordWindow) {
     ClearLog();
     ASSERT_TRUE(Click("mnuSetPass"));
     EXPECT_TRUE(Click("PassRadio_1"));
+    ExpectBox("Radio Password Setup").Reply(Answer::Yes);
     After(Milliseconds(200), [&, button = second] { EXPECT_TRUE(Click(button)); });
     EXPECT_TRUE(Click("frmSetPass.OKButton"));
     EXPECT_EQ(Sent(), sent);

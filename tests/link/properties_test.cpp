@@ -69,8 +69,10 @@ TEST_F(PropertiesTest, ChangingTheOpenPortAsksFirst) {
 
   change("Com2", Answer::Yes);
   EXPECT_EQ(Stored("Properties", "CommPort"), "2");
+  EXPECT_TRUE(Main().At(SettingId::Mode).Stale());  // it is that of the radio before
   ASSERT_TRUE(RunUntil([&] { return ReadCycles() == 2; }));
   EXPECT_EQ(Text("Mode"), "MODE M");
+  EXPECT_FALSE(Main().At(SettingId::Mode).Stale());
 
   // One that does not open: the error, the old number, the window still up, nothing stored.
   ExpectBox(ProgramTitle).Saying("No such file or directory").With(Icon::Exclamation);
