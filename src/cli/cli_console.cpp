@@ -95,16 +95,24 @@ void CliConsole::ConnectAndRead() {
   Read();
 }
 
-RadioTexts CliConsole::Texts() {
-  RadioTexts texts = console.LastRead().Texts;
-  const Setting& map = SettingOf(SettingId::XMAP);
-  if (!console.Shared().SoftwareRevision.AtLeast(map.Revisions.From)) return texts;
+std::optional<std::string> CliConsole::Ask(const Setting& setting) {
+  std::optional<std::string> value;
   Act([&] {
     const LineTurns::Turn turn(console.Talk().Turns);
-    const auto value = console.Talk().Ask({.Command = map.Word, .Opening = map.Reply});
-    if (value && !IsRefusal(*value)) texts[map.Id] = *value;
+    value = console.Talk().Ask({.Command = setting.Word, .Opening = setting.Reply});
   });
   CheckLink();
+  return value && IsRefusal(*value) ? std::nullopt : value;
+}
+
+RadioTexts CliConsole::Texts(const std::vector<SettingId>& wanted) {
+  RadioTexts texts = console.LastRead().Texts;
+  for (const SettingId id : wanted) {
+    const Setting& setting = SettingOf(id);
+    const bool has = setting.Revisions.HoldsBelowIfUnknown(console.Shared().SoftwareRevision);
+    if (!has || texts.contains(id)) continue;
+    if (const auto value = Ask(setting)) texts[id] = *value;
+  }
   return texts;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,8 +36,9 @@ class CliConsole {
   // Reads all settings of the connected radio into the rows.
   void Read();
   void ConnectAndRead();
-  // What the last read has brought, and the extension map, which no read asks for.
-  RadioTexts Texts();
+  // What the last read has brought. It leaves some settings of a file out, such as the extension
+  // map: those among `wanted` are asked for.
+  RadioTexts Texts(const std::vector<SettingId>& wanted);
   // Fails when the radio refuses changes. Known behind a read.
   void CheckLoggedIn();
   // Fails when a box came up that the command did not expect.
@@ -53,6 +55,7 @@ class CliConsole {
   void End(bool logOut = false);
 
  private:
+  std::optional<std::string> Ask(const Setting& setting);
   std::string Reasons() const;
   void CheckLink();
 

@@ -7,8 +7,16 @@
 
 #include "app/version.h"
 #include "cli/command.h"
+#include "cli/commands/check.h"
+#include "cli/commands/diff.h"
+#include "cli/commands/login.h"
 #include "cli/commands/ports.h"
+#include "cli/commands/preset.h"
+#include "cli/commands/program.h"
 #include "cli/commands/read.h"
+#include "cli/commands/save.h"
+#include "cli/commands/set.h"
+#include "cli/commands/simulate.h"
 #include "cli/exit_codes.h"
 #include "qt/base/application.h"
 
@@ -19,7 +27,10 @@ namespace {
 constexpr const char* program = "quillmark";
 
 // In the order of the help.
-constexpr AddCommand commands[] = {AddPorts, AddRead};
+constexpr AddCommand commands[] = {
+    AddPorts, AddRead,  AddSet,   AddSave,   AddProgram, AddPreset,
+    AddDiff,  AddCheck, AddLogin, AddLogout, AddCode,    AddSimulate,
+};
 
 constexpr const char* exitCodes =
     "Exit codes: 0 done, 1 different or settings refused, 2 usage, 3 no radio or port,\n"

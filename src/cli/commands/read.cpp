@@ -39,7 +39,7 @@ std::string EntryOf(const SettingRow& row, const RadioTexts& texts) {
 }
 
 std::string JsonOf(CliConsole& radio, const std::vector<const Setting*>& wanted) {
-  const RadioTexts texts = radio.Texts();
+  const RadioTexts texts = radio.Texts({SettingId::XMAP});
   JsonObject settings;
   for (const SettingRow& row : radio.Main().Rows) {
     if (IsWanted(row, wanted)) settings.Add(row.What.Word, EntryOf(row, texts));

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/command.h"
+#include "controls/clickable.h"
+
+namespace CLI {
+class App;
+}
+
+namespace quillmark {
+
+// A run that clears the radio and programs it with a configuration: what its commands have in
+// common. It shows what will change and asks, keeps a copy of what the radio holds, and tells what
+// the radio took.
+
+struct RunOptions {
+  bool Yes = false;    // do not ask
+  bool Force = false;  // a file that was not saved by the console, too
+  std::string Unit;    // a number from 10000 to 65000, or "file"; empty: the radio keeps its own
+};
+
+void AddRunOptions(CLI::App& command, RunOptions& options);
+
+// Asks are possible, or not needed. Before a radio is touched. Throws Failure.
+void CheckMayAsk(const RunOptions& options);
+
+// The radio has been read. `entry` is the button of the run, `lines` the configuration that it
+// sends. Throws Failure.
+Exit RunProgramming(Workbench& bench, const RunOptions& options, Clickable& entry,
+                    const std::vector<std::string>& lines);
+
+}  // namespace quillmark
