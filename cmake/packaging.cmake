@@ -1,6 +1,6 @@
 # What goes to the user, and the Debian package that holds it. "./dev package" builds and checks it.
 
-install(TARGETS quillmark-console quillmark-radio DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(TARGETS quillmark-console quillmark quillmark-radio DESTINATION "${CMAKE_INSTALL_BINDIR}")
 
 # A console started from its build folder finds the default set under share/ beside itself.
 set(defaultSet "${CMAKE_SOURCE_DIR}/share/NewRadio.txt")

@@ -18,7 +18,7 @@ make_package() {
   SOURCE_DATE_EPOCH=$(source_time)
   export SOURCE_DATE_EPOCH
   rm -f build/package/*.deb
-  build package quillmark-console quillmark-radio
+  build package quillmark-console quillmark quillmark-radio
   cmake --build --preset package --target icon_sizes manual compress_changelog \
     compress_quillmark-console.1 compress_quillmark-radio.1 >&2
   (umask 022 && cd build/package && cpack -G DEB >cpack.log 2>&1) || {

@@ -24,6 +24,9 @@ struct Failure {
   std::string Cure{};  // empty: the usual one of the code
 };
 
+// What the desktop program advises about a port, in the words of the command line.
+std::string InTheseWords(std::string advice);
+
 // The one line for stderr, without its end: the cause and the cure, in UTF-8.
 std::string SentenceOf(const Failure& failure);
 

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "catalogue/value_parts.h"
 #include "cli/config_file.h"
 #include "cli/utf8.h"
 #include "history/radio_copy.h"
@@ -20,8 +21,13 @@ std::vector<ComparedValue> WithRadio(CliConsole& radio, const ConfigValues& file
   radio.ConnectAndRead();
   std::vector<SettingId> wanted;
   for (const auto& [id, line] : file) wanted.push_back(id);
-  const RadioCopy copy = CopyOf(radio.Main().Settings, radio.Texts(wanted));
-  std::vector<ComparedValue> rows = CompareValues(file, ValuesOf(copy.Lines));
+  const RadioTexts texts = radio.Texts(wanted);
+  ConfigValues values = ValuesOf(CopyOf(radio.Main().Settings, texts).Lines);
+  // No save writes what its mode has no use for.
+  for (const auto& [id, text] : texts) {
+    if (file.contains(id) && IsValue(SettingOf(id), text)) values.try_emplace(id, text);
+  }
+  std::vector<ComparedValue> rows = CompareValues(file, values);
   // What the file leaves alone is no difference to it.
   std::erase_if(rows, [](const ComparedValue& row) { return row.First.empty(); });
   return rows;

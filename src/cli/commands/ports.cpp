@@ -43,7 +43,8 @@ std::string JsonOf(const std::vector<KnownPort>& ports) {
                  .Add("present", JsonBool(port.What.Present))
                  .Add("holder", port.Holder.empty() ? "null" : JsonText(port.Holder))
                  .Add("free", JsonBool(!port.Trouble))
-                 .Add("cure", port.Trouble ? JsonText(OnOneRow(port.Trouble->Details)) : "null")
+                 .Add("cure", port.Trouble ? JsonText(OnOneRow(InTheseWords(port.Trouble->Details)))
+                                           : "null")
                  .Text());
   }
   return JsonObject().Add("version", "1").Add("ports", list.Text()).Text();
@@ -56,7 +57,8 @@ Exit Ports(Workbench& bench) {
   } else if (!ports.empty()) {
     std::vector<std::vector<std::string>> rows{{"Number", "Device", "Adapter", "Held by", "State"}};
     for (const KnownPort& port : ports) {
-      const std::string state = port.Trouble ? OnOneRow(port.Trouble->Details) : "free";
+      const std::string state =
+          port.Trouble ? OnOneRow(InTheseWords(port.Trouble->Details)) : "free";
       rows.push_back({std::to_string(port.Number), ToUtf8(port.What.Device),
                       ToUtf8(port.What.Adapter), ToUtf8(port.Holder), ToUtf8(state)});
     }

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "cli/json.h"
-#include "cli/row_table.h"
 #include "cli/setting_names.h"
+#include "cli/settings_table.h"
 #include "cli/utf8.h"
 
 namespace quillmark {
@@ -62,7 +62,7 @@ void PrintRows(Workbench& bench, const std::vector<const Setting*>& wanted) {
 }
 
 void PrintTable(Workbench& bench) {
-  std::string table = ToUtf8(RowTable(bench.Radio().Main()));
+  std::string table = ToUtf8(SettingsTable(bench.Radio().Main()));
   table.pop_back();
   bench.Out.Line(table);
 }

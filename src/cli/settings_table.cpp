@@ -1,4 +1,4 @@
-#include "cli/row_table.h"
+#include "cli/settings_table.h"
 
 #include <algorithm>
 #include <vector>
@@ -27,7 +27,7 @@ void AddTab(std::string& table, const std::string& title, const frmOrvalent& mai
 
 }  // namespace
 
-std::string RowTable(const frmOrvalent& main) {
+std::string SettingsTable(const frmOrvalent& main) {
   std::string table;
   AddTab(table, main.InfoFrame.Text(), main, Tab::General);
   for (std::size_t tab = FirstTab; tab < TabCount; ++tab) {

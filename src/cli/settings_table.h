@@ -11,7 +11,7 @@ namespace quillmark {
 // What the rows of the main window show, as tables and as values. Texts are Latin-1.
 
 // The rows in view, by tab and in the order in which they stand there; lines end with "\n".
-std::string RowTable(const frmOrvalent& main);
+std::string SettingsTable(const frmOrvalent& main);
 
 // The value in the radio's reply, without its word and unit; nothing where there is none.
 std::optional<std::string> ValueIn(const Setting& setting, const std::string& reply);
