@@ -74,6 +74,7 @@ std::vector<FoundRow> FindRows(SettingsRows& rows, std::string_view query) {
   }
   std::ranges::stable_sort(ranked, {}, &Ranked::At);
   std::vector<FoundRow> found;
+  found.reserve(ranked.size());
   for (const Ranked& each : ranked) found.push_back({each.Row, each.At == inExplanation});
   return found;
 }

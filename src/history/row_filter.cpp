@@ -1,7 +1,6 @@
 #include "history/row_filter.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -66,7 +65,9 @@ RowFilter::Outcome RowFilter::ChangedFromFactory() const {
 RowFilter::Outcome RowFilter::ChangedSinceCopy() const {
   const std::string folder = FolderName(main.At(SettingId::SerialNumber).Text());
   if (folder.empty()) return {{}, "There is no copy to compare with: no radio has been read."};
-  for (const auto& file : std::views::reverse(store.FilesOf(folder))) {
+  std::vector<std::filesystem::path> newestFirst = store.FilesOf(folder);
+  std::ranges::reverse(newestFirst);
+  for (const auto& file : newestFirst) {
     const KeptCopy kept = ReadCopy(file);
     if (kept.State != CopyState::Sound) continue;
     auto changed = ChangedSince(kept.Copy);

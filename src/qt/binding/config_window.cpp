@@ -125,6 +125,7 @@ QWidget* DrawConfigWindow(QWidget* parent) {
   ui.setupUi(window);
   auto* pages = new QStackedWidget(window);
   std::vector<QGridLayout*> grids;
+  grids.reserve(TabCount);
   for (int number = 0; number < pageCount; ++number) grids.push_back(AddPage(*pages, number));
   AlignColumns(*window, grids);
   ui.rowArea->Hold(*pages);

@@ -180,6 +180,7 @@ constexpr WindowRow windows[] = {
         .Name = "frmConfigFile",
         .Draw = DrawConfigWindow,
         .TakesFiles = true,
+        .Help = "without-a-radio",
         .Remembered = true,
         .EscapeClicks = "CloseButton",
     },
