@@ -200,6 +200,7 @@ constexpr WindowRow windows[] = {
     {
         .Name = "frmComparison",
         .Draw = DrawDialog<Ui::frmComparison>,
+        .Help = "radio-history",
         .Remembered = true,
         .DefaultButton = "cmdClose",
         .EscapeClicks = "cmdClose",
@@ -220,6 +221,10 @@ constexpr bool EachStandsOnce() {
 }
 static_assert(EachStandsOnce());
 static_assert(std::ranges::count(windows, true, &WindowRow::Main) == 1);
+// F1 does something in all others.
+static_assert(std::ranges::all_of(windows, [](const WindowRow& row) {
+  return row.Help.empty() == (row.Passes || row.BesideModal);
+}));
 
 QString ToName(std::string_view name) {
   return QLatin1String(name.data(), static_cast<qsizetype>(name.size()));

@@ -17,9 +17,9 @@
 #include <utility>
 #include <vector>
 
+#include "qt/base/qt_event_loop.h"
 #include "qt/binding/focus_keeper.h"
 #include "qt/binding/main_window.h"
-#include "qt/desktop/qt_event_loop.h"
 
 namespace quillmark {
 namespace {
