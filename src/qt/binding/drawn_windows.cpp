@@ -63,8 +63,11 @@ QWidget* DrawHistory(QWidget* parent) {
   }
   QObject::connect(new QShortcut(QKeySequence::Find, window), &QShortcut::activated, ui.txtSearch,
                    [line = ui.txtSearch] { line->setFocus(Qt::ShortcutFocusReason); });
-  ui.tables->setStretchFactor(0, 2);
-  ui.tables->setStretchFactor(1, 3);
+  // What has changed needs the most room.
+  const int width = ui.tblRadios->sizeHint().width();
+  ui.tables->setSizes({width, 2 * width});
+  ui.tables->setStretchFactor(0, 1);
+  ui.tables->setStretchFactor(1, 2);
   return window;
 }
 

@@ -37,6 +37,10 @@ TableView::TableView(QWidget* parent) : QTableView(parent), rows(new TableRows(t
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 4 / 3);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setTextElideMode(Qt::ElideRight);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
+    const bool movable = horizontalHeader()->sectionResizeMode(column) == QHeaderView::Interactive;
+    if (!quiet && movable) sized = true;
+  });
   connect(this, &QAbstractItemView::doubleClicked, this, [this] { emit Opened(); });
 }
 
@@ -47,12 +51,10 @@ void TableView::Follow(const Table& table) {
   const AtEnd loud([this] { quiet = false; });
   if (changed) rows->Follow(table);
   if (changed || SelectedRows() != table.Selected()) Select(table.Selected());
-  if (!sized) SizeColumns();
+  if (changed && !sized) SizeColumns();
 }
 
-// Once: afterwards the borders are the user's.
 void TableView::SizeColumns() {
-  sized = rows->rowCount() > 0;
   const QStringList stretched = property("stretchColumns").toString().split(QLatin1Char(' '));
   const int character = fontMetrics().averageCharWidth();
   horizontalHeader()->setMinimumSectionSize(narrowestColumn * character);

@@ -43,7 +43,7 @@ class TableView : public QTableView {
 
   TableRows* rows;
   long shown = -1;     // the version of the table
-  bool sized = false;  // the columns have their widths
+  bool sized = false;  // the user has moved a border
   bool quiet = false;  // the program selects, not the user
 };
 
