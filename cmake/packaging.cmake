@@ -9,7 +9,8 @@ configure_file("${defaultSet}" "${CMAKE_BINARY_DIR}/share/quillmark-console/NewR
 
 install(FILES packaging/quillmark-console.desktop DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES packaging/quillmark-console.metainfo.xml DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
-install(FILES packaging/completion/quillmark-console packaging/completion/quillmark-radio
+install(FILES packaging/completion/quillmark-console packaging/completion/quillmark
+        packaging/completion/quillmark-radio
         DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
 install(FILES src/qt/icons/quillmark-console.svg
         DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps")
@@ -32,7 +33,7 @@ if(QUILLMARK_PACKAGE)
     install(FILES "${made}/${name}.gz" DESTINATION "${folder}")
   endfunction()
 
-  foreach(page IN ITEMS quillmark-console.1 quillmark-radio.1)
+  foreach(page IN ITEMS quillmark-console.1 quillmark.1 quillmark-radio.1)
     quillmark_compressed("${CMAKE_SOURCE_DIR}/packaging/man/${page}" ${page}
                          "${CMAKE_INSTALL_MANDIR}/man1")
   endforeach()

@@ -20,7 +20,7 @@ make_package() {
   rm -f build/package/*.deb
   build package quillmark-console quillmark quillmark-radio
   cmake --build --preset package --target icon_sizes manual compress_changelog \
-    compress_quillmark-console.1 compress_quillmark-radio.1 >&2
+    compress_quillmark-console.1 compress_quillmark.1 compress_quillmark-radio.1 >&2
   (umask 022 && cd build/package && cpack -G DEB >cpack.log 2>&1) || {
     cat build/package/cpack.log >&2
     return 1
