@@ -194,6 +194,7 @@ constexpr WindowRow windows[] = {
     {
         .Name = "frmHistory",
         .Draw = DrawHistory,
+        .Help = "radio-history",
         .Remembered = true,
         .EscapeClicks = "cmdClose",
     },
