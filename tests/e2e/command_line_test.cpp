@@ -96,7 +96,7 @@ TEST_F(Quillmark, EachEndHasItsCodeAndOneLineThatTellsCauseAndCure) {
       {{"login", "--secret-fd", "0"}, "abcx\n", 4, "", "The radio has refused the password."},
       {{"login", "--secret-fd", "0"}, "abcde\n", 2, "", "A password has 1 to 4 characters"},
       {{"login", "--secret-fd", "0"}, "abcd\n", 0, "", ""},
-      {{"set", "Power Level=25"}, "", 0, "PWR      25    PWR 25 dBm     taken\n", ""},
+      {{"set", "Power Level=25"}, "", 0, "PWR 30 dBm  25    PWR 25 dBm     taken\n", ""},
       {{"set", "pwr=99", "--force"}, "", 1, "refused  INVALID ENTRY\n", "PWR 99 refused"},
       {{"check", bad},
        "",
