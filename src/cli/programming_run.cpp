@@ -5,7 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 #include "cli/outcome_table.h"
 #include "cli/utf8.h"
 #include "config/config_lines.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 #include "cli/utf8.h"
 
 namespace quillmark {

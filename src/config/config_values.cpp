@@ -3,8 +3,8 @@
 #include <set>
 #include <string_view>
 
+#include "catalogue/same_value.h"
 #include "catalogue/settings.h"
-#include "catalogue/value_parts.h"
 #include "text/text.h"
 
 namespace quillmark {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "catalogue/same_value.h"
 #include "catalogue/settings.h"
-#include "catalogue/value_parts.h"
 #include "config/config_values.h"
 #include "config/judged_lines.h"
 

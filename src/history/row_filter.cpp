@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 #include "config/config_values.h"
 #include "history/radio_copy.h"
 

@@ -83,22 +83,16 @@ frmPreferences::frmPreferences(PreferenceStore& preferences, Session& shared, Te
   CancelButton.OnClick = [this] { Unload(); };
 }
 
-bool frmPreferences::Store(const CheckBox& box, const char* key) {
-  store.Write("Preferences", key, BooleanText(box.Checked()));
-  return box.Checked();
-}
-
 void frmPreferences::OKButton_Click() {
-  session.ConnectOnLaunch = Store(ConnectOnLaunchCheck, "ConnectOnLaunch");
-  session.KeepAlive = Store(KeepAliveCheck, "KeepAlive");
-  session.LogoutOnQuit = Store(LogoutCheck, "LogoutOnQuit");
-  session.History = Store(HistoryCheck, "History");
-  session.PlanFirst = Store(PlanFirstCheck, "PlanFirst");
-  terminal.Bold = Store(BoldCheck, "BoldText");
+  session.ConnectOnLaunch = ConnectOnLaunchCheck.Checked();
+  session.KeepAlive = KeepAliveCheck.Checked();
+  session.LogoutOnQuit = LogoutCheck.Checked();
+  session.History = HistoryCheck.Checked();
+  session.PlanFirst = PlanFirstCheck.Checked();
+  terminal.Bold = BoldCheck.Checked();
   terminal.ForeColor = ColourAt(TextColorList.ListIndex());
-  store.Write("Preferences", "TextColor", std::to_string(terminal.ForeColor()));
   terminal.BackColor = ColourAt(BackgroundColorList.ListIndex());
-  store.Write("Preferences", "BackColor", std::to_string(terminal.BackColor()));
+  StorePreferences(store, session, terminal);
   const auto theme = static_cast<Theme>(ThemeList.ListIndex());
   desktop.UseTheme(theme);
   StoreTheme(store, theme);

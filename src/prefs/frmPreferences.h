@@ -23,8 +23,6 @@ class frmPreferences : public Form {
 
  private:
   void OKButton_Click();
-  // Stores what the box says, and gives it.
-  bool Store(const CheckBox& box, const char* key);
 
   PreferenceStore& store;
   Session& session;

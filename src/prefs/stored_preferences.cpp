@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <iterator>
+#include <string>
+#include <utility>
 
 #include "prefs/colours.h"
 #include "text/numbers.h"
@@ -62,6 +64,20 @@ int LoadStoredPreferences(const PreferenceStore& store, Session& session, TextBo
   session.PlanFirst = flag("PlanFirst", session.PlanFirst).value_or(true);
   session.History = sound ? *history : historyByDefault;
   return port;
+}
+
+void StorePreferences(PreferenceStore& store, const Session& session, const TextBox& terminal) {
+  const std::pair<const char*, std::string> values[] = {
+      {"ConnectOnLaunch", BooleanText(session.ConnectOnLaunch)},
+      {"KeepAlive", BooleanText(session.KeepAlive)},
+      {"LogoutOnQuit", BooleanText(session.LogoutOnQuit)},
+      {"History", BooleanText(session.History)},
+      {"PlanFirst", BooleanText(session.PlanFirst)},
+      {"BoldText", BooleanText(terminal.Bold())},
+      {"TextColor", std::to_string(terminal.ForeColor())},
+      {"BackColor", std::to_string(terminal.BackColor())},
+  };
+  for (const auto& [key, value] : values) store.Write("Preferences", key, value);
 }
 
 Theme StoredTheme(const PreferenceStore& store) {

@@ -13,9 +13,9 @@
 
 namespace quillmark {
 
-// Reads every setting of the radio into the rows of the main window, in a fixed order, one exchange
-// at a time: some 40 of them, a few seconds. A read that fails leaves its row as it was. Everything
-// given to it outlives it.
+// Reads every setting of the radio into the rows of the main window, in the order of SettingId, one
+// exchange at a time: some 40 of them, a few seconds. A read that fails leaves its row as it was.
+// Everything given to it outlives it.
 class ReadCycle {
  public:
   ReadCycle(Platform& platform, Session& session, frmOrvalent& main, Connection& connection,

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 #include "restore/restore_verdicts.h"
 
 namespace quillmark {

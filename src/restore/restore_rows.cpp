@@ -1,6 +1,6 @@
 #include "restore/restore_rows.h"
 
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 
 namespace quillmark {
 

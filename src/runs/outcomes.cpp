@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 #include "text/text.h"
 
 namespace quillmark {

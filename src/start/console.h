@@ -34,12 +34,12 @@
 #include "session/session.h"
 #include "settings/option_rows.h"
 #include "settings/programming.h"
-#include "start/copy_before.h"
 #include "start/file_opener.h"
 #include "start/frmHelp.h"
 #include "start/frmSplash.h"
 #include "start/history_menu.h"
 #include "start/last_run.h"
+#include "start/undo_run.h"
 
 namespace quillmark {
 
@@ -122,7 +122,7 @@ class Console {
   FirmwareUpgrade upgrade;
   RestoreMenu restore;
   RadioHistory history;
-  CopyBefore copyBefore;
+  UndoRun undoRun;
   HistoryMenu historyMenu;
   RowFilter rowFilter;
   SettingFinder finder;

@@ -35,7 +35,7 @@ void Console::WireLink() {
   mainTimer.OnReadCycleDone = [this] {
     lastRun.ReadDone();
     history.NoteRead();
-    copyBefore.NoteRead();
+    undoRun.NoteRead();
     rowFilter.Apply();
     if (OnReadCycleDone) OnReadCycleDone();
   };
@@ -62,15 +62,15 @@ void Console::WireFiles() {
 void Console::WireHistory() {
   const auto before = [this](const std::string& run) {
     history.BeforeRun(run);
-    copyBefore.NoteRun();
+    undoRun.NoteRun();
   };
   directRun.BeforeOverwrite = before;
   upgrade.BeforeOverwrite = before;
   restore.BeforeOverwrite = [this](const RadioTexts& shown) {
     history.BeforeRestore(shown);
-    copyBefore.NoteRun();
+    undoRun.NoteRun();
   };
-  copyBefore.Wire();
+  undoRun.Wire();
   historyMenu.Wire();
   history.Tell = [this](const std::string& sentence) { main->FileDone.Tell(sentence); };
 }

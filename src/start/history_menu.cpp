@@ -3,8 +3,8 @@
 namespace quillmark {
 
 HistoryMenu::HistoryMenu(Platform& machine, const Session& shared, frmOrvalent& mainWindow,
-                         RadioHistory& copies, CopyBefore& opener)
-    : platform(machine), session(shared), main(mainWindow), history(copies), copyBefore(opener) {}
+                         RadioHistory& copies, UndoRun& opener)
+    : platform(machine), session(shared), main(mainWindow), history(copies), undoRun(opener) {}
 
 HistoryMenu::~HistoryMenu() {
   history.OnKept = nullptr;
@@ -22,7 +22,7 @@ void HistoryMenu::mnuHistory_Click() {
   auto shown = window.lock();
   if (!shown || !shown->Loaded()) {
     shown = std::make_shared<frmHistory>(platform, session, history);
-    shown->Restore = [this](const std::filesystem::path& copy) { copyBefore.Open(copy); };
+    shown->Restore = [this](const std::filesystem::path& copy) { undoRun.Open(copy); };
   }
   window = shown;
   platform.Windows.Show(shown);

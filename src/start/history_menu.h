@@ -7,7 +7,7 @@
 #include "history/radio_history.h"
 #include "platform/platform.h"
 #include "session/session.h"
-#include "start/copy_before.h"
+#include "start/undo_run.h"
 
 namespace quillmark {
 
@@ -17,7 +17,7 @@ namespace quillmark {
 class HistoryMenu {
  public:
   HistoryMenu(Platform& platform, const Session& session, frmOrvalent& main, RadioHistory& history,
-              CopyBefore& copyBefore);
+              UndoRun& undoRun);
   ~HistoryMenu();
   HistoryMenu(const HistoryMenu&) = delete;
   HistoryMenu& operator=(const HistoryMenu&) = delete;
@@ -31,7 +31,7 @@ class HistoryMenu {
   const Session& session;
   frmOrvalent& main;
   RadioHistory& history;
-  CopyBefore& copyBefore;
+  UndoRun& undoRun;
   std::weak_ptr<frmHistory> window;
 };
 

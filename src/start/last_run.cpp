@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 
 namespace quillmark {
 

@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 #include "cli/config_file.h"
 #include "cli/utf8.h"
 #include "history/radio_copy.h"

@@ -12,7 +12,7 @@
 #include "catalogue/settings.h"
 #include "config/config_values.h"
 #include "config/editor/config_rows.h"
-#include "qt/binding/drawn_windows.h"
+#include "qt/binding/draw_window.h"
 #include "qt/text/latin1.h"
 #include "qt/widgets/row_widgets.h"
 #include "ui_frmConfigFile.h"

@@ -10,7 +10,7 @@
 #include <array>
 #include <vector>
 
-#include "qt/binding/drawn_windows.h"
+#include "qt/binding/draw_window.h"
 #include "qt/text/latin1.h"
 #include "qt/widgets/color_block.h"
 #include "qt/widgets/row_comparison.h"

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "qt/binding/config_window.h"
-#include "qt/binding/drawn_windows.h"
+#include "qt/binding/draw_window.h"
 #include "qt/binding/main_window.h"
 #include "qt/binding/restore_window.h"
 #include "ui_frmComparison.h"

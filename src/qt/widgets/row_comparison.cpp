@@ -3,7 +3,7 @@
 #include <QHelpEvent>
 #include <QToolTip>
 
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 #include "qt/text/latin1.h"
 
 namespace quillmark {

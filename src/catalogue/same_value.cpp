@@ -1,4 +1,4 @@
-#include "catalogue/value_parts.h"
+#include "catalogue/same_value.h"
 
 #include <algorithm>
 #include <array>

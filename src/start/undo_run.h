@@ -12,9 +12,9 @@ namespace quillmark {
 
 // Undoes the last run: a notice and a menu entry open the store and restore window with the copy of
 // what the radio held before it, the rows that differ ticked.
-class CopyBefore {
+class UndoRun {
  public:
-  CopyBefore(Platform& platform, frmOrvalent& main, RadioHistory& history, RestoreMenu& restore);
+  UndoRun(Platform& platform, frmOrvalent& main, RadioHistory& history, RestoreMenu& restore);
 
   void Wire();
   // A run begins, and a copy was kept or not.

@@ -1,4 +1,4 @@
-#include "start/copy_before.h"
+#include "start/undo_run.h"
 
 #include <utility>
 
@@ -13,48 +13,48 @@ constexpr const char* openTitle = "Radio History";
 
 }  // namespace
 
-CopyBefore::CopyBefore(Platform& machine, frmOrvalent& window, RadioHistory& copies,
-                       RestoreMenu& restoreMenu)
+UndoRun::UndoRun(Platform& machine, frmOrvalent& window, RadioHistory& copies,
+                 RestoreMenu& restoreMenu)
     : platform(machine), main(window), history(copies), restore(restoreMenu) {}
 
-void CopyBefore::Wire() {
+void UndoRun::Wire() {
   main.mnuRestoreBefore.OnClick = [this] { Restore(); };
 }
 
-void CopyBefore::NoteRun() {
+void UndoRun::NoteRun() {
   file = history.BeforeLastRun();
   offered = false;
   main.CopyBefore.Drop();
   main.mnuRestoreBefore.Enabled = !file.empty();
 }
 
-void CopyBefore::NoteRead() {
+void UndoRun::NoteRead() {
   if (file.empty() || std::exchange(offered, true)) return;
   main.CopyBefore.Tell("What the radio held before the last run can be restored. Click here.",
                        [this] { Restore(); });
 }
 
-bool CopyBefore::CanRestore(const std::string& title) const {
+bool UndoRun::CanRestore(const std::string& title) const {
   if (main.mnuConfigRestore.Reachable()) return true;
   platform.Dialogs.Message(
       {"This can be done when a radio is connected and no run is under way.", title});
   return false;
 }
 
-void CopyBefore::Restore() {
+void UndoRun::Restore() {
   if (!CanRestore(restoreTitle)) return;
   if (!IsForThisRadio(file, "The last run was at another radio", restoreTitle)) return;
   main.CopyBefore.Drop();
   restore.Compare(file, true);
 }
 
-void CopyBefore::Open(const std::filesystem::path& copy) {
+void UndoRun::Open(const std::filesystem::path& copy) {
   if (!CanRestore(openTitle)) return;
   if (IsForThisRadio(copy, "This copy is of another radio", openTitle)) restore.Compare(copy);
 }
 
-bool CopyBefore::IsForThisRadio(const std::filesystem::path& copy, const std::string& copyIs,
-                                const std::string& title) const {
+bool UndoRun::IsForThisRadio(const std::filesystem::path& copy, const std::string& copyIs,
+                             const std::string& title) const {
   const std::string kept = ReadCopy(copy).Copy.Serial;
   const std::string& connected = main.At(SettingId::SerialNumber).Text();
   if (kept == connected) return true;

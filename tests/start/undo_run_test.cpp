@@ -4,9 +4,9 @@
 namespace quillmark {
 namespace {
 
-class CopyBeforeTest : public ConfigBench {
+class UndoRunTest : public ConfigBench {
  public:
-  CopyBeforeTest() { Store("Preferences", "History", "True"); }
+  UndoRunTest() { Store("Preferences", "History", "True"); }
 
   // Restores by a click on `control` all that can be restored in one run.
   void Undo(const std::string& control) {
@@ -26,7 +26,7 @@ class CopyBeforeTest : public ConfigBench {
   }
 };
 
-TEST_F(CopyBeforeTest, TheLastRunIsUndoneAndThatTooWithAllRowsThatDiffer) {
+TEST_F(UndoRunTest, TheLastRunIsUndoneAndThatTooWithAllRowsThatDiffer) {
   UseRadio({.Mode = 'M'});
   ProgramOddValues(Radio());
   Start();
@@ -53,7 +53,7 @@ TEST_F(CopyBeforeTest, TheLastRunIsUndoneAndThatTooWithAllRowsThatDiffer) {
   EXPECT_EQ(Radio().Setting("mode"), after.at("mode"));
 }
 
-TEST_F(CopyBeforeTest, AnotherRadioIsAskedForAndWithoutALinkThereIsNothingToRestore) {
+TEST_F(UndoRunTest, AnotherRadioIsAskedForAndWithoutALinkThereIsNothingToRestore) {
   StartConnected();
   Program("PWR 21\r\n#With Firmware Version:\r\n");
   UseRadio({.SerialNumber = "00999999"});

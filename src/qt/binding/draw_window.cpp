@@ -1,4 +1,4 @@
-#include "qt/binding/drawn_windows.h"
+#include "qt/binding/draw_window.h"
 
 #include <QAction>
 #include <QIcon>
