@@ -22,6 +22,7 @@ class Child {
   // The next line that it prints, without the line end.
   std::string Line(int milliseconds = 10'000);
   void Signal(int number);
+  long long Id() const { return process.processId(); }
   // Waits for its own end and gives all that it has printed since.
   std::string Rest(int milliseconds);
 

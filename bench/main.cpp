@@ -39,6 +39,7 @@ constexpr Measurement measurements[] = {
     {"zone-polling", MeasureZonePolling},
     {"firmware", MeasureFirmware},
     {"radio-history", MeasureRadioHistory},
+    {"batch", MeasureBatch},
     {"tests", MeasureTestSuite},
 };
 
@@ -62,10 +63,14 @@ QStringList ReadArguments(Surroundings& surroundings) {
   const QCommandLineOption tests(QStringLiteral("tests"),
                                  QStringLiteral("Build folder of the test programs (../dev)."),
                                  QStringLiteral("FOLDER"));
-  parser.addOptions({stream, tests});
+  const QCommandLineOption radios(QStringLiteral("radios"),
+                                  QStringLiteral("Radios a port in a batch (8)."),
+                                  QStringLiteral("N"), QStringLiteral("8"));
+  parser.addOptions({stream, tests, radios});
   parser.addHelpOption();
   parser.process(*QCoreApplication::instance());
   surroundings.StreamSeconds = parser.value(stream).toInt();
+  surroundings.BatchRadios = std::max(2, parser.value(radios).toInt());
   surroundings.Tests = parser.value(tests).toStdString();
   if (surroundings.StreamSeconds < 1 || surroundings.StreamSeconds > longestStream) {
     throw std::invalid_argument("--seconds takes 1 to " + std::to_string(longestStream));

@@ -22,6 +22,7 @@ std::vector<Figure> MeasureTerminal(Surroundings& surroundings);
 std::vector<Figure> MeasureFirmware(Surroundings& surroundings);
 std::vector<Figure> MeasureZonePolling(Surroundings& surroundings);
 std::vector<Figure> MeasureRadioHistory(Surroundings& surroundings);
+std::vector<Figure> MeasureBatch(Surroundings& surroundings);
 std::vector<Figure> MeasureTestSuite(Surroundings& surroundings);
 
 // The name of the floor that Surroundings::IdleRate gives.

@@ -17,6 +17,7 @@ class Surroundings {
   Surroundings();
 
   int StreamSeconds = 60;       // length of the steady stream to the terminal
+  int BatchRadios = 8;          // radios a port in a batch
   std::filesystem::path Tests;  // build folder of the tests; empty: the one of the daily build
 
   // A path inside of the folders; its parent exists.

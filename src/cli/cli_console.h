@@ -39,6 +39,8 @@ class CliConsole {
   // What the last read has brought. It leaves some settings of a file out, such as the extension
   // map: those among `wanted` are asked for.
   RadioTexts Texts(const std::vector<SettingId>& wanted);
+  // What the connected radio answers now; nothing when it does not, or refuses.
+  std::optional<std::string> Ask(const Setting& setting);
   // Fails when the radio refuses changes. Known behind a read.
   void CheckLoggedIn();
   // Fails when a box came up that the command did not expect.
@@ -55,7 +57,6 @@ class CliConsole {
   void End(bool logOut = false);
 
  private:
-  std::optional<std::string> Ask(const Setting& setting);
   std::string Reasons() const;
   void CheckLink();
 

@@ -54,6 +54,11 @@ std::vector<RunPreferences::Entry> CliMachine::NamedIn(const GlobalOptions& opti
   return named;
 }
 
+std::string CliMachine::DeviceOf(const std::string& port) {
+  const int number = NumberIn(port);
+  return number > 0 ? Base.Numbers.DeviceOf(number) : DevicePath(port);
+}
+
 void CliMachine::Signalled() {
   // A second signal ends a program that is held up.
   if (interrupted) return Base.Events.Quit();

@@ -33,6 +33,8 @@ class CliMachine {
   // Throws Failure when a signal has come.
   void CheckSignals();
   bool Interrupted() const { return interrupted; }
+  // The device that the command line means; empty for a number without one.
+  std::string DeviceOf(const std::string& port);
 
   // What a signal does, beside ending the waits. Set by whoever has a radio.
   std::function<void()> OnSignal;

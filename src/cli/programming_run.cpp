@@ -99,8 +99,8 @@ void CheckMayAsk(const RunOptions& options) {
                 "\"--yes\" does it without a question."};
 }
 
-Exit RunProgramming(Workbench& bench, const RunOptions& options, Clickable& entry,
-                    const std::vector<std::string>& lines) {
+std::vector<JudgedSetting> Programmed(Workbench& bench, const RunOptions& options, Clickable& entry,
+                                      const std::vector<std::string>& lines) {
   CliConsole& radio = bench.Radio();
   radio.CheckLoggedIn();
   CheckSaved(options, lines);
@@ -112,8 +112,13 @@ Exit RunProgramming(Workbench& bench, const RunOptions& options, Clickable& entr
     throw Failure{Exit::Interrupted, "Not wanted: nothing was sent.", " "};
   }
   radio.Read();
-  const Exit code = TellOutcome(bench, JudgeLastSent(radio.Main()));
-  radio.EndOverwriting();
+  return JudgeLastSent(radio.Main());
+}
+
+Exit RunProgramming(Workbench& bench, const RunOptions& options, Clickable& entry,
+                    const std::vector<std::string>& lines) {
+  const Exit code = TellOutcome(bench, Programmed(bench, options, entry, lines));
+  bench.Radio().EndOverwriting();
   TellCopy(bench);
   return code;
 }

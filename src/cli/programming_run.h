@@ -5,6 +5,7 @@
 
 #include "cli/command.h"
 #include "controls/clickable.h"
+#include "runs/outcomes.h"
 
 namespace CLI {
 class App;
@@ -28,7 +29,11 @@ void AddRunOptions(CLI::App& command, RunOptions& options);
 void CheckMayAsk(const RunOptions& options);
 
 // The radio has been read. `entry` is the button of the run, `lines` the configuration that it
-// sends. Throws Failure.
+// sends. Reads the radio behind it and gives what has become of each setting; until EndOverwriting
+// the run counts as not at its end. Throws Failure.
+std::vector<JudgedSetting> Programmed(Workbench& bench, const RunOptions& options, Clickable& entry,
+                                      const std::vector<std::string>& lines);
+// The same, with what it has come to printed. Throws Failure.
 Exit RunProgramming(Workbench& bench, const RunOptions& options, Clickable& entry,
                     const std::vector<std::string>& lines);
 

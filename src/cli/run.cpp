@@ -7,6 +7,7 @@
 
 #include "app/version.h"
 #include "cli/command.h"
+#include "cli/commands/batch.h"
 #include "cli/commands/check.h"
 #include "cli/commands/diff.h"
 #include "cli/commands/login.h"
@@ -29,7 +30,7 @@ constexpr const char* program = "quillmark";
 // In the order of the help.
 constexpr AddCommand commands[] = {
     AddPorts, AddRead,  AddSet,   AddSave,   AddProgram, AddPreset,
-    AddDiff,  AddCheck, AddLogin, AddLogout, AddCode,    AddSimulate,
+    AddBatch, AddDiff,  AddCheck, AddLogin, AddLogout, AddCode,  AddSimulate,
 };
 
 constexpr const char* exitCodes =
