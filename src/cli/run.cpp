@@ -29,8 +29,8 @@ constexpr const char* program = "quillmark";
 
 // In the order of the help.
 constexpr AddCommand commands[] = {
-    AddPorts, AddRead,  AddSet,   AddSave,   AddProgram, AddPreset,
-    AddBatch, AddDiff,  AddCheck, AddLogin, AddLogout, AddCode,  AddSimulate,
+    AddPorts, AddRead,  AddSet,   AddSave,   AddProgram, AddPreset,   AddBatch,
+    AddDiff,  AddCheck, AddLogin, AddLogout, AddCode,    AddSimulate,
 };
 
 constexpr const char* exitCodes =

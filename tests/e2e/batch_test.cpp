@@ -36,11 +36,11 @@ class Batch : public Program {
     return std::regex_replace(Text("report.csv"), own, "$1");
   }
   void Begin(const QStringList& options = {}) {
-    batch.start(QCoreApplication::applicationDirPath() + "/quillmark",
-                QStringList{"--port", radio.link, "batch", home.filePath("all.txt"), "--csv",
-                            home.filePath("radios.csv"), "--report", home.filePath("report"),
-                            "--yes"} +
-                    options);
+    batch.start(
+        QCoreApplication::applicationDirPath() + "/quillmark",
+        QStringList{"--port", radio.link, "batch", home.filePath("all.txt"), "--csv",
+                    home.filePath("radios.csv"), "--report", home.filePath("report"), "--yes"} +
+            options);
     ASSERT_TRUE(batch.waitForStarted());
   }
   // Until it has told that.

@@ -44,9 +44,9 @@ GrowingFile::~GrowingFile() { close(handle); }
 
 void GrowingFile::Open(bool goOn) {
   constexpr mode_t usual = 0666;
-  handle = open(path.c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK |
-                                  (goOn ? 0 : O_EXCL),
-                usual);
+  handle = open(
+      path.c_str(),
+      O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK | (goOn ? 0 : O_EXCL), usual);
   if (handle < 0 && errno == EEXIST) {
     throw Failure{Exit::BadFile, "The report " + PathText(path) + " is there already.",
                   "\"--resume\" goes on with it."};

@@ -75,9 +75,9 @@ void BatchRun::BeWorker(const std::string& port, int socket) const {
   const sigset_t set = EndingSignals();
   sigprocmask(SIG_UNBLOCK, &set, nullptr);
   const int kept = dup(socket);
-  std::vector<std::string> words{"quillmark",  "--port",          port,
-                                 "--quiet",    "batch",           batch.Source.string(),
-                                 "--worker",   std::to_string(kept)};
+  std::vector<std::string> words{
+      "quillmark",         "--port", port, "--quiet", "batch", batch.Source.string(), "--worker",
+      std::to_string(kept)};
   if (!batch.Table.empty()) words.insert(words.end(), {"--csv", batch.Table.string()});
   if (batch.Force) words.emplace_back("--force");
   std::vector<char*> arguments;
@@ -206,7 +206,8 @@ std::size_t BatchRun::Underway() const {
 }
 
 Exit BatchRun::Outcome() const {
-  const auto undone = results.size() - static_cast<std::size_t>(std::ranges::count(results, ResultDone));
+  const auto undone =
+      results.size() - static_cast<std::size_t>(std::ranges::count(results, ResultDone));
   const bool incomplete = std::ranges::find(results, ResultIncomplete) != results.end();
   const std::string told = std::to_string(undone) + " of " + std::to_string(results.size()) +
                            (results.size() == 1 ? " radio is" : " radios are") + " not done.";

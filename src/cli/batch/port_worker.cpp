@@ -98,8 +98,7 @@ class PortWorker {
   void Send(std::vector<std::string> fields) const {
     const std::string line = CsvLine(fields) + "\n";
     for (std::size_t at = 0; at < line.size();) {
-      const ssize_t count =
-          send(batch.Worker, line.data() + at, line.size() - at, MSG_NOSIGNAL);
+      const ssize_t count = send(batch.Worker, line.data() + at, line.size() - at, MSG_NOSIGNAL);
       if (count <= 0) throw ParentGone{};
       at += static_cast<std::size_t>(count);
     }
@@ -237,8 +236,8 @@ void PortWorker::TakeOutcome(CliConsole& radio, const std::vector<JudgedSetting>
 void PortWorker::Judge(Workbench& bench, const std::vector<std::string>& lines) const {
   CliConsole& radio = bench.Radio();
   if (batch.Force) return;
-  for (const JudgedLine& line : JudgeLines(lines, radio.Logic().Shared().SoftwareRevision,
-                                           radio.Main().ModeText())) {
+  for (const JudgedLine& line :
+       JudgeLines(lines, radio.Logic().Shared().SoftwareRevision, radio.Main().ModeText())) {
     const std::string& about = line.What.About;
     throw Failure{Exit::BadFile, "Line " + std::to_string(line.Number) + ", " +
                                      about.substr(0, about.find(' ')) + ": " + line.What.Wrong +

@@ -48,8 +48,9 @@ void AddBatch(CLI::App& app, Action& chosen) {
       ->check(CLI::PositiveNumber);
   command->add_flag("--resume", options->Resume, "go on with the report; skip what is done in it");
   command->add_flag("--yes", options->Yes, "clear the radios without a question");
-  command->add_flag("--force", options->Force,
-                    "send files without the console's header and values outside of the bounds, too");
+  command->add_flag(
+      "--force", options->Force,
+      "send files without the console's header and values outside of the bounds, too");
   command->add_option("--worker", options->Worker)->group("");
   command->callback([&chosen, options] {
     chosen = [options](Workbench& bench) { return Batch(bench, *options); };
