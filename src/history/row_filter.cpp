@@ -21,8 +21,8 @@ bool ShowsValue(const SettingRow& row) {
 
 }  // namespace
 
-RowFilter::RowFilter(frmOrvalent& window, const CopyStore& copies, EventLoop& loop)
-    : main(window), store(copies), events(loop) {}
+RowFilter::RowFilter(frmOrvalent& window, const CopyStore& copies, const Desktop& machine)
+    : main(window), store(copies), desktop(machine) {}
 
 void RowFilter::Wire() {
   main.mnuFilterFactory.OnClick = [this] { Choose(Kind::Factory); };
@@ -95,13 +95,7 @@ std::set<SettingId> RowFilter::ChangedSince(const RadioCopy& copy) const {
 
 std::string RowFilter::TimeOf(const std::filesystem::path& copy) const {
   const auto utc = TimeOfName(copy.stem().string());
-  if (!utc) return "an unknown time";
-  constexpr std::size_t toMinutes = 16;  // "2026-11-23_15-04"
-  std::string time = TimeName(*utc + events.LocalSeconds() - events.UtcSeconds());
-  time.resize(toMinutes);
-  time[10] = ' ';
-  time[13] = ':';
-  return time;
+  return utc ? desktop.DateAndTime(*utc) : "an unknown time";
 }
 
 void RowFilter::ShowCounts(const std::set<SettingId>* shown) {

@@ -6,7 +6,7 @@
 
 #include "app/frmOrvalent.h"
 #include "history/copy_store.h"
-#include "platform/event_loop.h"
+#include "platform/desktop.h"
 
 namespace quillmark {
 
@@ -19,7 +19,7 @@ namespace quillmark {
 // one is what the rows show.
 class RowFilter {
  public:
-  RowFilter(frmOrvalent& main, const CopyStore& copies, EventLoop& events);
+  RowFilter(frmOrvalent& main, const CopyStore& copies, const Desktop& desktop);
 
   // Joins the menu entries to this.
   void Wire();
@@ -45,7 +45,7 @@ class RowFilter {
 
   frmOrvalent& main;
   const CopyStore& store;
-  EventLoop& events;
+  const Desktop& desktop;
   Kind kind = Kind::None;
 };
 

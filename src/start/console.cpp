@@ -42,7 +42,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       history(machine, session, *main, readCycle, radio),
       undoRun(machine, *main, history, restore),
       historyMenu(machine, session, *main, history, undoRun),
-      rowFilter(*main, history.Store, machine.Events),
+      rowFilter(*main, history.Store, machine.Desktop),
       finder(*main),
       diagnostics(machine, *main, radio),
       fileOpener(machine, *main, fileTasks, configFiles, restore, upgrade),
@@ -162,6 +162,7 @@ void Console::Form_Load() {
   for (Frame& frame : main->NetSet) frame.Enabled = false;
   presets.LoadPresetButtons();
   main->ShowRecent(RecentConfigurations(platform.Preferences));
+  configFiles.TellUnsaved();
 }
 
 void Console::mnuProperties_Click() {
@@ -191,6 +192,7 @@ void Console::Form_Unload() {
   }
   ending = true;
   restore.EndProgram();
+  configFiles.EndProgram();
   diagnostics.CloseWindow();
   const bool wasOpen = platform.MSComm1.PortOpen();
   if (!LogOutAndDrain()) {

@@ -2,8 +2,10 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 #include "app/frmOrvalent.h"
+#include "config/editor/frmConfigFile.h"
 #include "platform/platform.h"
 
 namespace quillmark {
@@ -20,6 +22,11 @@ class ConfigFileMenu {
   // ones.
   void Open(const std::filesystem::path& file);
 
+  // The program ends with a window open: what was not saved in it is kept, and told by a notice at
+  // the next start.
+  void EndProgram();
+  void TellUnsaved();
+
   // Told when a preset has been written. May be empty.
   std::function<void()> PresetsChanged;
 
@@ -29,6 +36,7 @@ class ConfigFileMenu {
 
   Platform& platform;
   frmOrvalent& main;
+  std::weak_ptr<frmConfigFile> window;
 };
 
 }  // namespace quillmark

@@ -1,5 +1,7 @@
 #include "config/editor/frmConfigFile.h"
 
+#include <system_error>
+
 #include "config/config_lines.h"
 #include "config/config_values.h"
 #include "config/editor/config_file.h"
@@ -21,6 +23,18 @@ constexpr const char* title = "Configuration File";
 constexpr const char* filter = "TEXT Files (*.txt)|*.txt|All Files (*.*)|*.*";
 
 std::string Quoted(const fs::path& file) { return "\"" + PathText(file.filename()) + "\""; }
+
+// "site.txt" in that folder, or "site-2.txt", "site-3.txt", ... where something stands there.
+fs::path FreeName(const fs::path& folder, const fs::path& name) {
+  std::error_code ignored;
+  fs::path free = folder / name;
+  for (int number = 2; fs::exists(fs::symlink_status(free, ignored)); ++number) {
+    free = folder / name.stem();
+    free += "-" + std::to_string(number);
+    free += name.extension();
+  }
+  return free;
+}
 
 // "Of a radio with firmware 3.2.0.", of the three characters that a revision is known by.
 std::string FirmwareOf(const Revision& revision) {
@@ -107,6 +121,20 @@ void frmConfigFile::Form_Close() {
 
 void frmConfigFile::Form_Drop(const fs::path& file) {
   if (MayLeave()) Open(file);
+}
+
+fs::path frmConfigFile::KeepUnsaved() const {
+  if (!config.Changed()) return {};
+  const fs::path kept = FreeName(platform.Files.Data() / "Unsaved", path.filename());
+  try {
+    std::error_code ignored;
+    fs::create_directories(kept.parent_path(), ignored);
+    fs::permissions(kept.parent_path(), fs::perms::owner_all, ignored);
+    WriteConfigFile(kept, config.Bytes(), platform.Files.Data());
+  } catch (const FileError&) {
+    return {};
+  }
+  return kept;
 }
 
 bool frmConfigFile::MayLeave() {

@@ -28,6 +28,10 @@ class frmConfigFile : public Form, public ConfigRows {
   // Shows a file in the place of the one that is shown. False, with a box, when it is refused.
   bool Open(const std::filesystem::path& file);
 
+  // The program ends: writes what has not been saved to a file of its own in "Unsaved" in the
+  // user's data folder. That file; empty when nothing was changed, or it could not be written.
+  std::filesystem::path KeepUnsaved() const;
+
   // Told when a preset has been written. May be empty.
   std::function<void()> PresetsChanged;
 

@@ -189,6 +189,25 @@ TEST_F(ConfigFileWindowTest, AsksBeforeAnythingIsLost) {
   EXPECT_EQ(Stored("Recent", "File1"), InScratch("edited.txt").string());
 }
 
+TEST_F(ConfigFileWindowTest, ASignalThatEndsTheProgramLosesNoChange) {
+  Start();
+  EXPECT_EQ(InFile("MODE R\r\n",
+                   [&] {
+                     Enter({{"Mode", "M"}});
+                     Events().Deliver([&] { Application().Form_Unload(); });
+                   }),
+            "MODE R\r\n");
+  Restart();
+  ExpectWindow("frmConfigFile").Do([&] {
+    EXPECT_THAT(Text("frmConfigFile.lblFile"), ::testing::EndsWith("Unsaved/edited.txt"));
+    EXPECT_EQ(Text("frmConfigFile.Mode"), "M");
+    EXPECT_TRUE(Click("frmConfigFile.CloseButton"));
+  });
+  EXPECT_TRUE(Click("FileDone"));
+  Restart();
+  EXPECT_FALSE(Visible("FileDone"));
+}
+
 TEST_F(ConfigFileWindowTest, OddFilesAreRefusedWithASentence) {
   Start();
   const struct {
