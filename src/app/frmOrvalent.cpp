@@ -71,6 +71,7 @@ frmOrvalent::frmOrvalent(EventLoop& events, std::span<const Setting> settings)
   for (Button* button : {&ButtonAdv, &ButtonZoneData, &ButtonRSSI, &ButtonRefresh}) {
     button->Width = 1200;
   }
+  cmdReadRadio.SetFocus();
   Form_Resize();
 }
 

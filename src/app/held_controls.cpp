@@ -8,8 +8,8 @@ HeldControls::HeldControls(frmOrvalent& window) : main(window) {
   for (Control* control : std::initializer_list<Control*>{
            &main.frQuick, &main.InfoFrame, &main.ButtonAdv, &main.ButtonZoneData, &main.ButtonRSSI,
            &main.mnuSpecial, &main.mnuPort, &main.mnuOpenLog, &main.mnuRecent, &main.mnuOpenConfig,
-           &main.mnuOpenPreset, &main.mnuAbout, &main.mnuVersions, &main.tbr_Properties,
-           &main.tbr_OpenLogFile}) {
+           &main.mnuOpenPreset, &main.mnuRestoreBefore, &main.mnuAbout, &main.mnuVersions,
+           &main.tbr_Properties, &main.tbr_OpenLogFile}) {
     Hold(*control, false);
   }
   for (Frame& frame : main.NetSet) Hold(frame, false);

@@ -42,7 +42,7 @@ bool UndoRun::CanRestore(const std::string& title) const {
 }
 
 void UndoRun::Restore() {
-  if (!CanRestore(restoreTitle)) return;
+  if (file.empty() || !CanRestore(restoreTitle)) return;
   if (!IsForThisRadio(file, "The last run was at another radio", restoreTitle)) return;
   main.CopyBefore.Drop();
   restore.Compare(file, true);

@@ -19,9 +19,10 @@ void FocusKeeper::Watch(QWidget* next) {
 
 void FocusKeeper::FocusMoved(const QWidget* old, QWidget* now) {
   if (now == nullptr || now->window() != &window || now == chosen) return;
-  // From outside the window has got its own one back, from a widget that is off Qt has moved it on.
+  // From outside the window has got its own one back, from a widget that is off or out of sight Qt
+  // has moved it on.
   const bool fromOutside = old == nullptr || old->window() != &window;
-  if (chosen.isNull() || (!fromOutside && old->isEnabled())) Watch(now);
+  if (chosen.isNull() || (!fromOutside && old->isEnabled() && old->isVisible())) Watch(now);
 }
 
 // In a window that is not the active one the focus moves without a word. The widget tells of it.

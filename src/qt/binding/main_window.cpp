@@ -15,6 +15,7 @@
 #include <initializer_list>
 
 #include "qt/binding/find_keys.h"
+#include "qt/binding/focus_guide.h"
 #include "qt/binding/main_layout.h"
 #include "qt/widgets/clickable_text.h"
 #include "qt/widgets/notice_line.h"
@@ -27,6 +28,9 @@ namespace {
 
 // Of a panel of the status bar, in average characters.
 constexpr int leastPanelWidth = 8;
+
+// Of the line where the user looks for a setting, in average characters.
+constexpr int leastFindWidth = 16;
 
 // Of the progress bar in the status bar, in average characters.
 constexpr int runBarWidth = 24;
@@ -109,6 +113,7 @@ void HoldSizes(const Ui::frmOrvalent& ui) {
   for (QPushButton* help : {ui.cmdRptHelp1, ui.cmdRptHelp2}) {
     help->setFixedWidth(help->fontMetrics().height() * 2);
   }
+  ui.txtFind->setMinimumWidth(ui.txtFind->fontMetrics().averageCharWidth() * leastFindWidth);
 }
 
 // A text that is written smaller where its room is too low for it.
@@ -271,6 +276,7 @@ QWidget* DrawMainWindow(QWidget* parent) {
   AddViewMenu(ui);
   PutToolbarInTabOrder(ui);
   new FindKeys(ui);
+  new FocusGuide(ui);
   return window;
 }
 
