@@ -41,9 +41,9 @@ class Stand {
   void PlugInNext() {
     radio.reset();
     radio = std::make_unique<RadioProcess>(
-        surroundings,
-        std::vector<std::string>{"--pace", "19200", "--think-ms", "5", "--link", link.string(),
-                                 "--serial", std::to_string(10'000'000 + base + ++radios)});
+        surroundings, std::vector<std::string>{"--pace", "19200", "--think-ms", "5", "--mode", "M",
+                                               "--link", link.string(), "--serial",
+                                               std::to_string(10'000'000 + base + ++radios)});
   }
 
  private:

@@ -65,7 +65,7 @@ class Batch : public Program {
     radio.Start({"--mode", "M", "--serial", serial});
   }
   int End() {
-    EXPECT_TRUE(batch.waitForFinished(60'000));
+    EXPECT_TRUE(batch.state() == QProcess::NotRunning || batch.waitForFinished(60'000));
     told += batch.readAllStandardError().toStdString();
     return batch.exitStatus() == QProcess::NormalExit ? batch.exitCode() : -1;
   }
@@ -87,7 +87,7 @@ TEST_F(Batch, TakesRadioAfterRadioAndGoesOnWhereItWas) {
   const std::vector<Row> rows{
       {"00000001", "00000001: done. Next radio."},
       {"00000002", "00000002: There is no value for ${name}."},
-      {"00000003", "00000003: Line 4, PWR: radios take 20 to 30 dBm."},
+      {"00000003", "00000003: Line 3, PWR: radios take 20 to 30 dBm."},
       {"00000004", "radios.csv has no row for this radio."},
   };
   Begin({"--count", "4"});
@@ -100,7 +100,7 @@ TEST_F(Batch, TakesRadioAfterRadioAndGoesOnWhereItWas) {
   EXPECT_EQ(End(), 1) << told;
   const std::string first = heading + std::string("00000001,20001,3.2.0,done,,\n");
   EXPECT_THAT(Report(), testing::StartsWith(first));
-  EXPECT_THAT(Report(), testing::EndsWith("00000004,12345,3.2.0,bad input,,\n"));
+  EXPECT_THAT(Report(), testing::EndsWith("00000004,4,3.2.0,bad input,,\n"));
   EXPECT_EQ(std::ranges::count(Text("report.jsonl"), '\n'), 4);
 
   // A line that was cut is taken off; the radio that is done is not programmed again.
@@ -132,7 +132,7 @@ TEST_F(Batch, AnInterruptLetsTheRadioComeToItsEndAndASecondOneCutsIt) {
   Await("finished first");
   Interrupt();
   EXPECT_EQ(End(), 7) << told;
-  EXPECT_THAT(Report(), testing::EndsWith("\n00000002,12345,3.2.0,incomplete,,\n"));
+  EXPECT_THAT(Report(), testing::EndsWith("\n00000002,2,3.2.0,incomplete,,\n"));
 }
 
 }  // namespace

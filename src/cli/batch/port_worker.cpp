@@ -18,6 +18,7 @@
 #include "cli/settings_table.h"
 #include "cli/utf8.h"
 #include "config/judged_lines.h"
+#include "history/copy_names.h"
 #include "text/text.h"
 
 namespace quillmark {
@@ -59,7 +60,7 @@ std::string TimeText(std::int64_t utcSeconds) {
   return text.data();
 }
 
-// The value, if it is one that may name a file.
+// The unit number, if it is one that may name a file.
 std::string PlainValue(const Setting& setting, const std::string& reply) {
   const std::string value = ValueIn(setting, reply).value_or("");
   const bool plain = value.size() <= 20 && std::ranges::all_of(value, [](char c) {
@@ -171,7 +172,8 @@ void PortWorker::ServeRadio() {
 
 std::string PortWorker::SerialOf(CliConsole& radio) const {
   const Setting& setting = SettingOf(SettingId::SerialNumber);
-  const std::string serial = PlainValue(setting, radio.Ask(setting).value_or(""));
+  // With its zeros in front.
+  const std::string serial = FolderName(radio.Ask(setting).value_or(""));
   if (!serial.empty()) return serial;
   throw Failure{Exit::NoRadio, "The radio does not tell its serial number."};
 }
@@ -253,7 +255,7 @@ void PortWorker::Watch(Workbench& bench, const std::string& serial) const {
     machine.WaitFor([] { return false; }, Seconds(1));
     Rest(0);
     if (MarkOf(device) != mark) return;
-    if (PlainValue(setting, bench.Radio().Ask(setting).value_or("")) != serial) return;
+    if (FolderName(bench.Radio().Ask(setting).value_or("")) != serial) return;
   }
 }
 
