@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QToolBar>
 #include <initializer_list>
+#include <utility>
 
 #include "qt/widgets/notice_line.h"
 #include "ui_frmOrvalent.h"
@@ -11,9 +12,8 @@ namespace quillmark {
 
 namespace {
 
-bool IsPushedOn(const QWidget* old, const QWidget* now) {
-  return old != nullptr && now != nullptr && old->window() == now->window() &&
-         !(old->isEnabled() && old->isVisible());
+bool IsOutOfUse(const QWidget* widget) {
+  return widget == nullptr || !widget->isEnabled() || !widget->isVisible();
 }
 
 bool IsForItsUserOnly(const QWidget& widget) {
@@ -32,15 +32,19 @@ void FocusTheView(const Ui::frmOrvalent& ui) {
 
 FocusGuide::FocusGuide(const Ui::frmOrvalent& ui) : QObject(ui.viewStack) {
   const QWidget* window = ui.viewStack->window();
-  connect(qApp, &QApplication::focusChanged, this, [window, ui](const QWidget* old, QWidget* now) {
-    if (!IsPushedOn(old, now) || now->window() != window || !IsForItsUserOnly(*now)) return;
-    now->clearFocus();
-    if (!old->isVisible()) FocusTheView(ui);
+  // Behind a box the focus moves without a word: what counts is where it was seen last.
+  connect(qApp, &QApplication::focusChanged, this, [this, window, ui](QWidget*, QWidget* now) {
+    if (now == nullptr || now->window() != window) return;
+    const QPointer<QWidget> before = std::exchange(last, now);
+    if (now == before || !IsForItsUserOnly(*now) || !IsOutOfUse(before)) return;
+    // A window without a focus would give it to its first widget when a box over it closes.
+    ui.centralArea->setFocus(Qt::OtherFocusReason);
+    if (before.isNull() || !before->isVisible()) FocusTheView(ui);
   });
   connect(
       ui.viewStack, &QStackedWidget::currentChanged, this,
       [window, ui] {
-        if (window->focusWidget() == nullptr) FocusTheView(ui);
+        if (window->focusWidget() == ui.centralArea) FocusTheView(ui);
       },
       Qt::QueuedConnection);
 }

@@ -19,6 +19,8 @@ void FocusKeeper::Watch(QWidget* next) {
 
 void FocusKeeper::FocusMoved(const QWidget* old, QWidget* now) {
   if (now == nullptr || now->window() != &window || now == chosen) return;
+  // It stands in for what is off, or another one has it already.
+  if (now->focusPolicy() == Qt::NoFocus || now != window.focusWidget()) return;
   // From outside the window has got its own one back, from a widget that is off or out of sight Qt
   // has moved it on.
   const bool fromOutside = old == nullptr || old->window() != &window;

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QToolBar>
 #include <QToolButton>
 #include <map>
@@ -20,6 +21,7 @@
 #include "qt/base/qt_event_loop.h"
 #include "qt/binding/focus_keeper.h"
 #include "qt/binding/main_window.h"
+#include "qt/widgets/notice_line.h"
 
 namespace quillmark {
 namespace {
@@ -97,6 +99,39 @@ TEST_F(MainWindowKeys, TheTabKeyLeadsFromTheToolbarIntoTheTerminal) {
   EXPECT_THAT(order, ElementsAre("tbr_OpenLogFile", "tbr_CloseLogFile", "tbr_Connect",
                                  "tbr_Disconnect", "tbr_Properties", "tbr_TransmitTextFile",
                                  "tbr_Login", "tbr_Logout", "tbr_Terminal", "txtTerm"));
+}
+
+// The next key, meant for what was there, would end a run.
+TEST_F(MainWindowKeys, NeitherTheToolbarNorANoticeGetsTheFocusFromAnotherWidget) {
+  QtEventLoop events;
+  auto& notice = *window->findChild<NoticeLine*>(QStringLiteral("LastRun"));
+  auto& tasks = *window->findChild<QWidget*>(QStringLiteral("frQuick"));
+  window->findChild<QStackedWidget*>(QStringLiteral("viewStack"))->setCurrentWidget(&tasks);
+  notice.SetClickable(true);
+  for (const char* name : {"SettingsTab", "findStrip", "InfoFrame"}) {
+    window->findChild<QWidget*>(QLatin1String(name))->hide();
+  }
+  const auto activate = [&](QWidget& widget) {
+    widget.show();
+    widget.activateWindow();
+    ASSERT_TRUE(WaitUntil(events, Seconds(5), [&] { return widget.isActiveWindow(); }));
+  };
+  activate(*window);
+  const auto focus = [&] {
+    const QWidget* has = window->focusWidget();
+    return has == nullptr ? "" : has->objectName().toStdString();
+  };
+  notice.setFocus();
+  notice.hide();
+  EXPECT_EQ(focus(), "cmdReadRadio");
+  notice.show();
+  window->findChild<QWidget*>(QStringLiteral("cmdReadRadio"))->setFocus();
+  tasks.setEnabled(false);
+  QWidget box;
+  activate(box);
+  box.close();
+  activate(*window);
+  EXPECT_EQ(focus(), "centralArea");
 }
 
 // What Qt does to the focus is not what the user has done.
