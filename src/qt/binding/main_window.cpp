@@ -29,9 +29,6 @@ namespace {
 // Of a panel of the status bar, in average characters.
 constexpr int leastPanelWidth = 8;
 
-// Of the line where the user looks for a setting, in average characters.
-constexpr int leastFindWidth = 16;
-
 // Of the progress bar in the status bar, in average characters.
 constexpr int runBarWidth = 24;
 
@@ -113,7 +110,6 @@ void HoldSizes(const Ui::frmOrvalent& ui) {
   for (QPushButton* help : {ui.cmdRptHelp1, ui.cmdRptHelp2}) {
     help->setFixedWidth(help->fontMetrics().height() * 2);
   }
-  ui.txtFind->setMinimumWidth(ui.txtFind->fontMetrics().averageCharWidth() * leastFindWidth);
 }
 
 // A text that is written smaller where its room is too low for it.
