@@ -56,7 +56,10 @@ void QtEventLoop::PaintPending() {
 void QtEventLoop::StartTimer(Ticker& ticker, Duration interval) {
   auto& timer = timers[&ticker];
   if (timer == nullptr) {
-    timer = std::make_unique<QTimer>();
+    // One that was stopped is a child of this.
+    timer.reset(findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly));
+    if (timer == nullptr) timer = std::make_unique<QTimer>();
+    timer->setParent(nullptr);
     timer->setTimerType(Qt::PreciseTimer);
     connect(timer.get(), &QTimer::timeout, this,
             [this, &ticker] { Deliver([&ticker] { ticker.Tick(); }); });
@@ -67,10 +70,11 @@ void QtEventLoop::StartTimer(Ticker& ticker, Duration interval) {
 void QtEventLoop::StopTimer(Ticker& ticker) {
   const auto found = timers.find(&ticker);
   if (found == timers.end()) return;
-  // Its own tick may be on the stack.
+  // Its own tick may be on the stack, so it stays, for the next start. A deletion later on would
+  // need a loop of Qt's own, which a program without windows never runs.
   found->second->stop();
-  found->second->disconnect(this);
-  found->second.release()->deleteLater();
+  disconnect(found->second.get(), nullptr, this, nullptr);
+  found->second.release()->setParent(this);
   timers.erase(found);
 }
 
