@@ -72,7 +72,7 @@ void CliConsole::Connect() {
   CheckLink();
   if (console.Talk().LastPrompt() != PromptKind::Loader) return CheckBoxes();
   throw Failure{Exit::NoRadio, "The radio is in its loader and has no settings.",
-                "Load firmware with \"quillmark upgrade IMAGE\"."};
+                "Load firmware with the desktop program, quillmark-console."};
 }
 
 // The main window's timer would begin the read within the next second.

@@ -35,6 +35,8 @@ class CliMachine {
   bool Interrupted() const { return interrupted; }
   // The device that the command line means; empty for a number without one.
   std::string DeviceOf(const std::string& port);
+  // The signal that has come is the usual end of the command.
+  void TakeSignal() { interrupted = false; }
 
   // What a signal does, beside ending the waits. Set by whoever has a radio.
   std::function<void()> OnSignal;

@@ -27,8 +27,10 @@ std::string InRows(const std::string& text) {
   return ToUtf8(rows);
 }
 
+constexpr const char* askedLast = "Program the radio?";
+
 void ShowPlan(const MessageBox& plan) {
-  const std::string question = "\r\n\r\nProgram the radio?";
+  const std::string question = std::string("\r\n\r\n") + askedLast;
   std::string text = plan.Text;
   if (text.ends_with(question)) text.resize(text.size() - question.size());
   std::fprintf(stderr, "%s\n%s\n", InRows(text).c_str(), InRows(plan.Details).c_str());
@@ -63,12 +65,7 @@ std::string UnitFor(const std::string& unit, const InputBox& box) {
 
 void ExpectBoxes(Workbench& bench, const RunOptions& options) {
   HeadlessDialogs& boxes = bench.Machine().Boxes;
-  boxes.Expect("What Will Change", "", [&bench, &options](const MessageBox& plan) {
-    if (!options.Yes || !bench.Options.Quiet) ShowPlan(plan);
-    if (!options.Yes && !bench.Ask("Program the radio?")) return Answer::No;
-    bench.Radio().BeginOverwriting();
-    return Answer::Yes;
-  });
+  ExpectQuestion(bench, options, "What Will Change", "");
   boxes.Expect("File Error", "does not appear to be", Answer::Yes);
   boxes.Expect("Program from Preset", "", Answer::Yes);
   boxes.Expect(ProgramTitle, "New Unit: ", Answer::Ok);
@@ -99,13 +96,21 @@ void CheckMayAsk(const RunOptions& options) {
                 "\"--yes\" does it without a question."};
 }
 
-std::vector<JudgedSetting> Programmed(Workbench& bench, const RunOptions& options, Clickable& entry,
-                                      const std::vector<std::string>& lines) {
+void ExpectQuestion(Workbench& bench, const RunOptions& options, const std::string& title,
+                    const std::string& part) {
+  bench.Machine().Boxes.Expect(title, part, [&bench, &options](const MessageBox& plan) {
+    if (!options.Yes || !bench.Options.Quiet) ShowPlan(plan);
+    if (!options.Yes && !bench.Ask(askedLast)) return Answer::No;
+    bench.Radio().BeginOverwriting();
+    return Answer::Yes;
+  });
+}
+
+namespace {
+
+// Clicks the button and reads the radio behind the run.
+std::vector<JudgedSetting> Overwritten(Workbench& bench, Clickable& entry) {
   CliConsole& radio = bench.Radio();
-  radio.CheckLoggedIn();
-  CheckSaved(options, lines);
-  CheckUnit(radio, options, lines);
-  ExpectBoxes(bench, options);
   radio.Click(entry);
   radio.CheckBoxes();
   if (!radio.Overwriting()) {
@@ -115,12 +120,32 @@ std::vector<JudgedSetting> Programmed(Workbench& bench, const RunOptions& option
   return JudgeLastSent(radio.Main());
 }
 
-Exit RunProgramming(Workbench& bench, const RunOptions& options, Clickable& entry,
-                    const std::vector<std::string>& lines) {
-  const Exit code = TellOutcome(bench, Programmed(bench, options, entry, lines));
+Exit Told(Workbench& bench, const std::vector<JudgedSetting>& judged) {
+  const Exit code = TellOutcome(bench, judged);
   bench.Radio().EndOverwriting();
   TellCopy(bench);
   return code;
+}
+
+}  // namespace
+
+Exit RunOverwriting(Workbench& bench, Clickable& entry) {
+  return Told(bench, Overwritten(bench, entry));
+}
+
+std::vector<JudgedSetting> Programmed(Workbench& bench, const RunOptions& options, Clickable& entry,
+                                      const std::vector<std::string>& lines) {
+  CliConsole& radio = bench.Radio();
+  radio.CheckLoggedIn();
+  CheckSaved(options, lines);
+  CheckUnit(radio, options, lines);
+  ExpectBoxes(bench, options);
+  return Overwritten(bench, entry);
+}
+
+Exit RunProgramming(Workbench& bench, const RunOptions& options, Clickable& entry,
+                    const std::vector<std::string>& lines) {
+  return Told(bench, Programmed(bench, options, entry, lines));
 }
 
 }  // namespace quillmark

@@ -28,6 +28,15 @@ void AddRunOptions(CLI::App& command, RunOptions& options);
 // Asks are possible, or not needed. Before a radio is touched. Throws Failure.
 void CheckMayAsk(const RunOptions& options);
 
+// The box of that title, with that part in its text, is the question before the run: it is shown,
+// and asked unless that is not wanted.
+void ExpectQuestion(Workbench& bench, const RunOptions& options, const std::string& title,
+                    const std::string& part);
+
+// Clicks the button of a run whose boxes are expected, reads the radio and tells what it took.
+// Throws Failure.
+Exit RunOverwriting(Workbench& bench, Clickable& entry);
+
 // The radio has been read. `entry` is the button of the run, `lines` the configuration that it
 // sends. Reads the radio behind it and gives what has become of each setting; until EndOverwriting
 // the run counts as not at its end. Throws Failure.

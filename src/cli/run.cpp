@@ -9,12 +9,15 @@
 #include "cli/command.h"
 #include "cli/commands/batch.h"
 #include "cli/commands/check.h"
+#include "cli/commands/diagnostics.h"
 #include "cli/commands/diff.h"
+#include "cli/commands/history.h"
 #include "cli/commands/login.h"
 #include "cli/commands/ports.h"
 #include "cli/commands/preset.h"
 #include "cli/commands/program.h"
 #include "cli/commands/read.h"
+#include "cli/commands/role.h"
 #include "cli/commands/save.h"
 #include "cli/commands/set.h"
 #include "cli/commands/simulate.h"
@@ -29,8 +32,9 @@ constexpr const char* program = "quillmark";
 
 // In the order of the help.
 constexpr AddCommand commands[] = {
-    AddPorts, AddRead,  AddSet,   AddSave,   AddProgram, AddPreset,   AddBatch,
-    AddDiff,  AddCheck, AddLogin, AddLogout, AddCode,    AddSimulate,
+    AddPorts, AddRead,    AddSet,     AddSave,   AddProgram,  AddPreset,  AddBatch,
+    AddRole,  AddHistory, AddRestore, AddSignal, AddZones,    AddQuality, AddDiff,
+    AddCheck, AddLogin,   AddLogout,  AddCode,   AddSimulate,
 };
 
 constexpr const char* exitCodes =
