@@ -13,7 +13,7 @@
 #include <QJsonObject>
 #include <csignal>
 
-#include "e2e/program_fixture.h"
+#include "e2e/command_line_fixture.h"
 #include "e2e/pty_pair.h"
 #include "pictures/report.h"
 
@@ -26,106 +26,79 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-// How a command has ended.
-struct Ended {
-  int Code = -1;
-  std::string Out;
-  std::string Err;
-};
-
-class Quillmark : public Program {
- protected:
-  static QString Binary() { return QCoreApplication::applicationDirPath() + "/quillmark"; }
-  QStringList OnRadio(const QStringList& arguments) const {
-    return (arguments.contains("--port") ? QStringList() : QStringList{"--port", radio.link}) +
-           arguments;
-  }
-  static Ended Finish(QProcess& process) {
-    EXPECT_TRUE(process.waitForFinished(100'000));
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput().toStdString(),
-            process.readAllStandardError().toStdString()};
-  }
-  Ended Run(const QStringList& arguments, const std::string& typed = "") const {
-    QProcess process;
-    process.start(Binary(), OnRadio(arguments));
-    process.write(typed.data(), static_cast<qint64>(typed.size()));
-    process.closeWriteChannel();
-    return Finish(process);
-  }
-  // Ends it with the signal when the radio has been sent that line.
-  Ended Interrupt(int signal, const std::string& line, const QStringList& arguments) const {
-    const std::size_t before = radio.Lines().size();
-    QProcess process;
-    process.start(Binary(), OnRadio(arguments));
-    EXPECT_TRUE(process.waitForStarted());
-    const QDeadlineTimer patience(30'000);
-    while (radio.Lines().find(" s: " + line + "\n", before) == std::string::npos) {
-      if (patience.hasExpired() || process.waitForFinished(5)) break;
-    }
-    // One that has ended already has no number: 0 would be this program and its neighbours.
-    const auto number = static_cast<pid_t>(process.processId());
-    EXPECT_GT(number, 0) << "it ended before " << line;
-    if (number > 0) kill(number, signal);
-    return Finish(process);
-  }
-};
-
-TEST_F(Quillmark, EachEndHasItsCodeAndOneLineThatTellsCauseAndCure) {
-  radio.Start({"--password", "abcd"});
-  std::ofstream(home.filePath("bad.txt").toStdString()) << "PWR 45\nHOPTIME 7\n";
-  std::ofstream(home.filePath("text.txt").toStdString()) << "Dear reader\n";
-  const QString bad = home.filePath("bad.txt");
-  const QString text = home.filePath("text.txt");
-  struct Row {
-    QStringList Arguments;
-    std::string Typed;
-    int Code;
-    std::string Out;
-    std::string Err;
-  };
-  const std::vector<Row> rows{
-      {{"read", "PWR", "hop time"}, "", 0, "Power Level  PWR 30 dBm\nHop Time     HOPTIME 7\n", ""},
+TEST_F(QuillmarkEnds, WithoutARadio) {
+  Expect({
       {{}, "", 2, "", "A subcommand is required. See \"quillmark --help\".\n"},
       {{"read", "powr"}, "", 2, "", "no setting \"powr\". The nearest are: pwr (Power Level), "},
       {{"set", "pwr=99"}, "", 2, "", "PWR 99: radios take 20 to 30 dBm. Nothing was sent."},
       {{"set", "own=a\rpass none"}, "", 2, "", "own: the value has control characters."},
       {{"program", bad}, "", 2, "", "\"--yes\" does it without a question.\n"},
-      {{"--port", "/dev/none", "read"}, "", 3, "", "There is no device /dev/none. Plug in the"},
-      {{"set", "pwr=25"}, "", 4, "", "Log in first with \"quillmark login\".\n"},
-      {{"login", "--secret-fd", "0"}, "abcx\n", 4, "", "The radio has refused the password."},
       {{"login", "--secret-fd", "0"}, "abcde\n", 2, "", "A password has 1 to 4 characters"},
-      {{"login", "--secret-fd", "0"}, "abcd\n", 0, "", ""},
-      {{"set", "Power Level=25"}, "", 0, "PWR 30 dBm  25    PWR 25 dBm     taken\n", ""},
-      {{"set", "pwr=99", "--force"}, "", 1, "refused  INVALID ENTRY\n", "PWR 99 refused"},
+      {{"read"}, "", 3, "", "There is no device "},
       {{"check", bad},
        "",
        5,
        "configuration, 2 settings\nline 1: PWR 45, radios take",
        "not sound"},
       {{"diff", text}, "", 5, "", "is no configuration of a radio"},
+      {{"preset", "2", "--yes"}, "", 5, "", "Preset 2 is empty.\n"},
+      {{"role", "master", "--addr", "99999"}, "", 2, "", "Nothing was sent."},
+      {{"role", "sub-remote", "--addr", "7", "--xmap", "3", "--yes"},
+       "",
+       2,
+       "",
+       "the map lacks it"},
+      {{"history", "../x"}, "", 5, "", "There are no copies of such a radio."},
+      {{"restore", "1@2026-02-30"}, "", 2, "", "A date is written as 2026-11-23"},
+  });
+}
+
+TEST_F(QuillmarkEnds, AtARadioWithAPassword) {
+  radio.Start({"--password", "abcd"});
+  Expect({
+      {{"set", "pwr=25"}, "", 4, "", "Log in first with \"quillmark login\".\n"},
+      {{"login", "--secret-fd", "0"}, "abcx\n", 4, "", "The radio has refused the password."},
+      {{"login", "--secret-fd", "0"}, "abcd\n", 0, "", ""},
+      {{"logout"}, "", 0, "", ""},
+      {{"code", "--secret-fd", "0"}, "17\n", 4, "", "The radio has refused the code."},
+  });
+}
+
+TEST_F(QuillmarkEnds, AtARadio) {
+  radio.Start();
+  Expect({
+      {{"read", "PWR", "hop time"}, "", 0, "Power Level  PWR 30 dBm\nHop Time     HOPTIME 7\n", ""},
       {{"diff", bad},
        "",
        1,
-       "Power Level  PWR 45  PWR 25 dBm\n",
+       "Power Level  PWR 45  PWR 30 dBm\n",
        "1 of 2 settings is different.\n"},
-      {{"program", bad, "--yes"}, "", 5, "", "its header is missing. \"--force\" sends it"},
-      {{"preset", "2", "--yes"}, "", 5, "", "Preset 2 is empty.\n"},
-      {{"logout"}, "", 0, "", ""},
-      {{"code", "--secret-fd", "0"}, "17\n", 4, "", "The radio has refused the code."},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.Arguments.join(' ').toStdString());
-    const Ended ended = Run(row.Arguments, row.Typed);
-    EXPECT_EQ(ended.Code, row.Code);
-    EXPECT_THAT(ended.Out, row.Out.empty() ? testing::Matcher<std::string>(IsEmpty())
-                                           : testing::Matcher<std::string>(HasSubstr(row.Out)));
-    EXPECT_THAT(ended.Err, HasSubstr(row.Err));
-    EXPECT_EQ(std::ranges::count(ended.Err, '\n'), row.Code == 0 ? 0 : 1) << ended.Err;
-    EXPECT_THAT(ended.Out + ended.Err, Not(HasSubstr("abc")));
-  }
-  // The user's preferences are theirs.
-  EXPECT_FALSE(std::filesystem::exists(IniPreferenceStore::UsualFile()));
+  });
+}
+
+TEST_F(QuillmarkEnds, OfAChange) {
+  radio.Start();
+  Expect({
+      {{"set", "Power Level=25"}, "", 0, "PWR 30 dBm  25    PWR 25 dBm     taken\n", ""},
+      {{"set", "pwr=99", "--force"}, "", 1, "refused  INVALID ENTRY\n", "PWR 99 refused"},
+  });
+}
+
+TEST_F(QuillmarkEnds, OfARole) {
+  radio.Start();
+  const Ended given =
+      Run({"role", "sub-remote", "--addr", "1234", "--xmap", "1,3", "--xpri", "3", "--yes"});
+  EXPECT_EQ(given.Code, 0) << given.Err;
+  EXPECT_THAT(radio.Lines(), HasSubstr(" s: XMAP 0000000A\n"));
+  EXPECT_THAT(radio.Lines(), HasSubstr(" s: XPRI 3\n"));
+}
+
+TEST_F(QuillmarkEnds, OfAWatch) {
+  radio.Start();
+  Expect({
+      {{"signal", "--csv", "--seconds", "2"}, "", 0, "time,dbm\n20", ""},
+      {{"quality", "--seconds", "1"}, "", 0, "Zone 8\n", ""},
+  });
 }
 
 // Firmware revision and mode, as in "3.2.0R".
@@ -177,31 +150,42 @@ TEST_F(Quillmark, JsonFitsItsSchema) {
   EXPECT_EQ(settings["pwr"].toObject(), power);
 }
 
-TEST_F(Quillmark, WhatWasProgrammedIsNoDifferenceAndASignalLeavesNothingBehind) {
+TEST_F(Quillmark, WhatWasSavedIsNoDifference) {
   radio.Start({"--mode", "M"});
   const QString file = home.filePath("saved.txt");
-  const Ended cut = Interrupt(SIGTERM, "hoptime", {"save", file});
-  EXPECT_EQ(cut.Code, 6) << cut.Err;
-  EXPECT_THAT(QDir(home.path()).entryList({"*saved*"}, QDir::Files | QDir::Hidden), IsEmpty());
-
   EXPECT_EQ(Run({"save", file}).Code, 0);
-  EXPECT_EQ(Run({"set", "hoptime=28", "own=B\xC3\xB6rg"}).Code, 0);
-  EXPECT_THAT(Run({"diff", file}).Out,
-              HasSubstr("Owner's Name  OWN Quillmark SS  OWN B\xC3\xB6rg\n"));
-  const Ended programmed = Run({"program", file, "--yes"});
-  EXPECT_EQ(programmed.Code, 0) << programmed.Err;
-  EXPECT_THAT(programmed.Err, HasSubstr("Hop Time: HOPTIME 28 becomes HOPTIME 7"));
   const Ended same = Run({"diff", file});
   EXPECT_EQ(same.Code, 0) << same.Out << same.Err;
   EXPECT_EQ(same.Out, "");
+}
 
-  // The next command finds the port free.
-  EXPECT_EQ(Interrupt(SIGINT, "mode", {"read"}).Code, 6);
-  const Ended half = Interrupt(SIGINT, "MODE M", {"program", file, "--yes"});
-  EXPECT_EQ(half.Code, 7);
+TEST_F(Quillmark, WhatWasProgrammedIsNoDifference) {
+  radio.Start();
+  const QString file = home.filePath("three.txt");
+  std::ofstream(file.toStdString()) << "MODE M\nHOPTIME 28\nOWN B\xF6rg\n";
+  const Ended programmed = Run({"program", file, "--yes", "--force"});
+  EXPECT_EQ(programmed.Code, 0) << programmed.Err;
+  EXPECT_THAT(programmed.Err, HasSubstr("Hop Time: HOPTIME 7 becomes HOPTIME 28\n"));
+  EXPECT_THAT(Run({"diff", file}).Out, IsEmpty());
+}
+
+TEST_F(Quillmark, ASaveThatIsEndedLeavesNoFile) {
+  radio.Start({"--mode", "M"});
+  const Ended cut = Interrupt(SIGTERM, "hoptime", {"save", home.filePath("saved.txt")});
+  EXPECT_EQ(cut.Code, 6) << cut.Err;
+  EXPECT_THAT(QDir(home.path()).entryList({"*saved*"}, QDir::Files | QDir::Hidden), IsEmpty());
+}
+
+TEST_F(Quillmark, ARunThatIsCutTellsWhereTheCopyIs) {
+  radio.Start();
+  const QString file = home.filePath("one.txt");
+  std::ofstream(file.toStdString()) << "HOPTIME 28\n";
+  const Ended half = Interrupt(SIGINT, "PWR 30", {"program", file, "--yes", "--force"});
+  EXPECT_EQ(half.Code, 7) << half.Err;
   EXPECT_THAT(half.Err,
               HasSubstr("The radio may hold only a part. What it held before is kept in"));
-  EXPECT_EQ(Run({"read", "pwr"}).Code, 0);
+  // The next command finds the port free.
+  EXPECT_EQ(Run({"logout"}).Code, 0);
 }
 
 // A person at a terminal, in a session of their own.
