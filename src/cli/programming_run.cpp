@@ -78,6 +78,25 @@ void TellCopy(Workbench& bench) {
   std::fprintf(stderr, "What the radio held before is kept in %s.\n", copy.c_str());
 }
 
+// Clicks the button and reads the radio behind the run.
+std::vector<JudgedSetting> Overwritten(Workbench& bench, Clickable& entry) {
+  CliConsole& radio = bench.Radio();
+  radio.Click(entry);
+  radio.CheckBoxes();
+  if (!radio.Overwriting()) {
+    throw Failure{Exit::Interrupted, "Not wanted: nothing was sent.", " "};
+  }
+  radio.Read();
+  return JudgeLastSent(radio.Main());
+}
+
+Exit Told(Workbench& bench, const std::vector<JudgedSetting>& judged) {
+  const Exit code = TellOutcome(bench, judged);
+  bench.Radio().EndOverwriting();
+  TellCopy(bench);
+  return code;
+}
+
 }  // namespace
 
 void AddRunOptions(CLI::App& command, RunOptions& options) {
@@ -105,29 +124,6 @@ void ExpectQuestion(Workbench& bench, const RunOptions& options, const std::stri
     return Answer::Yes;
   });
 }
-
-namespace {
-
-// Clicks the button and reads the radio behind the run.
-std::vector<JudgedSetting> Overwritten(Workbench& bench, Clickable& entry) {
-  CliConsole& radio = bench.Radio();
-  radio.Click(entry);
-  radio.CheckBoxes();
-  if (!radio.Overwriting()) {
-    throw Failure{Exit::Interrupted, "Not wanted: nothing was sent.", " "};
-  }
-  radio.Read();
-  return JudgeLastSent(radio.Main());
-}
-
-Exit Told(Workbench& bench, const std::vector<JudgedSetting>& judged) {
-  const Exit code = TellOutcome(bench, judged);
-  bench.Radio().EndOverwriting();
-  TellCopy(bench);
-  return code;
-}
-
-}  // namespace
 
 Exit RunOverwriting(Workbench& bench, Clickable& entry) {
   return Told(bench, Overwritten(bench, entry));
