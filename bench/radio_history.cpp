@@ -94,7 +94,7 @@ std::vector<Figure> MeasureRadioHistory(Surroundings& surroundings) {
   }
   const Moment typed = Now();
   window->txtSearch.UserEdit("nowhere");
-  if (!desk.RunUntil(longestSearch, [&] { return window->tmrRead.Enabled() == false; })) {
+  if (!desk.RunUntil(longestSearch, [&] { return !window->tmrRead.Enabled(); })) {
     throw std::runtime_error("the search does not end");
   }
   const Moment found = Now();

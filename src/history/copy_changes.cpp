@@ -41,7 +41,7 @@ std::string ContentOf(const fs::path& file) {
 // A link is the user's way to a file that lies elsewhere.
 fs::path TargetOf(const fs::path& path) {
   std::error_code error;
-  const fs::path target = fs::weakly_canonical(path, error);
+  fs::path target = fs::weakly_canonical(path, error);
   if (error) return path;
   const fs::file_status status = fs::status(target, error);
   if (fs::exists(status) && !fs::is_regular_file(status)) Refuse(path, "it is no plain file");

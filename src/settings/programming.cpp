@@ -170,6 +170,7 @@ void SettingProgrammer::SendAll(const std::vector<Change>& changes) {
   main.Sent.Forget();
   const SentSettings::Listening listening(main.Sent);
   std::vector<std::string> lines;
+  lines.reserve(changes.size());
   for (const Change& change : changes) lines.push_back(change.Command);
   main.Sent.Plan(lines);
   for (const Change& change : changes) {

@@ -72,7 +72,8 @@ void JudgeSecrets(World& world, Findings& findings) {
 void JudgeCopies(const World& world, Findings& findings) {
   for (const auto& [path, text] : world.Copies()) {
     if (ReadCopy(path).State == CopyState::Sound) continue;
-    findings.push_back("this is no sound copy: " + path + ": " + text);
+    findings.push_back("this is no sound copy: " + path);
+    findings.back().append(": ").append(text);
   }
 }
 

@@ -162,8 +162,9 @@ TEST_F(SavingTest, AnInterruptedSaveCountsWhatThisRadioHas) {
       ExpectBox("Radio Communications Error");
       Faults().SilentFrom = Faults().SilentUntil = Radio().CommandCount() + questions;
       Save();
-      const std::string last = std::to_string(std::stoi(whole) - 1);
-      EXPECT_THAT(Text("FileDone"), HasSubstr(" holds " + last + " of " + whole + " settings"));
+      std::string left = " holds " + std::to_string(std::stoi(whole) - 1);
+      left.append(" of ").append(whole).append(" settings");
+      EXPECT_THAT(Text("FileDone"), HasSubstr(left));
       for (const char* name : {"whole.txt", "saved.txt"}) std::filesystem::remove(InScratch(name));
       Restart();
     }

@@ -36,6 +36,7 @@ class Batch : public Program {
     return std::regex_replace(Text("report.csv"), own, "$1");
   }
   void Begin(const QStringList& options = {}) {
+    told.clear();
     batch.start(
         QCoreApplication::applicationDirPath() + "/quillmark",
         QStringList{"--port", radio.link, "batch", home.filePath("all.txt"), "--csv",
@@ -69,7 +70,12 @@ class Batch : public Program {
     told += batch.readAllStandardError().toStdString();
     return batch.exitStatus() == QProcess::NormalExit ? batch.exitCode() : -1;
   }
-  void Interrupt() const { kill(static_cast<pid_t>(batch.processId()), SIGINT); }
+  // One that has ended already has no number: 0 would be this program and its neighbours.
+  void Interrupt() const {
+    const auto number = static_cast<pid_t>(batch.processId());
+    ASSERT_GT(number, 0) << told;
+    kill(number, SIGINT);
+  }
 
   QProcess batch;
   std::string told;

@@ -139,7 +139,7 @@ TEST_F(Quillmark, JsonFitsItsSchema) {
   EXPECT_EQ(json["revision"].toString(), "3.2.0");
   const auto inSettings = schema["properties"].toObject()["settings"].toObject();
   const QJsonObject settings = json["settings"].toObject();
-  for (const QJsonValue& setting : settings) {
+  for (const auto& setting : settings) {
     ExpectFits(setting.toObject(), inSettings["additionalProperties"].toObject());
   }
   const QJsonObject power{{"caption", "Power Level"},

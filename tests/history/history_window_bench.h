@@ -53,6 +53,7 @@ class HistoryWindowBench : public ConfigBench {
   }
   void Choose(const std::vector<std::filesystem::path>& files) {
     std::vector<std::size_t> numbers;
+    numbers.reserve(files.size());
     for (const std::filesystem::path& file : files) numbers.push_back(RowOf(file));
     EXPECT_TRUE(Copies().UserSelect(numbers));
   }

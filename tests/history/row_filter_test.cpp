@@ -48,7 +48,7 @@ TEST_F(RowFilterTest, TheTwoFiltersShowWhatHasChangedAndTheNoticeEndsThem) {
   // The read has kept a copy of what the rows show now: the one before counts.
   ASSERT_TRUE(Click("mnuFilterCopy"));
   EXPECT_EQ(View(),
-            "own pwr dlink | Only settings changed since the copy of 2026-01-01 08:00:08 are shown "
+            "own pwr dlink | Only settings changed since the copy of 2026-01-01 08:00:06 are shown "
             "(3). Click "
             "here to show all.| copy");
   // What is left out is still read, can be restored to the view, and has kept its rules.

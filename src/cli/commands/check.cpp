@@ -35,7 +35,7 @@ std::optional<Findings> CheckFirmware(CliMachine& machine, const std::filesystem
   const FirmwareHeader header = ReadFirmwareHeader(file.Read(FirmwareHeaderLength));
   if (!header.IsHeaderRecord) return std::nullopt;
   Findings found{.Kind = "firmware", .Sound = "revision " + header.Version};
-  if (!header.IsForThisRadio) found.Wrong.push_back("it is not for these radios");
+  if (!header.IsForThisRadio) found.Wrong.emplace_back("it is not for these radios");
   file.Rewind();
   FirmwareFindings records;
   machine.Base.Events.Deliver([&] { records = LookThrough(file, machine.Base.Events); });

@@ -50,6 +50,7 @@ Change ChangeOf(const std::string& assignment) {
 void CheckBounds(const std::vector<Change>& changes, const Revision& revision,
                  const std::string& mode) {
   std::vector<std::string> lines;
+  lines.reserve(changes.size());
   for (const Change& change : changes) lines.push_back(change.Command);
   for (const JudgedLine& line : JudgeLines(lines, revision, mode)) {
     throw Failure{Exit::Usage, line.What.Sentence() + ". Nothing was sent.",

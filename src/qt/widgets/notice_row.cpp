@@ -8,7 +8,7 @@
 namespace quillmark {
 
 void NoticeRow::setGeometry(const QRect& room) {
-  QLayout::setGeometry(room);
+  QBoxLayout::setGeometry(room);
   QList<QLayoutItem*> shown;
   int spare = room.width() + spacing();
   for (int i = 0; i < count(); ++i) {
