@@ -37,6 +37,7 @@ frmHistory::frmHistory(Platform& machine, const Session& shared, const RadioHist
       tbr_Compare(*this, this, "tbr_Compare", "Compare"),
       tbr_CompareRadio(*this, this, "tbr_CompareRadio", "Compare With Radio"),
       tbr_Restore(*this, this, "tbr_Restore", "Store/Restore..."),
+      tbr_Open(*this, this, "tbr_Open", "Open..."),
       tbr_Pin(*this, this, "tbr_Pin", "Pin"),
       tbr_Name(*this, this, "tbr_Name", "Name..."),
       tbr_Export(*this, this, "tbr_Export", "Export..."),
@@ -87,6 +88,7 @@ void frmHistory::WireActs() {
   tbr_CompareRadio.ToolTip =
       "Compares the copy with what the radio held at its last read (Ctrl+Shift+D)";
   tbr_Restore.ToolTip = "Opens the copy in the store and restore window (Ctrl+O)";
+  tbr_Open.ToolTip = "Opens the copy as a configuration file, without a radio (Ctrl+Shift+O)";
   tbr_Pin.ToolTip = "A pinned copy is never removed to make room (Ctrl+P)";
   tbr_Name.ToolTip = "Gives the copy a name (F2)";
   tbr_Export.ToolTip = "Writes the copy to a file of your choice (Ctrl+S)";
@@ -96,6 +98,9 @@ void frmHistory::WireActs() {
   tbr_CompareRadio.OnClick = [this] { CompareWithRadio(); };
   tbr_Restore.OnClick = [this] {
     if (Restore) Restore(Selected().front().File);
+  };
+  tbr_Open.OnClick = [this] {
+    if (OpenFile) OpenFile(Selected().front().File);
   };
   tbr_Pin.OnClick = [this] { Change([this](const auto& rows) { acts.Pin(rows); }); };
   tbr_Name.OnClick = [this] { Change([this](const auto& rows) { acts.AskName(rows.front()); }); };
@@ -229,6 +234,7 @@ void frmHistory::ShowActs() {
   tbr_Compare.Enabled = compare && (rows.size() == 2 || (one && Before(rows.front()) != nullptr));
   tbr_CompareRadio.Enabled = compare && one;
   tbr_Restore.Enabled = compare && one;
+  tbr_Open.Enabled = compare && one;
   tbr_Pin.Enabled = sound;
   tbr_Pin.Text = pinned ? "Unpin" : "Pin";
   tbr_Name.Enabled = sound && one;

@@ -32,8 +32,8 @@ class frmHistory : public Form {
 
   Label lblSearch;
   TextBox txtSearch;
-  ToolButton tbr_Compare, tbr_CompareRadio, tbr_Restore, tbr_Pin, tbr_Name, tbr_Export, tbr_Delete,
-      tbr_Refresh;
+  ToolButton tbr_Compare, tbr_CompareRadio, tbr_Restore, tbr_Open, tbr_Pin, tbr_Name, tbr_Export,
+      tbr_Delete, tbr_Refresh;
   Table tblRadios, tblCopies;
   Label lblEmpty, lblState;
   Button cmdClose;
@@ -41,6 +41,8 @@ class frmHistory : public Form {
 
   // Opens a copy of that radio in the store and restore window. Set by whoever makes this one.
   std::function<void(const std::filesystem::path&)> Restore;
+  // Opens a copy as a configuration file, which needs no radio. Set likewise.
+  std::function<void(const std::filesystem::path&)> OpenFile;
   // Looks at the files again. What is chosen stays chosen.
   void Refresh();
   // The same at the next tick, for callers who have no time.

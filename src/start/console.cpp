@@ -41,7 +41,7 @@ Console::Console(Platform& machine, std::span<const Setting> settings)
       restore(machine, session, *main, connection, mainTimer, radio),
       history(machine, session, *main, readCycle, radio),
       undoRun(machine, *main, history, restore),
-      historyMenu(machine, session, *main, history, undoRun),
+      historyMenu(machine, session, *main, history, undoRun, configFiles),
       rowFilter(*main, history.Store, machine.Desktop),
       finder(*main),
       diagnostics(machine, *main, radio),

@@ -3,8 +3,13 @@
 namespace quillmark {
 
 HistoryMenu::HistoryMenu(Platform& machine, const Session& shared, frmOrvalent& mainWindow,
-                         RadioHistory& copies, UndoRun& opener)
-    : platform(machine), session(shared), main(mainWindow), history(copies), undoRun(opener) {}
+                         RadioHistory& copies, UndoRun& opener, ConfigFileMenu& editor)
+    : platform(machine),
+      session(shared),
+      main(mainWindow),
+      history(copies),
+      undoRun(opener),
+      configFiles(editor) {}
 
 HistoryMenu::~HistoryMenu() {
   history.OnKept = nullptr;
@@ -23,6 +28,7 @@ void HistoryMenu::mnuHistory_Click() {
   if (!shown || !shown->Loaded()) {
     shown = std::make_shared<frmHistory>(platform, session, history);
     shown->Restore = [this](const std::filesystem::path& copy) { undoRun.Open(copy); };
+    shown->OpenFile = [this](const std::filesystem::path& copy) { configFiles.Open(copy); };
   }
   window = shown;
   platform.Windows.Show(shown);

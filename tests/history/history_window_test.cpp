@@ -136,6 +136,25 @@ TEST_F(HistoryWindowTest, PinNameExportAndDeleteTouchTheirOwnFileAlone) {
   EXPECT_EQ(Rows(Copies()), "2025-06-15 16:06:40|read||||\n");
 }
 
+TEST_F(HistoryWindowTest, ACopyIsEditedWithoutARadioAndStaysAsItWas) {
+  const fs::path copy = Keep("7", {"MODE R", "PWR 30"});
+  Open();
+  const auto before = Tree();
+  ExpectWindow("frmConfigFile").Do([&] {
+    EXPECT_FALSE(Enabled("frmConfigFile.tbr_Save"));
+    EXPECT_TRUE(Edit("frmConfigFile.PowerLevel", "25"));
+    ExpectSaveFile("Save Configuration As").Choose(copy);
+    ExpectBox("Configuration File").Containing("Please choose another folder.");
+    EXPECT_TRUE(Click("frmConfigFile.tbr_Save"));
+    ExpectSaveFile("Save Configuration As").Choose(InScratch("mine.txt"));
+    EXPECT_TRUE(Click("frmConfigFile.tbr_Save"));
+    EXPECT_TRUE(Click("frmConfigFile.CloseButton"));
+  });
+  ASSERT_TRUE(Click("frmHistory.tbr_Open"));
+  EXPECT_EQ(Tree(), before);
+  EXPECT_THAT(FileText(InScratch("mine.txt")), HasSubstr("\r\nMODE R\r\nPWR 25\r\n"));
+}
+
 TEST_F(HistoryWindowTest, ComparesCopiesAndTheRadioAndOpensOneForRestoring) {
   StartConnected({.Mode = 'M'});
   Open();

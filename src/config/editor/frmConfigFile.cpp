@@ -1,5 +1,6 @@
 #include "config/editor/frmConfigFile.h"
 
+#include <algorithm>
 #include <system_error>
 
 #include "config/config_lines.h"
@@ -70,7 +71,7 @@ frmConfigFile::frmConfigFile(Platform& machine)
 void frmConfigFile::Wire() {
   tbr_Open.OnClick = [this] { tbr_Open_Click(); };
   tbr_Save.OnClick = [this] { Save(); };
-  tbr_SaveAs.OnClick = [this] { tbr_SaveAs_Click(); };
+  tbr_SaveAs.OnClick = [this] { SaveAs(); };
   tbr_SavePreset.OnClick = [this] { tbr_SavePreset_Click(); };
   tbr_Compare.OnClick = [this] { tbr_Compare_Click(); };
   CloseButton.OnClick = [this] { Form_Close(); };
@@ -95,9 +96,9 @@ bool frmConfigFile::Open(const fs::path& file) {
   return true;
 }
 
-// Presets have entries of their own.
+// Presets have entries of their own, copies a window.
 void frmConfigFile::Note() {
-  if (path.parent_path() == PresetFolder(platform.Files)) return;
+  if (path.parent_path() == PresetFolder(platform.Files) || IsKeptCopy(path)) return;
   NoteConfiguration(platform.Preferences, path);
 }
 
@@ -156,7 +157,16 @@ void frmConfigFile::tbr_Open_Click() {
   if (file) Open(*file);
 }
 
-bool frmConfigFile::Save() { return ConfirmOverwrite() && SaveTo(path); }
+bool frmConfigFile::Save() {
+  return IsKeptCopy(path) ? SaveAs() : ConfirmOverwrite() && SaveTo(path);
+}
+
+bool frmConfigFile::IsKeptCopy(const fs::path& file) const {
+  std::error_code ignored;
+  const fs::path kept = fs::weakly_canonical(platform.Files.Data() / "radios", ignored);
+  const fs::path whole = fs::weakly_canonical(file, ignored);
+  return !kept.empty() && std::ranges::mismatch(kept, whole).in1 == kept.end();
+}
 
 // Another program may have written it meanwhile, or the one that programs presets.
 bool frmConfigFile::ConfirmOverwrite() {
@@ -191,20 +201,30 @@ bool frmConfigFile::SaveTo(const fs::path& file) {
   return true;
 }
 
-void frmConfigFile::tbr_SaveAs_Click() {
+bool frmConfigFile::SaveAs() {
   const auto file = ChooseToSave(
       platform, FileKind::Configuration,
       {.Title = "Save Configuration As", .Filter = filter, .Name = PathText(path.filename())});
-  if (!file) return;
-  if (FileExists(*file)) {
-    const Answer answer = platform.Dialogs.Message({.Text = Quoted(*file) + " exists. Replace it ?",
-                                                    .Title = title,
-                                                    .Symbol = Icon::Exclamation,
-                                                    .Choice = Buttons::YesNo,
-                                                    .Irreversible = true});
-    if (answer != Answer::Yes) return;
+  if (!file || !MaySaveAs(*file) || !SaveTo(*file)) return false;
+  Note();
+  return true;
+}
+
+bool frmConfigFile::MaySaveAs(const fs::path& file) {
+  if (IsKeptCopy(file)) {
+    platform.Dialogs.Message(
+        {"The folders of the radio history hold copies as they were kept.\r\r"
+         "Please choose another folder.",
+         title, Icon::Exclamation});
+    return false;
   }
-  if (SaveTo(*file)) Note();
+  if (!FileExists(file)) return true;
+  const Answer answer = platform.Dialogs.Message({.Text = Quoted(file) + " exists. Replace it ?",
+                                                  .Title = title,
+                                                  .Symbol = Icon::Question,
+                                                  .Choice = Buttons::YesNo,
+                                                  .Irreversible = true});
+  return answer == Answer::Yes;
 }
 
 void frmConfigFile::tbr_SavePreset_Click() {

@@ -43,10 +43,14 @@ class frmConfigFile : public Form, public ConfigRows {
   void Wire();
   void Edit(const ConfigRow& row);
   void ShowState();
+  // A copy of the radio history stays as it was kept.
+  bool IsKeptCopy(const std::filesystem::path& file) const;
   // Among the configurations that were used last.
   void Note();
   void tbr_Open_Click();
-  void tbr_SaveAs_Click();
+  // False when it was not saved.
+  bool SaveAs();
+  bool MaySaveAs(const std::filesystem::path& file);
   void tbr_SavePreset_Click();
   void tbr_Compare_Click();
   // Saves or drops the changes as the user wants it. False when they go back on it.
