@@ -55,7 +55,7 @@ std::vector<Figure> MeasureTestSuite(Surroundings& surroundings) {
       throw std::runtime_error(std::string(program) + " is not built; ./dev test builds it");
     }
   }
-  const Ran whole = Run("ctest", {"--test-dir", folder, "-j6", "--no-tests=error"});
+  const Ran whole = Run("ctest", {"--test-dir", folder, "-j8", "--no-tests=error"});
   double alone = 0;
   for (const char* program : programs) alone += Run(folder / program, {"--gtest_brief=1"}).Time;
   return {{.Name = "the whole test suite",
