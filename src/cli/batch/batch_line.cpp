@@ -9,6 +9,7 @@ namespace quillmark {
 
 std::vector<std::string> FieldsOf(const BatchLine& line) {
   std::vector<std::string> fields;
+  fields.reserve(BatchColumns.size());
   for (const BatchColumn& column : BatchColumns) fields.push_back(line.*column.Field);
   return fields;
 }

@@ -25,6 +25,7 @@ std::filesystem::path WithEnding(std::filesystem::path named, const char* ending
 
 std::string Heading() {
   std::vector<std::string> names;
+  names.reserve(BatchColumns.size());
   for (const BatchColumn& column : BatchColumns) names.emplace_back(column.Name);
   return CsvLine(names);
 }

@@ -81,6 +81,7 @@ void BatchRun::BeWorker(const std::string& port, int socket) const {
   if (!batch.Table.empty()) words.insert(words.end(), {"--csv", batch.Table.string()});
   if (batch.Force) words.emplace_back("--force");
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   execv("/proc/self/exe", arguments.data());

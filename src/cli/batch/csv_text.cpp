@@ -21,11 +21,9 @@ class CsvCutter {
       return;
     }
     quoteJustEnded = false;
-    if (quoted) {
-      field += c;
-    } else if (c == separator) {
+    if (!quoted && c == separator) {
       EndField();
-    } else if (c == '\n' || c == '\r') {
+    } else if (!quoted && (c == '\n' || c == '\r')) {
       EndRow();
     } else {
       field += c;

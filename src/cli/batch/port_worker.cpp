@@ -96,7 +96,7 @@ class PortWorker {
   }
 
  private:
-  void Send(std::vector<std::string> fields) const {
+  void Send(const std::vector<std::string>& fields) const {
     const std::string line = CsvLine(fields) + "\n";
     for (std::size_t at = 0; at < line.size();) {
       const ssize_t count = send(batch.Worker, line.data() + at, line.size() - at, MSG_NOSIGNAL);
@@ -173,7 +173,7 @@ void PortWorker::ServeRadio() {
 std::string PortWorker::SerialOf(CliConsole& radio) const {
   const Setting& setting = SettingOf(SettingId::SerialNumber);
   // With its zeros in front.
-  const std::string serial = FolderName(radio.Ask(setting).value_or(""));
+  std::string serial = FolderName(radio.Ask(setting).value_or(""));
   if (!serial.empty()) return serial;
   throw Failure{Exit::NoRadio, "The radio does not tell its serial number."};
 }

@@ -99,7 +99,8 @@ WatchForm ZoneForm(const std::vector<std::string>& names, std::size_t width) {
   for (std::size_t zone = 1; zone <= ZoneCount; ++zone) {
     const std::string number = std::to_string(zone);
     form.Headings.push_back("Zone " + number);
-    for (const std::string& name : names) form.Names.push_back("zone" + number + "_" + name);
+    const std::string head = "zone" + number + "_";
+    for (const std::string& name : names) form.Names.push_back(head + name);
   }
   return form;
 }

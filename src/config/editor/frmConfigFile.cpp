@@ -126,7 +126,7 @@ void frmConfigFile::Form_Drop(const fs::path& file) {
 
 fs::path frmConfigFile::KeepUnsaved() const {
   if (!config.Changed()) return {};
-  const fs::path kept = FreeName(platform.Files.Data() / "Unsaved", path.filename());
+  fs::path kept = FreeName(platform.Files.Data() / "Unsaved", path.filename());
   try {
     std::error_code ignored;
     fs::create_directories(kept.parent_path(), ignored);

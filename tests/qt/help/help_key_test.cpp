@@ -47,7 +47,7 @@ struct HelpKeys : testing::Test {
   }
   // Without what its timers would do.
   std::shared_ptr<Form> ShowStill(const std::string& name) {
-    const auto form = forms.Make(name);
+    auto form = forms.Make(name);
     for (Control* control : form->Controls()) {
       if (auto* timer = dynamic_cast<Timer*>(control)) timer->Enabled = false;
     }
