@@ -79,7 +79,7 @@ std::string PortIn(const std::string& json) {
 }
 
 void WriteFile(const std::filesystem::path& file) {
-  std::ofstream(file) << "# With Firmware Version: 3.2.0\nPWR 25\nHOPTIME 7\nOWN ${serial}\n";
+  std::ofstream(file) << "# With Firmware Version: 3.2.0\nPWR 25\nOWN ${serial}\n";
 }
 
 Taken RunBatch(const Surroundings& surroundings, int ports, int radiosEach) {
